@@ -1,0 +1,131 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillon {
+
+/// What a commit did to a file. The views hold during the call only.
+struct FileCommit {
+    std::string path;                   ///< as the writer was given it
+    std::optional<std::string> before;  ///< the bytes replaced; none if there was no file
+    std::string_view after;
+};
+
+/// Told of every file that the library rewrites, after it has been replaced. On the thread of the writer.
+class CommitObserver {
+public:
+    virtual ~CommitObserver() = default;
+    virtual void OnCommitted(const FileCommit& commit) = 0;
+};
+
+struct FileStamp {
+    std::uint64_t size = 0;
+    std::int64_t modifiedNs = 0;  ///< of the file system's clock, since its epoch
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+
+enum class FOLDER_RESULT { CREATED, THERE, FAILED };
+
+/// The one place where a library path becomes a native one.
+///
+/// Library paths are Windows-1252 text, either with a drive letter (`C:\Job\a.csv`, both `\` and `/` separate) or a
+/// path of this system (`/srv/jobs/a.csv`). `C:`, `D:` and `E:` are the folders c, d and e below the drives folder; c
+/// always exists, the others exist if their folder does. A path without a drive and without a leading separator is
+/// taken from the current folder, as every program of this system takes it.
+class FileSystem {
+public:
+    /// `commandLine` names the program; the settings folder is called after it.
+    explicit FileSystem(std::filesystem::path drives, std::string commandLine = "Quillon");
+    FileSystem(const FileSystem&) = delete;
+    FileSystem& operator=(const FileSystem&) = delete;
+
+    std::filesystem::path Native(std::string_view path) const;
+    /// A drive path where the native one lies below the drives folder, else the native path as text.
+    std::string LibraryPath(const std::filesystem::path& native) const;
+
+    const std::filesystem::path& Drives() const { return drives; }
+    const std::string& CommandLine() const { return commandLine; }
+
+    bool Exists(std::string_view path) const;
+    bool DriveIsFixed(char letter) const;
+    FOLDER_RESULT CreateFolder(std::string_view path) const;
+    std::optional<FileStamp> Stamp(std::string_view path) const;
+
+    void SetCommitObserver(CommitObserver* observer) { commitObserver = observer; }
+    CommitObserver* Observer() const { return commitObserver; }
+
+private:
+    std::filesystem::path drives;
+    std::string commandLine;
+    CommitObserver* commitObserver = nullptr;
+};
+
+enum class FILE_MODE {
+    TEXT,   ///< lines end in carriage return and line feed when written; read, either form ends one
+    BINARY  ///< bytes as they are; a carriage return before the line feed stays in the line
+};
+
+/// A file, read in large blocks a line at a time, or written whole.
+///
+/// Writing replaces a file in one step: the bytes go to a new file beside it, which `Commit` flushes to the disk and
+/// renames over the old one. Whatever happens before the rename (a kill, a full disk, an object dropped without
+/// `Commit`), the old file stands. While one writer has a file open, every other one is refused, in this process or
+/// another.
+///
+/// Reading takes no lock: a reader sees the old file or the new one, whole. No operation raises; a failure is a false
+/// result.
+class CStdioFile {
+public:
+    explicit CStdioFile(FileSystem& files);
+    virtual ~CStdioFile();
+    CStdioFile(const CStdioFile&) = delete;
+    CStdioFile& operator=(const CStdioFile&) = delete;
+
+    /// False if it can't be opened or isn't a regular file.
+    bool OpenForReading(std::string_view path, FILE_MODE mode = FILE_MODE::TEXT);
+    /// Reads `bytes` in place of a file; they must outlive the reading.
+    void OpenBytes(std::string_view bytes, FILE_MODE mode = FILE_MODE::TEXT);
+    /// False if the folder is missing or can't be written, the file is write-protected, or another writer has it open.
+    bool OpenForWriting(std::string_view path, FILE_MODE mode = FILE_MODE::TEXT);
+
+    bool IsReading() const { return reader != nullptr; }
+    bool IsWriting() const { return writer != nullptr; }
+
+    /// The next line without its line feed; false at the end. The view holds until the next read. Of a line longer than
+    /// kLongestLine bytes the rest is passed over, so that memory stays bounded for any input.
+    bool ReadString(std::string_view& line);
+    static constexpr std::size_t kLongestLine = std::size_t{1} << 20;
+
+    /// Up to `size` bytes; the count read.
+    std::size_t Read(void* bytes, std::size_t size);
+    /// Everything from here to the end, at most `limit` bytes; false if there is more or reading fails.
+    bool ReadAll(std::string& bytes, std::size_t limit);
+    /// Bytes in the file when it was opened.
+    std::uint64_t GetLength() const;
+    /// Bytes taken by the lines so far.
+    std::uint64_t GetPosition() const;
+
+    void WriteString(std::string_view text);
+
+    /// Replaces the file with what was written and closes. False leaves the old file as it was.
+    bool Commit();
+    /// Ends reading; drops what was written without a commit.
+    void Close();
+
+protected:
+    FileSystem& files;
+
+private:
+    class Reader;
+    class Writer;
+    std::unique_ptr<Reader> reader;
+    std::unique_ptr<Writer> writer;
+};
+
+}  // namespace quillon
