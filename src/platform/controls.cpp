@@ -1,0 +1,125 @@
+#include "platform/controls.h"
+
+#include <utility>
+
+#include "platform/errors.h"
+
+namespace quillon {
+
+CControl::CControl(CWnd& controlOwner, UINT controlId) : owner(controlOwner), id(controlId) {}
+
+CControl::~CControl() {
+    if (observer) observer->OnControlGone(*this);
+}
+
+void CControl::MoveWindow(const tagRECT& place) {
+    if (rect == place) return;
+    rect = place;
+    Changed(CONTROL_CHANGE::LAYOUT);
+}
+
+void CControl::ShowWindow(bool show) {
+    if (visible == show) return;
+    visible = show;
+    Changed(CONTROL_CHANGE::LAYOUT);
+}
+
+void CControl::EnableWindow(bool enable) {
+    if (enabled == enable) return;
+    enabled = enable;
+    Changed(CONTROL_CHANGE::LAYOUT);
+}
+
+void CControl::Changed(CONTROL_CHANGE change) {
+    if (observer) observer->OnControlChanged(*this, change);
+}
+
+void CButton::SetWindowText(std::string_view text) {
+    caption = text;
+    Changed(CONTROL_CHANGE::CONTENT);
+}
+
+void CComboBox::ResetContent() {
+    items.clear();
+    selection = -1;
+    Changed(CONTROL_CHANGE::CONTENT);
+}
+
+int CComboBox::AddString(std::string_view text) {
+    items.emplace_back(text);
+    Changed(CONTROL_CHANGE::CONTENT);
+    return GetCount() - 1;
+}
+
+const std::string& CComboBox::GetLBText(int index) const {
+    if (index < 0 || index >= GetCount()) throw InvalidArgument("combo box index out of range");
+    return items[static_cast<std::size_t>(index)];
+}
+
+void CComboBox::SetCurSel(int index) {
+    selection = index >= 0 && index < GetCount() ? index : -1;
+    Changed(CONTROL_CHANGE::SELECTION);
+}
+
+void CListCtrl::DeleteAllItems() {
+    SetRows({});
+}
+
+void CListCtrl::DeleteAllColumns() {
+    columns.clear();
+    Changed(CONTROL_CHANGE::CONTENT);
+}
+
+void CListCtrl::InsertColumn(std::string_view header) {
+    columns.push_back({std::string(header), 0});
+    Changed(CONTROL_CHANGE::CONTENT);
+}
+
+const CListCtrl::Column& CListCtrl::GetColumn(int column) const {
+    if (column < 0 || column >= GetColumnCount()) throw InvalidArgument("table column out of range");
+    return columns[static_cast<std::size_t>(column)];
+}
+
+void CListCtrl::SetColumnWidth(int column, int width) {
+    GetColumn(column);
+    columns[static_cast<std::size_t>(column)].width = width;
+    Changed(CONTROL_CHANGE::LAYOUT);
+}
+
+void CListCtrl::SetRows(TableRows newRows) {
+    rows = std::move(newRows);
+    selection = -1;
+    Changed(CONTROL_CHANGE::CONTENT);
+}
+
+std::string CListCtrl::GetItemText(int row, int column) const {
+    GetColumn(column);
+    if (row < 0 || row >= rows.count) throw InvalidArgument("table row out of range");
+    return rows.cell(row, column);
+}
+
+std::vector<std::string> CListCtrl::GetWidestTexts(int column) const {
+    if (rows.count == 0 || !rows.widest) return {};
+    return rows.widest(column);
+}
+
+void CListCtrl::SetSelection(int row) {
+    selection = row >= 0 && row < rows.count ? row : -1;
+    Changed(CONTROL_CHANGE::SELECTION);
+}
+
+void CListCtrl::SetColours(COLORREF newBackground, COLORREF newText) {
+    background = newBackground;
+    text = newText;
+    Changed(CONTROL_CHANGE::COLOURS);
+}
+
+void CListCtrl::SetHeaderColours(COLORREF newBackground, COLORREF newText) {
+    headerBackground = newBackground;
+    headerText = newText;
+    Changed(CONTROL_CHANGE::COLOURS);
+}
+
+void CListCtrl::OnItemClick(int) {}
+
+}  // namespace quillon

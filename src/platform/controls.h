@@ -1,0 +1,149 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/geometry.h"
+#include "platform/palette.h"
+#include "platform/window.h"
+
+namespace quillon {
+
+class CControl;
+
+enum class CONTROL_CHANGE {
+    LAYOUT,     ///< rectangle, shown, enabled
+    CONTENT,    ///< items, rows, columns, captions
+    VALUE,      ///< the value or look of one property row
+    SELECTION,  ///< what is selected
+    COLOURS
+};
+
+/// What shows a control: a binding of the host's toolkit, or a test. It must outlive its observing or stop it.
+class ControlObserver {
+public:
+    virtual ~ControlObserver() = default;
+    virtual void OnControlChanged(CControl& control, CONTROL_CHANGE change) = 0;
+    /// The control is about to go; the observer must forget it.
+    virtual void OnControlGone(CControl& control) = 0;
+};
+
+/// The state of a control. It draws nothing; one observer is told when it changes. Its owner is a window and outlives
+/// it.
+class CControl {
+public:
+    CControl(CWnd& owner, UINT id);
+    virtual ~CControl();
+    CControl(const CControl&) = delete;
+    CControl& operator=(const CControl&) = delete;
+
+    CWnd& GetOwner() const { return owner; }
+    UINT GetDlgCtrlID() const { return id; }
+
+    const tagRECT& GetRect() const { return rect; }
+    void MoveWindow(const tagRECT& place);
+    bool IsWindowVisible() const { return visible; }
+    void ShowWindow(bool show);
+    bool IsWindowEnabled() const { return enabled; }
+    void EnableWindow(bool enable);
+
+    void SetObserver(ControlObserver* newObserver) { observer = newObserver; }
+
+protected:
+    void Changed(CONTROL_CHANGE change);
+
+private:
+    CWnd& owner;
+    UINT id;
+    tagRECT rect;
+    bool visible = true;
+    bool enabled = true;
+    ControlObserver* observer = nullptr;
+};
+
+/// A push button; a press reaches the owner's `OnCommand` with the button's id.
+class CButton : public CControl {
+public:
+    CButton(CWnd& owner, UINT id, std::string_view caption) : CControl(owner, id), caption(caption) {}
+    const std::string& GetWindowText() const { return caption; }
+    void SetWindowText(std::string_view text);
+
+private:
+    std::string caption;
+};
+
+/// A drop-down list; a choice by the operator reaches the owner's `OnCommand`. -1 is no selection.
+class CComboBox : public CControl {
+public:
+    using CControl::CControl;
+
+    void ResetContent();
+    int AddString(std::string_view text);
+    int GetCount() const { return static_cast<int>(items.size()); }
+    const std::string& GetLBText(int index) const;
+    int GetCurSel() const { return selection; }
+    /// An index that is no item's clears the selection.
+    void SetCurSel(int index);
+
+private:
+    std::vector<std::string> items;
+    int selection = -1;
+};
+
+/// What fills a table. Rows are made when they are asked for, so that a table over a million points costs nothing to
+/// open. Every answer must stand up to a row that has gone in the meantime.
+struct TableRows {
+    int count = 0;
+    std::function<std::string(int row, int column)> cell;
+    /// Texts among which the widest of a column is sure to be; the columns are sized by these.
+    std::function<std::vector<std::string>(int column)> widest;
+};
+
+/// A report-style table with full-row selection and grid lines. A click on a row reaches `OnItemClick`.
+class CListCtrl : public CControl {
+public:
+    struct Column {
+        std::string header;
+        int width = 0;
+    };
+
+    using CControl::CControl;
+
+    void DeleteAllItems();
+    void DeleteAllColumns();
+    void InsertColumn(std::string_view header);
+    int GetColumnCount() const { return static_cast<int>(columns.size()); }
+    const Column& GetColumn(int column) const;
+    void SetColumnWidth(int column, int width);
+
+    void SetRows(TableRows rows);
+    int GetItemCount() const { return rows.count; }
+    /// An index out of range raises InvalidArgument.
+    std::string GetItemText(int row, int column) const;
+    std::vector<std::string> GetWidestTexts(int column) const;
+
+    int GetSelection() const { return selection; }
+    void SetSelection(int row);
+
+    COLORREF GetBkColor() const { return background; }
+    COLORREF GetTextColor() const { return text; }
+    void SetColours(COLORREF newBackground, COLORREF newText);
+    COLORREF GetHeaderBkColor() const { return headerBackground; }
+    COLORREF GetHeaderTextColor() const { return headerText; }
+    void SetHeaderColours(COLORREF newBackground, COLORREF newText);
+
+    virtual void OnItemClick(int row);
+
+private:
+    std::vector<Column> columns;
+    TableRows rows;
+    int selection = -1;
+    COLORREF background = RGB(255, 255, 255);
+    COLORREF text = 0;
+    COLORREF headerBackground = RGB(240, 240, 240);
+    COLORREF headerText = 0;
+};
+
+}  // namespace quillon

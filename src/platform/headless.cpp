@@ -1,0 +1,92 @@
+#include "platform/headless.h"
+
+#include <stdexcept>
+
+#include "platform/text.h"
+
+namespace quillon {
+namespace {
+
+constexpr int kCharacterWidth = 7;
+constexpr int kRowHeight = 20;
+constexpr int kComboHeight = 24;
+/// How long a modal loop waits for a worker before it counts as stuck.
+constexpr std::chrono::seconds kPatience{60};
+
+}  // namespace
+
+int MemoryProfile::GetInt(std::string_view section, std::string_view key, int missing) const {
+    const auto found = values.find({std::string(section), std::string(key)});
+    return found == values.end() ? missing : Atoi(found->second);
+}
+
+void MemoryProfile::SetInt(std::string_view section, std::string_view key, int value) {
+    SetText(section, key, Format("%d", value));
+}
+
+std::string MemoryProfile::GetText(std::string_view section, std::string_view key, std::string_view missing) const {
+    const auto found = values.find({std::string(section), std::string(key)});
+    return found == values.end() ? std::string(missing) : found->second;
+}
+
+void MemoryProfile::SetText(std::string_view section, std::string_view key, std::string_view value) {
+    values[{std::string(section), std::string(key)}] = value;
+}
+
+HeadlessPlatform::HeadlessPlatform(std::filesystem::path drives, std::string commandLine)
+    : HeadlessPlatform(std::move(drives), std::move(commandLine), new ManualClock) {}
+
+HeadlessPlatform::HeadlessPlatform(std::filesystem::path drives, std::string commandLine, ManualClock* clock)
+    : Platform(std::move(drives), std::move(commandLine), std::unique_ptr<Clock>(clock)), manualClock(clock) {}
+
+void HeadlessPlatform::Advance(std::chrono::milliseconds step) {
+    const Clock::Time end = GetClock().Now() + step;
+    Messages().Pump();
+    for (auto due = Messages().NextDue(); due && *due <= end; due = Messages().NextDue()) {
+        if (*due > GetClock().Now()) manualClock->Advance(*due - GetClock().Now());
+        Messages().Pump();
+    }
+    if (end > GetClock().Now()) manualClock->Advance(end - GetClock().Now());
+}
+
+bool HeadlessPlatform::ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) {
+    calls.push_back("files: " + question.title);
+    fileQuestions.push_back(question);
+    if (fileAnswers.empty()) throw std::logic_error("no answer prepared for the file question " + question.title);
+    FileAnswer answer = std::move(fileAnswers.front());
+    fileAnswers.pop_front();
+    paths = std::move(answer.paths);
+    return answer.agreed;
+}
+
+void HeadlessPlatform::WarningMessage(std::string_view text) {
+    calls.push_back("warning: " + std::string(text));
+}
+void HeadlessPlatform::InformationBox(std::string_view text) {
+    calls.push_back("information: " + std::string(text));
+}
+void HeadlessPlatform::Beep() {
+    calls.emplace_back("beep");
+}
+
+int HeadlessPlatform::GetMetric(SYSTEM_METRIC metric) const {
+    return metric == SYSTEM_METRIC::ROW_HEIGHT ? kRowHeight : kComboHeight;
+}
+
+int HeadlessPlatform::TextWidth(std::string_view text) const {
+    return static_cast<int>(text.size()) * kCharacterWidth;
+}
+
+void HeadlessPlatform::RunModal(const std::function<bool()>& ended) {
+    while (!ended()) {
+        if (Messages().PumpOne()) continue;
+        if (const auto due = Messages().NextDue()) {
+            manualClock->Advance(*due - GetClock().Now());
+            continue;
+        }
+        Messages().WaitForPost(kPatience);
+        if (!Messages().PumpOne()) throw std::logic_error("a modal loop that nothing can end");
+    }
+}
+
+}  // namespace quillon

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <deque>
+#include <map>
+#include <utility>
+
+#include "platform/platform.h"
+
+namespace quillon {
+
+/// A profile in memory.
+class MemoryProfile : public Profile {
+public:
+    int GetInt(std::string_view section, std::string_view key, int missing) const override;
+    void SetInt(std::string_view section, std::string_view key, int value) override;
+    std::string GetText(std::string_view section, std::string_view key, std::string_view missing) const override;
+    void SetText(std::string_view section, std::string_view key, std::string_view value) override;
+
+private:
+    std::map<std::pair<std::string, std::string>, std::string> values;
+};
+
+/// The platform without a window system: answers are prepared beforehand, calls are written down, time stands until it
+/// is moved, and messages wait to be pumped. A question that no answer was prepared for raises std::logic_error.
+class HeadlessPlatform : public Platform {
+public:
+    explicit HeadlessPlatform(std::filesystem::path drives, std::string commandLine = "Quillon");
+
+    /// The next file question is answered with these paths, or with a cancel.
+    void AnswerFiles(std::vector<std::string> paths) { fileAnswers.push_back({true, std::move(paths)}); }
+    void AnswerCancel() { fileAnswers.push_back({false, {}}); }
+
+    /// Every question and message shown, in order: "files: <title>", "warning: <text>", "information: <text>", "beep".
+    const std::vector<std::string>& Calls() const { return calls; }
+    const std::vector<FileQuestion>& FileQuestions() const { return fileQuestions; }
+
+    /// Moves the clock and delivers what falls due on the way, in its order.
+    void Advance(std::chrono::milliseconds step);
+    void SetLocalClock(const LocalClock& reading) { localClock = reading; }
+
+    bool ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) override;
+    void WarningMessage(std::string_view text) override;
+    void InformationBox(std::string_view text) override;
+    void Beep() override;
+    std::string ClipboardText() const override { return clipboard; }
+    void SetClipboardText(std::string_view text) override { clipboard = text; }
+    Profile& GetProfile() override { return profile; }
+    LocalClock GetLocalClock() const override { return localClock; }
+    int GetMetric(SYSTEM_METRIC metric) const override;
+    /// Every character is 7 pixels wide.
+    int TextWidth(std::string_view text) const override;
+    /// Moves the clock to the next timer when nothing is posted. Raises std::logic_error where a loop could never end.
+    void RunModal(const std::function<bool()>& ended) override;
+
+private:
+    struct FileAnswer {
+        bool agreed;
+        std::vector<std::string> paths;
+    };
+
+    /// Takes the clock over.
+    HeadlessPlatform(std::filesystem::path drives, std::string commandLine, ManualClock* clock);
+
+    ManualClock* manualClock;  // owned by the base
+    MemoryProfile profile;
+    LocalClock localClock;
+    std::string clipboard;
+    std::deque<FileAnswer> fileAnswers;
+    std::vector<FileQuestion> fileQuestions;
+    std::vector<std::string> calls;
+};
+
+}  // namespace quillon

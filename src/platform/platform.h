@@ -1,0 +1,91 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/file.h"
+#include "platform/geometry.h"
+#include "platform/message_queue.h"
+
+namespace quillon {
+
+/// What an open-file dialogue asks.
+struct FileQuestion {
+    std::string title;
+    /// "Label|pattern|Label|pattern||"
+    std::string filter;
+    bool multiple = false;
+    friend bool operator==(const FileQuestion&, const FileQuestion&) = default;
+};
+
+/// Parts of a local clock reading, as the system's time zone gives them.
+struct LocalClock {
+    int year = 2000, month = 1, day = 1, hour = 0, minute = 0, second = 0, millisecond = 0;
+    int biasMinutes = 0;  ///< of the standard zone, west positive
+    bool daylightSaving = false;
+    std::string zoneName;
+};
+
+enum class SYSTEM_METRIC {
+    ROW_HEIGHT,   ///< of one line in a property list, pixels
+    COMBO_HEIGHT  ///< of a closed combo box, pixels
+};
+
+/// Small values that outlive the run and belong to the program, not to a job: whether a pane is shown, where the
+/// window stood.
+class Profile {
+public:
+    virtual ~Profile() = default;
+    virtual int GetInt(std::string_view section, std::string_view key, int missing) const = 0;
+    virtual void SetInt(std::string_view section, std::string_view key, int value) = 0;
+    virtual std::string GetText(std::string_view section, std::string_view key, std::string_view missing) const = 0;
+    virtual void SetText(std::string_view section, std::string_view key, std::string_view value) = 0;
+};
+
+/// The services that the library asks of the program it runs in. One object, handed in at start, which outlives every
+/// window. All on the user-interface thread but `Messages().Post`.
+class Platform {
+public:
+    virtual ~Platform();
+
+    FileSystem& Files() { return files; }
+    MessageQueue& Messages() { return messages; }
+    const Clock& GetClock() const { return *clock; }
+
+    /// The window that messages go to when a pane has no parent. May be null.
+    CWnd* GetMainWindow() const { return mainWindow; }
+    void SetMainWindow(CWnd* window) { mainWindow = window; }
+
+    /// The paths chosen; true if the operator agreed, which may be to nothing at all.
+    virtual bool ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) = 0;
+    virtual void WarningMessage(std::string_view text) = 0;
+    virtual void InformationBox(std::string_view text) = 0;
+    virtual void Beep() = 0;
+
+    virtual std::string ClipboardText() const = 0;
+    virtual void SetClipboardText(std::string_view text) = 0;
+
+    virtual Profile& GetProfile() = 0;
+    virtual LocalClock GetLocalClock() const = 0;
+    virtual int GetMetric(SYSTEM_METRIC metric) const = 0;
+    /// Width of one line in the font of tables, pixels.
+    virtual int TextWidth(std::string_view text) const = 0;
+
+    /// Runs until `ended` says so, delivering messages meanwhile.
+    virtual void RunModal(const std::function<bool()>& ended) = 0;
+
+protected:
+    /// The clock is lent to the queue, so it is made first.
+    Platform(std::filesystem::path drives, std::string commandLine, std::unique_ptr<Clock> clock);
+
+private:
+    FileSystem files;
+    std::unique_ptr<Clock> clock;
+    MessageQueue messages;
+    CWnd* mainWindow = nullptr;
+};
+
+}  // namespace quillon
