@@ -66,7 +66,7 @@ private:
 /// A push button; a press reaches the owner's `OnCommand` with the button's id.
 class CButton : public CControl {
 public:
-    CButton(CWnd& owner, UINT id, std::string_view caption) : CControl(owner, id), caption(caption) {}
+    CButton(CWnd& buttonOwner, UINT buttonId, std::string_view text) : CControl(buttonOwner, buttonId), caption(text) {}
     const std::string& GetWindowText() const { return caption; }
     void SetWindowText(std::string_view text);
 

@@ -36,8 +36,8 @@ void MemoryProfile::SetText(std::string_view section, std::string_view key, std:
 HeadlessPlatform::HeadlessPlatform(std::filesystem::path drives, std::string commandLine)
     : HeadlessPlatform(std::move(drives), std::move(commandLine), new ManualClock) {}
 
-HeadlessPlatform::HeadlessPlatform(std::filesystem::path drives, std::string commandLine, ManualClock* clock)
-    : Platform(std::move(drives), std::move(commandLine), std::unique_ptr<Clock>(clock)), manualClock(clock) {}
+HeadlessPlatform::HeadlessPlatform(std::filesystem::path drives, std::string commandLine, ManualClock* manual)
+    : Platform(std::move(drives), std::move(commandLine), std::unique_ptr<Clock>(manual)), manualClock(manual) {}
 
 void HeadlessPlatform::Advance(std::chrono::milliseconds step) {
     const Clock::Time end = GetClock().Now() + step;

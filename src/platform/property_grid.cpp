@@ -1,0 +1,213 @@
+#include "platform/property_grid.h"
+
+#include <charconv>
+
+#include "platform/errors.h"
+#include "platform/text.h"
+
+namespace quillon {
+
+CMFCPropertyGridProperty::CMFCPropertyGridProperty(std::string_view groupName) : name(groupName), group(true) {}
+
+CMFCPropertyGridProperty::CMFCPropertyGridProperty(std::string_view rowName, RowValue rowValue,
+                                                   std::string_view rowDescription, UINT rowId)
+    : name(rowName), value(std::move(rowValue)), original(value), description(rowDescription), id(rowId) {}
+
+CMFCPropertyGridProperty::~CMFCPropertyGridProperty() = default;
+
+ROW_KIND CMFCPropertyGridProperty::GetKind() const {
+    if (!options.empty()) return ROW_KIND::OPTIONS;
+    if (std::holds_alternative<bool>(value)) return ROW_KIND::CHECK;
+    if (std::holds_alternative<std::int32_t>(value)) return ROW_KIND::INTEGER;
+    return std::holds_alternative<std::string>(value) ? ROW_KIND::TEXT : ROW_KIND::HEADING;
+}
+
+void CMFCPropertyGridProperty::SetValue(RowValue newValue) {
+    if (newValue.index() != value.index()) throw InvalidArgument("property row of another type");
+    value = std::move(newValue);
+    Redraw();
+}
+
+std::string CMFCPropertyGridProperty::FormatProperty() const {
+    if (const bool* checked = std::get_if<bool>(&value)) return *checked ? "True" : "False";
+    if (const auto* number = std::get_if<std::int32_t>(&value)) return Format("%d", *number);
+    const auto* text = std::get_if<std::string>(&value);
+    return text ? *text : std::string();
+}
+
+std::vector<RowChoice> CMFCPropertyGridProperty::GetChoices() const {
+    std::vector<RowChoice> choices;
+    for (const std::string& option : options) choices.push_back({option, option});
+    if (choices.empty() && std::holds_alternative<bool>(value)) choices = {{true, "True"}, {false, "False"}};
+    return choices;
+}
+
+bool CMFCPropertyGridProperty::Parse(std::string_view text, RowValue& parsed) const {
+    if (std::holds_alternative<std::string>(value)) {
+        parsed = std::string(text);
+        return true;
+    }
+    if (!std::holds_alternative<std::int32_t>(value)) return false;
+    text = Trim(text);
+    if (text.starts_with('+')) text.remove_prefix(1);
+    std::int32_t number = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (read.ec != std::errc{} || read.ptr != text.data() + text.size()) return false;
+    parsed = number;
+    return true;
+}
+
+bool CMFCPropertyGridProperty::Accept(const RowValue& candidate) const {
+    if (candidate.index() != value.index() || group) return false;
+    const auto* number = std::get_if<std::int32_t>(&candidate);
+    if (number && spin) return *number >= spinMinimum && *number <= spinMaximum;
+    const auto* text = std::get_if<std::string>(&candidate);
+    if (!text || typing) return true;
+    for (const std::string& option : options) {
+        if (option == *text) return true;
+    }
+    return false;
+}
+
+void CMFCPropertyGridProperty::AddOption(std::string_view option) {
+    options.emplace_back(option);
+}
+
+const std::string& CMFCPropertyGridProperty::GetOption(int index) const {
+    if (index < 0 || index >= GetOptionCount()) throw InvalidArgument("option index out of range");
+    return options[static_cast<std::size_t>(index)];
+}
+
+void CMFCPropertyGridProperty::Enable(bool enable) {
+    enabled = enable;
+    Redraw();
+}
+
+void CMFCPropertyGridProperty::SetLock(bool lock) {
+    locked = lock;
+    Redraw();
+}
+
+void CMFCPropertyGridProperty::Show(bool show) {
+    if (shown == show) return;
+    shown = show;
+    if (owner) owner->Changed(CONTROL_CHANGE::CONTENT);
+}
+
+void CMFCPropertyGridProperty::EnableSpinControl(bool enable, int minimum, int maximum) {
+    spin = enable;
+    spinMinimum = minimum;
+    spinMaximum = maximum;
+}
+
+CMFCPropertyGridProperty& CMFCPropertyGridProperty::AddSubItem(std::unique_ptr<CMFCPropertyGridProperty> row) {
+    row->SetOwner(owner);
+    subItems.push_back(std::move(row));
+    if (owner) owner->Changed(CONTROL_CHANGE::CONTENT);
+    return *subItems.back();
+}
+
+CMFCPropertyGridProperty& CMFCPropertyGridProperty::GetSubItem(int index) const {
+    if (index < 0 || index >= GetSubItemsCount()) throw InvalidArgument("property row out of range");
+    return *subItems[static_cast<std::size_t>(index)];
+}
+
+void CMFCPropertyGridProperty::Redraw() {
+    if (owner) owner->Changed(CONTROL_CHANGE::VALUE);
+}
+
+void CMFCPropertyGridProperty::SetOwner(CMFCPropertyGridCtrl* list) {
+    owner = list;
+    for (const auto& row : subItems) row->SetOwner(list);
+}
+
+// ---- The list ----
+
+CMFCPropertyGridCtrl::CMFCPropertyGridCtrl(CWnd& listOwner, UINT listId) : CControl(listOwner, listId) {}
+CMFCPropertyGridCtrl::~CMFCPropertyGridCtrl() = default;
+
+void CMFCPropertyGridCtrl::RemoveAll() {
+    selected = nullptr;
+    rows.clear();
+    Changed(CONTROL_CHANGE::CONTENT);
+}
+
+CMFCPropertyGridProperty& CMFCPropertyGridCtrl::AddProperty(std::unique_ptr<CMFCPropertyGridProperty> row) {
+    row->SetOwner(this);
+    rows.push_back(std::move(row));
+    Changed(CONTROL_CHANGE::CONTENT);
+    return *rows.back();
+}
+
+CMFCPropertyGridProperty& CMFCPropertyGridCtrl::AddGroup(std::string_view name) {
+    return AddProperty(std::make_unique<CMFCPropertyGridProperty>(name));
+}
+
+CMFCPropertyGridProperty& CMFCPropertyGridCtrl::GetProperty(int index) const {
+    if (index < 0 || index >= GetPropertyCount()) throw InvalidArgument("property row out of range");
+    return *rows[static_cast<std::size_t>(index)];
+}
+
+namespace {
+
+CMFCPropertyGridProperty* FindBelow(CMFCPropertyGridProperty& row, UINT id) {
+    if (row.GetData() == id) return &row;
+    for (int i = 0; i < row.GetSubItemsCount(); ++i) {
+        if (CMFCPropertyGridProperty* found = FindBelow(row.GetSubItem(i), id)) return found;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+CMFCPropertyGridProperty* CMFCPropertyGridCtrl::FindItemByData(UINT data) const {
+    if (data == 0) return nullptr;
+    for (const auto& row : rows) {
+        if (CMFCPropertyGridProperty* found = FindBelow(*row, data)) return found;
+    }
+    return nullptr;
+}
+
+void CMFCPropertyGridCtrl::EnableHeaderCtrl(bool enable, std::string_view left, std::string_view right) {
+    header = enable;
+    headerLeft = left;
+    headerRight = right;
+    Changed(CONTROL_CHANGE::CONTENT);
+}
+
+void CMFCPropertyGridCtrl::SetVSDotNetLook(bool set) {
+    dotNetLook = set;
+    Changed(CONTROL_CHANGE::COLOURS);
+}
+
+void CMFCPropertyGridCtrl::EnableDescriptionArea(bool enable) {
+    descriptionArea = enable;
+    Changed(CONTROL_CHANGE::CONTENT);
+}
+
+void CMFCPropertyGridCtrl::MarkModifiedProperties(bool mark) {
+    markModified = mark;
+    Changed(CONTROL_CHANGE::VALUE);
+}
+
+void CMFCPropertyGridCtrl::SetGroupNameFullWidth(bool set) {
+    groupNameFullWidth = set;
+    Changed(CONTROL_CHANGE::CONTENT);
+}
+
+void CMFCPropertyGridCtrl::SetCustomColors(const PropertyColours& newColours) {
+    colours = newColours;
+    Changed(CONTROL_CHANGE::COLOURS);
+}
+
+void CMFCPropertyGridCtrl::SetCurSel(CMFCPropertyGridProperty* row) {
+    selected = row;
+    Changed(CONTROL_CHANGE::SELECTION);
+}
+
+RowDescription CMFCPropertyGridCtrl::GetDescription() const {
+    if (!selected) return {};
+    return {selected->GetName(), selected->GetDescription()};
+}
+
+}  // namespace quillon

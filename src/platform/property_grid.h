@@ -1,0 +1,223 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "platform/controls.h"
+#include "platform/errors.h"
+
+namespace quillon {
+
+/// The value of a property row. Which alternative it holds is the row's own and never changes.
+using RowValue = std::variant<std::monostate, bool, std::int32_t, std::uint32_t, double, std::string>;
+
+/// How a row is shown and edited: what a binding needs to choose an editor and a picture.
+enum class ROW_KIND {
+    HEADING,  ///< a group, or a heading without a value
+    TEXT,
+    CHECK,    ///< a bool
+    OPTIONS,  ///< one of a list of texts
+    NUMBER,
+    INTEGER,
+    ANGLE,
+    COLOUR,
+    FILL_STYLE,
+    LINE_THICKNESS,
+    VECTOR_SYMBOL,
+    SYMBOL_SIZE,
+    LABEL_MODE,
+    LABEL_POSITION,
+    PASSWORD,
+    DUAL_BUTTON
+};
+
+/// One of the values that a picker row offers.
+struct RowChoice {
+    RowValue value;
+    std::string text;
+    friend bool operator==(const RowChoice&, const RowChoice&) = default;
+};
+
+class CMFCPropertyGridCtrl;
+class CMFCPropertyGridProperty;
+
+/// The description shown under the list: the selected row's name and its text.
+struct RowDescription {
+    std::string name;
+    std::string text;
+};
+
+/// A row of a property list, or a group of rows. Its id comes back with the change notification; 0 stands for a row
+/// without a reaction.
+///
+/// The program sets values by `SetValue`, which notifies nobody but the view. What the operator does comes through
+/// UserActions, which asks `Accept`.
+class CMFCPropertyGridProperty {
+public:
+    /// A group.
+    explicit CMFCPropertyGridProperty(std::string_view name);
+    /// Text, bool, whole number or option list, by the type of `value`.
+    CMFCPropertyGridProperty(std::string_view name, RowValue value, std::string_view description, UINT id);
+    virtual ~CMFCPropertyGridProperty();
+    CMFCPropertyGridProperty(const CMFCPropertyGridProperty&) = delete;
+    CMFCPropertyGridProperty& operator=(const CMFCPropertyGridProperty&) = delete;
+
+    virtual ROW_KIND GetKind() const;
+    const std::string& GetName() const { return name; }
+    const std::string& GetDescription() const { return description; }
+    UINT GetData() const { return id; }
+    bool IsGroup() const { return group; }
+
+    const RowValue& GetValue() const { return value; }
+    /// Raises InvalidArgument if the value is of another type than the row's.
+    void SetValue(RowValue newValue);
+    /// The value as the row's type; InvalidArgument if it is another.
+    template <class T>
+    const T& Get() const {
+        if (const T* held = std::get_if<T>(&value)) return *held;
+        throw InvalidArgument("property row of another type");
+    }
+    /// Differs from the value that the row was made with; such rows are shown in bold where the list marks them.
+    bool IsModified() const { return value != original; }
+
+    /// What the value column shows.
+    virtual std::string FormatProperty() const;
+    /// The values offered; empty where the row is typed into or checked.
+    virtual std::vector<RowChoice> GetChoices() const;
+    /// Turns typed text into a value of this row. False if it is none, and the row keeps its value.
+    virtual bool Parse(std::string_view text, RowValue& parsed) const;
+    /// Whether the operator may set this value now.
+    virtual bool Accept(const RowValue& candidate) const;
+
+    void AddOption(std::string_view option);
+    const std::string& GetOption(int index) const;
+    int GetOptionCount() const { return static_cast<int>(options.size()); }
+
+    void AllowEdit(bool allow = true) { typing = allow; }
+    /// Whether text may be typed into the row, as against chosen.
+    bool IsAllowEdit() const { return typing; }
+    void Enable(bool enable = true);
+    bool IsEnabled() const { return enabled; }
+    void SetLock(bool lock);
+    bool IsLocked() const { return locked; }
+    void Show(bool show = true);
+    bool IsVisible() const { return shown; }
+
+    void EnableSpinControl(bool enable, int minimum, int maximum);
+    bool HasSpinControl() const { return spin; }
+    std::pair<int, int> GetSpinBounds() const { return {spinMinimum, spinMaximum}; }
+
+    /// Returns the row added.
+    CMFCPropertyGridProperty& AddSubItem(std::unique_ptr<CMFCPropertyGridProperty> row);
+    int GetSubItemsCount() const { return static_cast<int>(subItems.size()); }
+    CMFCPropertyGridProperty& GetSubItem(int index) const;
+
+    template <class Row, class... Arguments>
+    Row& Add(Arguments&&... arguments) {
+        return static_cast<Row&>(AddSubItem(std::make_unique<Row>(std::forward<Arguments>(arguments)...)));
+    }
+
+protected:
+    /// Tells the view that the row looks different.
+    void Redraw();
+
+private:
+    friend class CMFCPropertyGridCtrl;
+    void SetOwner(CMFCPropertyGridCtrl* list);
+
+    std::string name;
+    RowValue value;
+    RowValue original;
+    std::string description;
+    UINT id = 0;
+    bool group = false;
+    bool typing = true;
+    bool enabled = true;
+    bool locked = false;
+    bool shown = true;
+    bool spin = false;
+    int spinMinimum = 0;
+    int spinMaximum = 0;
+    std::vector<std::string> options;
+    std::vector<std::unique_ptr<CMFCPropertyGridProperty>> subItems;
+    CMFCPropertyGridCtrl* owner = nullptr;
+};
+
+/// Colours of a property list, in the order in which they are set.
+struct PropertyColours {
+    COLORREF background = RGB(255, 255, 255);
+    COLORREF text = 0;
+    COLORREF groupBackground = RGB(235, 235, 235);
+    COLORREF groupText = 0;
+    COLORREF descriptionBackground = RGB(235, 235, 235);
+    COLORREF descriptionText = 0;
+    COLORREF line = RGB(235, 235, 235);
+    friend bool operator==(const PropertyColours&, const PropertyColours&) = default;
+};
+
+/// A list of property rows in groups. A change by the operator is sent to the owner as AFX_WM_PROPERTY_CHANGED.
+class CMFCPropertyGridCtrl : public CControl {
+public:
+    CMFCPropertyGridCtrl(CWnd& owner, UINT id);
+    ~CMFCPropertyGridCtrl() override;
+
+    void RemoveAll();
+    /// Returns the row added.
+    CMFCPropertyGridProperty& AddProperty(std::unique_ptr<CMFCPropertyGridProperty> row);
+    /// Adds a group of that name.
+    CMFCPropertyGridProperty& AddGroup(std::string_view name);
+    int GetPropertyCount() const { return static_cast<int>(rows.size()); }
+    /// The `index`th group or row at the top; InvalidArgument beyond.
+    CMFCPropertyGridProperty& GetProperty(int index) const;
+    /// The row with that id (not 0), or null.
+    CMFCPropertyGridProperty* FindItemByData(UINT data) const;
+
+    void EnableHeaderCtrl(bool enable, std::string_view left, std::string_view right);
+    bool IsHeaderEnabled() const { return header; }
+    const std::string& GetHeader(int column) const { return column == 0 ? headerLeft : headerRight; }
+    void SetVSDotNetLook(bool set);
+    bool IsVSDotNetLook() const { return dotNetLook; }
+    void EnableDescriptionArea(bool enable);
+    bool IsDescriptionArea() const { return descriptionArea; }
+    void MarkModifiedProperties(bool mark);
+    bool IsMarkModified() const { return markModified; }
+    void SetGroupNameFullWidth(bool set);
+    bool IsGroupNameFullWidth() const { return groupNameFullWidth; }
+    void SetCustomColors(const PropertyColours& newColours);
+    const PropertyColours& GetCustomColors() const { return colours; }
+
+    /// The row that the description area tells of; null for none.
+    CMFCPropertyGridProperty* GetCurSel() const { return selected; }
+    void SetCurSel(CMFCPropertyGridProperty* row);
+    RowDescription GetDescription() const;
+
+private:
+    friend class CMFCPropertyGridProperty;
+
+    std::vector<std::unique_ptr<CMFCPropertyGridProperty>> rows;
+    CMFCPropertyGridProperty* selected = nullptr;
+    PropertyColours colours;
+    std::string headerLeft;
+    std::string headerRight;
+    bool header = true;
+    bool dotNetLook = false;
+    bool descriptionArea = false;
+    bool markModified = false;
+    bool groupNameFullWidth = false;
+};
+
+/// The property list of the panes: it also holds the night flag and the number of the colour scheme in force.
+class CMyMFCPropertyGridCtrl : public CMFCPropertyGridCtrl {
+public:
+    using CMFCPropertyGridCtrl::CMFCPropertyGridCtrl;
+    bool night = false;
+    int colourScheme = 0;
+};
+
+}  // namespace quillon

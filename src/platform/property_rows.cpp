@@ -1,0 +1,236 @@
+#include "platform/property_rows.h"
+
+#include <cmath>
+#include <numbers>
+
+#include "platform/text.h"
+
+namespace quillon {
+namespace {
+
+bool IsFinite(const RowValue& value) {
+    const auto* number = std::get_if<double>(&value);
+    return number && std::isfinite(*number);
+}
+
+/// The number at the front of typed text; false if there is none.
+bool ReadNumber(std::string_view text, double& number) {
+    text = Trim(text);
+    const std::size_t digit = text.find_first_of("0123456789");
+    if (digit == std::string_view::npos || text.substr(0, digit).find_first_not_of("+-.") != std::string_view::npos) {
+        return false;
+    }
+    number = Atof(text);
+    return std::isfinite(number);
+}
+
+/// A printf format with one number conversion, taken apart: what stands around the conversion, flags, width and
+/// decimals.
+struct NumberFormat {
+    std::string before, after;
+    int width = 0;
+    int decimals = 6;
+    bool zeros = false;
+};
+
+NumberFormat TakeApart(std::string_view format) {
+    NumberFormat parts;
+    const std::size_t percent = format.find('%');
+    parts.before = format.substr(0, percent);
+    if (percent == std::string_view::npos) return parts;
+    std::string_view rest = format.substr(percent + 1);
+    parts.zeros = rest.starts_with('0');
+    const std::size_t type = rest.find('f');
+    const std::size_t point = rest.find('.');
+    parts.width = Atoi(rest);
+    if (point < type) parts.decimals = Atoi(rest.substr(point + 1));
+    if (type != std::string_view::npos) parts.after = rest.substr(type + 1);
+    return parts;
+}
+
+template <std::size_t N>
+std::vector<RowChoice> Numbered(const std::array<std::string_view, N>& texts) {
+    std::vector<RowChoice> choices;
+    for (std::size_t i = 0; i < N; ++i) choices.push_back({static_cast<std::int32_t>(i), std::string(texts[i])});
+    return choices;
+}
+
+}  // namespace
+
+// ---- Numbers ----
+
+CMFCPropertyGridDouble::CMFCPropertyGridDouble(std::string_view name, double value, std::string_view numberFormat,
+                                               std::string_view description, UINT id)
+    : CMFCPropertyGridProperty(name, value, description, id), format(numberFormat) {}
+
+std::string CMFCPropertyGridDouble::FormatProperty() const {
+    const NumberFormat parts = TakeApart(format);
+    const std::string number = parts.zeros ? Format("%0*.*f", parts.width, parts.decimals, Get<double>())
+                                           : Format("%*.*f", parts.width, parts.decimals, Get<double>());
+    return parts.before + number + parts.after;
+}
+
+bool CMFCPropertyGridDouble::Parse(std::string_view text, RowValue& parsed) const {
+    double number = 0;
+    if (!ReadNumber(text, number)) return false;
+    parsed = number;
+    return true;
+}
+
+bool CMFCPropertyGridDouble::Accept(const RowValue& candidate) const {
+    return IsFinite(candidate);
+}
+
+CMFCPropertyGridInteger::CMFCPropertyGridInteger(std::string_view name, std::int32_t value, std::string_view,
+                                                 std::string_view description, UINT id)
+    : CMFCPropertyGridProperty(name, value, description, id) {}
+
+CMFCPropertyGridAngleInteger::CMFCPropertyGridAngleInteger(std::string_view name, std::int32_t value,
+                                                           std::string_view description, UINT id)
+    : CMFCPropertyGridProperty(name, value, description, id) {}
+
+std::string CMFCPropertyGridAngleInteger::FormatProperty() const {
+    return Format("%d\xB0", Get<std::int32_t>());
+}
+
+CMFCPropertyGridAngleProperty::CMFCPropertyGridAngleProperty(std::string_view name, double value, int angleType,
+                                                             std::string_view description, UINT id)
+    : CMFCPropertyGridProperty(name, value, description, id), type(angleType) {}
+
+std::string CMFCPropertyGridAngleProperty::FormatProperty() const {
+    return Format("%.3f\xB0", Get<double>() * (180.0 / std::numbers::pi));
+}
+
+bool CMFCPropertyGridAngleProperty::Parse(std::string_view text, RowValue& parsed) const {
+    double degrees = 0;
+    if (!ReadNumber(text, degrees)) return false;
+    parsed = degrees * (std::numbers::pi / 180.0);
+    return true;
+}
+
+bool CMFCPropertyGridAngleProperty::Accept(const RowValue& candidate) const {
+    return IsFinite(candidate);
+}
+
+// ---- Pickers ----
+
+CPickerProperty::CPickerProperty(std::string_view name, RowValue value, COLORREF rowColour,
+                                 std::string_view description, UINT id)
+    : CMFCPropertyGridProperty(name, std::move(value), description, id), colour(rowColour) {
+    AllowEdit(false);
+}
+
+std::string CPickerProperty::FormatProperty() const {
+    for (const RowChoice& choice : GetChoices()) {
+        if (choice.value == GetValue()) return choice.text;
+    }
+    const auto* number = std::get_if<std::int32_t>(&GetValue());
+    return number ? Format("%d", *number) : std::string();
+}
+
+bool CPickerProperty::Parse(std::string_view, RowValue&) const {
+    return false;
+}
+
+bool CPickerProperty::Accept(const RowValue& candidate) const {
+    for (const RowChoice& choice : GetChoices()) {
+        if (choice.value == candidate) return true;
+    }
+    return false;
+}
+
+void CPickerProperty::SetColour(COLORREF newColour) {
+    colour = newColour;
+    Redraw();
+}
+
+CMFCPropertyGridPrimaryColourProperty::CMFCPropertyGridPrimaryColourProperty(std::string_view name, COLORREF value,
+                                                                             int offered, std::string_view description,
+                                                                             UINT id)
+    : CPickerProperty(name, value, value, description, id), count(offered) {}
+
+std::vector<RowChoice> CMFCPropertyGridPrimaryColourProperty::GetChoices() const {
+    std::vector<RowChoice> choices;
+    for (int i = 0; i < count && i < kPaletteCount; ++i) {
+        const PaletteColour& entry = kPalette[static_cast<std::size_t>(i)];
+        choices.push_back({entry.colour, std::string(entry.name)});
+    }
+    return choices;
+}
+
+std::string CMFCPropertyGridPrimaryColourProperty::FormatProperty() const {
+    const COLORREF held = GetColour();
+    const int index = PaletteIndex(held);
+    if (index >= 0) return std::string(kPalette[static_cast<std::size_t>(index)].name);
+    return Format("%u, %u, %u", GetRValue(held), GetGValue(held), GetBValue(held));
+}
+
+CMFCPropertyGridFillStyleProperty::CMFCPropertyGridFillStyleProperty(FILL_STYLE value, COLORREF colour, UINT id)
+    : CPickerProperty("Fill Style", static_cast<std::int32_t>(value), colour, "How the area is filled", id) {}
+
+std::vector<RowChoice> CMFCPropertyGridFillStyleProperty::GetChoices() const {
+    std::vector<RowChoice> choices;
+    for (const FillChoice& fill : kFillChoices) {
+        choices.push_back({static_cast<std::int32_t>(fill.style), std::string(fill.name)});
+    }
+    return choices;
+}
+
+CMFCPropertyGridLineThicknessProperty::CMFCPropertyGridLineThicknessProperty(LINE_THICKNESS value, COLORREF colour,
+                                                                             UINT id)
+    : CPickerProperty("Line Thickness", value, colour, "Thickness of the line in pixels", id) {}
+
+std::vector<RowChoice> CMFCPropertyGridLineThicknessProperty::GetChoices() const {
+    std::vector<RowChoice> choices;
+    for (const LINE_THICKNESS thickness : kLineThicknesses) choices.push_back({thickness, Format("%d", thickness)});
+    return choices;
+}
+
+CMFCPropertyGridVectorSymbolProperty::CMFCPropertyGridVectorSymbolProperty(std::string_view name, VECTOR_SYMBOL value,
+                                                                           int offered, std::string_view description,
+                                                                           UINT id)
+    : CPickerProperty(name, value, 0, description, id), count(offered) {}
+
+std::vector<RowChoice> CMFCPropertyGridVectorSymbolProperty::GetChoices() const {
+    std::vector<RowChoice> choices;
+    for (VECTOR_SYMBOL symbol = 0; symbol < count; ++symbol) {
+        choices.push_back({symbol, symbol == 0 ? std::string("None") : Format("Symbol %d", symbol)});
+    }
+    return choices;
+}
+
+CMFCPropertyGridSymbolSizeProperty::CMFCPropertyGridSymbolSizeProperty(SYMBOL_SIZE value, UINT id)
+    : CPickerProperty("Symbol Size", value, 0, "Size of the symbol", id) {}
+
+std::vector<RowChoice> CMFCPropertyGridSymbolSizeProperty::GetChoices() const {
+    return Numbered(m_SymbolSizeTxt);
+}
+
+CMFCPropertyGridLabelModeProperty::CMFCPropertyGridLabelModeProperty(SYMBOL_LABEL_MODE value, UINT id)
+    : CPickerProperty("Label", value, 0, "What the label shows", id) {}
+
+std::vector<RowChoice> CMFCPropertyGridLabelModeProperty::GetChoices() const {
+    return Numbered(m_LabelModeTxt);
+}
+
+CMFCPropertyGridLabelPositionProperty::CMFCPropertyGridLabelPositionProperty(LABEL_POSITION value, UINT id)
+    : CPickerProperty("Label Position", value, 0, "Where the label stands beside the symbol", id) {}
+
+std::vector<RowChoice> CMFCPropertyGridLabelPositionProperty::GetChoices() const {
+    return Numbered(m_LabelPositionTxt);
+}
+
+// ---- Buttons ----
+
+CMFCPropertyGridDualButton::CMFCPropertyGridDualButton(std::string_view first, std::string_view second,
+                                                       std::string_view description, UINT id)
+    : CMFCPropertyGridProperty("", std::int32_t{0}, description, id), firstCaption(first), secondCaption(second) {
+    AllowEdit(false);
+}
+
+bool CMFCPropertyGridDualButton::Accept(const RowValue& candidate) const {
+    const auto* button = std::get_if<std::int32_t>(&candidate);
+    return button && (*button == 0 || *button == 1);
+}
+
+}  // namespace quillon

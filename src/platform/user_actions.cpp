@@ -1,0 +1,38 @@
+#include "platform/user_actions.h"
+
+#include <utility>
+
+namespace quillon::user {
+
+void Press(CButton& button) {
+    if (button.IsWindowEnabled() && button.IsWindowVisible()) button.GetOwner().OnCommand(button.GetDlgCtrlID());
+}
+
+void Select(CComboBox& combo, int index) {
+    if (!combo.IsWindowEnabled() || index < 0 || index >= combo.GetCount()) return;
+    combo.SetCurSel(index);
+    combo.GetOwner().OnCommand(combo.GetDlgCtrlID());
+}
+
+void Click(CListCtrl& table, int row) {
+    if (row < 0 || row >= table.GetItemCount()) return;
+    table.SetSelection(row);
+    table.OnItemClick(row);
+}
+
+bool Edit(CMFCPropertyGridCtrl& list, CMFCPropertyGridProperty& row, RowValue value) {
+    if (row.IsLocked() || !row.IsEnabled() || !row.IsVisible() || !row.Accept(value)) return false;
+    row.SetValue(std::move(value));
+    list.GetOwner().SendMessage(AFX_WM_PROPERTY_CHANGED, list.GetDlgCtrlID(), reinterpret_cast<LPARAM>(&row));
+    return true;
+}
+
+bool Type(CMFCPropertyGridCtrl& list, CMFCPropertyGridProperty& row, std::string_view text) {
+    for (RowChoice& choice : row.GetChoices()) {
+        if (choice.text == text) return Edit(list, row, std::move(choice.value));
+    }
+    RowValue parsed;
+    return row.IsAllowEdit() && row.Parse(text, parsed) && Edit(list, row, std::move(parsed));
+}
+
+}  // namespace quillon::user
