@@ -7,47 +7,47 @@
 
 namespace quillon {
 
-CMFCPropertyGridProperty::CMFCPropertyGridProperty(std::string_view groupName) : name(groupName), group(true) {}
+CMFCPropertyGridProperty::CMFCPropertyGridProperty(std::string_view name) : rowName(name), group(true) {}
 
-CMFCPropertyGridProperty::CMFCPropertyGridProperty(std::string_view rowName, RowValue rowValue,
-                                                   std::string_view rowDescription, UINT rowId)
-    : name(rowName), value(std::move(rowValue)), original(value), description(rowDescription), id(rowId) {}
+CMFCPropertyGridProperty::CMFCPropertyGridProperty(std::string_view name, RowValue value, std::string_view description,
+                                                   UINT id)
+    : rowName(name), rowValue(std::move(value)), original(rowValue), rowDescription(description), rowId(id) {}
 
 CMFCPropertyGridProperty::~CMFCPropertyGridProperty() = default;
 
 ROW_KIND CMFCPropertyGridProperty::GetKind() const {
     if (!options.empty()) return ROW_KIND::OPTIONS;
-    if (std::holds_alternative<bool>(value)) return ROW_KIND::CHECK;
-    if (std::holds_alternative<std::int32_t>(value)) return ROW_KIND::INTEGER;
-    return std::holds_alternative<std::string>(value) ? ROW_KIND::TEXT : ROW_KIND::HEADING;
+    if (std::holds_alternative<bool>(rowValue)) return ROW_KIND::CHECK;
+    if (std::holds_alternative<std::int32_t>(rowValue)) return ROW_KIND::INTEGER;
+    return std::holds_alternative<std::string>(rowValue) ? ROW_KIND::TEXT : ROW_KIND::HEADING;
 }
 
 void CMFCPropertyGridProperty::SetValue(RowValue newValue) {
-    if (newValue.index() != value.index()) throw InvalidArgument("property row of another type");
-    value = std::move(newValue);
+    if (newValue.index() != rowValue.index()) throw InvalidArgument("property row of another type");
+    rowValue = std::move(newValue);
     Redraw();
 }
 
 std::string CMFCPropertyGridProperty::FormatProperty() const {
-    if (const bool* checked = std::get_if<bool>(&value)) return *checked ? "True" : "False";
-    if (const auto* number = std::get_if<std::int32_t>(&value)) return Format("%d", *number);
-    const auto* text = std::get_if<std::string>(&value);
+    if (const bool* checked = std::get_if<bool>(&rowValue)) return *checked ? "True" : "False";
+    if (const auto* number = std::get_if<std::int32_t>(&rowValue)) return Format("%d", *number);
+    const auto* text = std::get_if<std::string>(&rowValue);
     return text ? *text : std::string();
 }
 
 std::vector<RowChoice> CMFCPropertyGridProperty::GetChoices() const {
     std::vector<RowChoice> choices;
     for (const std::string& option : options) choices.push_back({option, option});
-    if (choices.empty() && std::holds_alternative<bool>(value)) choices = {{true, "True"}, {false, "False"}};
+    if (choices.empty() && std::holds_alternative<bool>(rowValue)) choices = {{true, "True"}, {false, "False"}};
     return choices;
 }
 
 bool CMFCPropertyGridProperty::Parse(std::string_view text, RowValue& parsed) const {
-    if (std::holds_alternative<std::string>(value)) {
+    if (std::holds_alternative<std::string>(rowValue)) {
         parsed = std::string(text);
         return true;
     }
-    if (!std::holds_alternative<std::int32_t>(value)) return false;
+    if (!std::holds_alternative<std::int32_t>(rowValue)) return false;
     text = Trim(text);
     if (text.starts_with('+')) text.remove_prefix(1);
     std::int32_t number = 0;
@@ -58,7 +58,7 @@ bool CMFCPropertyGridProperty::Parse(std::string_view text, RowValue& parsed) co
 }
 
 bool CMFCPropertyGridProperty::Accept(const RowValue& candidate) const {
-    if (candidate.index() != value.index() || group) return false;
+    if (candidate.index() != rowValue.index() || group) return false;
     const auto* number = std::get_if<std::int32_t>(&candidate);
     if (number && spin) return *number >= spinMinimum && *number <= spinMaximum;
     const auto* text = std::get_if<std::string>(&candidate);

@@ -27,12 +27,12 @@ enum class ROW_KIND {
     INTEGER,
     ANGLE,
     COLOUR,
-    FILL_STYLE,
-    LINE_THICKNESS,
-    VECTOR_SYMBOL,
-    SYMBOL_SIZE,
-    LABEL_MODE,
-    LABEL_POSITION,
+    FILL,
+    THICKNESS,
+    SYMBOL,
+    SIZE,
+    LABEL,
+    POSITION,
     PASSWORD,
     DUAL_BUTTON
 };
@@ -69,22 +69,22 @@ public:
     CMFCPropertyGridProperty& operator=(const CMFCPropertyGridProperty&) = delete;
 
     virtual ROW_KIND GetKind() const;
-    const std::string& GetName() const { return name; }
-    const std::string& GetDescription() const { return description; }
-    UINT GetData() const { return id; }
+    const std::string& GetName() const { return rowName; }
+    const std::string& GetDescription() const { return rowDescription; }
+    UINT GetData() const { return rowId; }
     bool IsGroup() const { return group; }
 
-    const RowValue& GetValue() const { return value; }
+    const RowValue& GetValue() const { return rowValue; }
     /// Raises InvalidArgument if the value is of another type than the row's.
     void SetValue(RowValue newValue);
     /// The value as the row's type; InvalidArgument if it is another.
     template <class T>
     const T& Get() const {
-        if (const T* held = std::get_if<T>(&value)) return *held;
+        if (const T* held = std::get_if<T>(&rowValue)) return *held;
         throw InvalidArgument("property row of another type");
     }
     /// Differs from the value that the row was made with; such rows are shown in bold where the list marks them.
-    bool IsModified() const { return value != original; }
+    bool IsModified() const { return rowValue != original; }
 
     /// What the value column shows.
     virtual std::string FormatProperty() const;
@@ -131,11 +131,11 @@ private:
     friend class CMFCPropertyGridCtrl;
     void SetOwner(CMFCPropertyGridCtrl* list);
 
-    std::string name;
-    RowValue value;
+    std::string rowName;
+    RowValue rowValue;
     RowValue original;
-    std::string description;
-    UINT id = 0;
+    std::string rowDescription;
+    UINT rowId = 0;
     bool group = false;
     bool typing = true;
     bool enabled = true;

@@ -59,12 +59,12 @@ std::vector<RowChoice> Numbered(const std::array<std::string_view, N>& texts) {
 
 // ---- Numbers ----
 
-CMFCPropertyGridDouble::CMFCPropertyGridDouble(std::string_view name, double value, std::string_view numberFormat,
+CMFCPropertyGridDouble::CMFCPropertyGridDouble(std::string_view name, double value, std::string_view format,
                                                std::string_view description, UINT id)
-    : CMFCPropertyGridProperty(name, value, description, id), format(numberFormat) {}
+    : CMFCPropertyGridProperty(name, value, description, id), numberFormat(format) {}
 
 std::string CMFCPropertyGridDouble::FormatProperty() const {
-    const NumberFormat parts = TakeApart(format);
+    const NumberFormat parts = TakeApart(numberFormat);
     const std::string number = parts.zeros ? Format("%0*.*f", parts.width, parts.decimals, Get<double>())
                                            : Format("%*.*f", parts.width, parts.decimals, Get<double>());
     return parts.before + number + parts.after;
@@ -93,9 +93,9 @@ std::string CMFCPropertyGridAngleInteger::FormatProperty() const {
     return Format("%d\xB0", Get<std::int32_t>());
 }
 
-CMFCPropertyGridAngleProperty::CMFCPropertyGridAngleProperty(std::string_view name, double value, int angleType,
+CMFCPropertyGridAngleProperty::CMFCPropertyGridAngleProperty(std::string_view name, double value, int type,
                                                              std::string_view description, UINT id)
-    : CMFCPropertyGridProperty(name, value, description, id), type(angleType) {}
+    : CMFCPropertyGridProperty(name, value, description, id), angleType(type) {}
 
 std::string CMFCPropertyGridAngleProperty::FormatProperty() const {
     return Format("%.3f\xB0", Get<double>() * (180.0 / std::numbers::pi));
@@ -114,9 +114,9 @@ bool CMFCPropertyGridAngleProperty::Accept(const RowValue& candidate) const {
 
 // ---- Pickers ----
 
-CPickerProperty::CPickerProperty(std::string_view name, RowValue value, COLORREF rowColour,
-                                 std::string_view description, UINT id)
-    : CMFCPropertyGridProperty(name, std::move(value), description, id), colour(rowColour) {
+CPickerProperty::CPickerProperty(std::string_view name, RowValue value, COLORREF colour, std::string_view description,
+                                 UINT id)
+    : CMFCPropertyGridProperty(name, std::move(value), description, id), drawnIn(colour) {
     AllowEdit(false);
 }
 
@@ -140,18 +140,18 @@ bool CPickerProperty::Accept(const RowValue& candidate) const {
 }
 
 void CPickerProperty::SetColour(COLORREF newColour) {
-    colour = newColour;
+    drawnIn = newColour;
     Redraw();
 }
 
 CMFCPropertyGridPrimaryColourProperty::CMFCPropertyGridPrimaryColourProperty(std::string_view name, COLORREF value,
-                                                                             int offered, std::string_view description,
+                                                                             int count, std::string_view description,
                                                                              UINT id)
-    : CPickerProperty(name, value, value, description, id), count(offered) {}
+    : CPickerProperty(name, value, value, description, id), offered(count) {}
 
 std::vector<RowChoice> CMFCPropertyGridPrimaryColourProperty::GetChoices() const {
     std::vector<RowChoice> choices;
-    for (int i = 0; i < count && i < kPaletteCount; ++i) {
+    for (int i = 0; i < offered && i < kPaletteCount; ++i) {
         const PaletteColour& entry = kPalette[static_cast<std::size_t>(i)];
         choices.push_back({entry.colour, std::string(entry.name)});
     }
@@ -187,13 +187,13 @@ std::vector<RowChoice> CMFCPropertyGridLineThicknessProperty::GetChoices() const
 }
 
 CMFCPropertyGridVectorSymbolProperty::CMFCPropertyGridVectorSymbolProperty(std::string_view name, VECTOR_SYMBOL value,
-                                                                           int offered, std::string_view description,
+                                                                           int count, std::string_view description,
                                                                            UINT id)
-    : CPickerProperty(name, value, 0, description, id), count(offered) {}
+    : CPickerProperty(name, value, 0, description, id), offered(count) {}
 
 std::vector<RowChoice> CMFCPropertyGridVectorSymbolProperty::GetChoices() const {
     std::vector<RowChoice> choices;
-    for (VECTOR_SYMBOL symbol = 0; symbol < count; ++symbol) {
+    for (VECTOR_SYMBOL symbol = 0; symbol < offered; ++symbol) {
         choices.push_back({symbol, symbol == 0 ? std::string("None") : Format("Symbol %d", symbol)});
     }
     return choices;

@@ -32,7 +32,7 @@ public:
     bool Accept(const RowValue& candidate) const override;
 
 private:
-    std::string format;
+    std::string numberFormat;
 };
 
 /// A whole number, with bounds where it has a spin control. The edit mask, its template and the valid characters are
@@ -55,13 +55,13 @@ class CMFCPropertyGridAngleProperty : public CMFCPropertyGridProperty {
 public:
     CMFCPropertyGridAngleProperty(std::string_view name, double value, int type, std::string_view description, UINT id);
     ROW_KIND GetKind() const override { return ROW_KIND::ANGLE; }
-    int GetAngleType() const { return type; }
+    int GetAngleType() const { return angleType; }
     std::string FormatProperty() const override;
     bool Parse(std::string_view text, RowValue& parsed) const override;
     bool Accept(const RowValue& candidate) const override;
 
 private:
-    int type;
+    int angleType;
 };
 
 /// The same, where the notation is chosen by a mode of the list.
@@ -77,14 +77,14 @@ public:
     bool Parse(std::string_view text, RowValue& parsed) const override;
     bool Accept(const RowValue& candidate) const override;
     /// The colour in which the offered values are drawn.
-    COLORREF GetColour() const { return colour; }
+    COLORREF GetColour() const { return drawnIn; }
     void SetColour(COLORREF newColour);
 
 protected:
     CPickerProperty(std::string_view name, RowValue value, COLORREF colour, std::string_view description, UINT id);
 
 private:
-    COLORREF colour;
+    COLORREF drawnIn;
 };
 
 /// One of the first `count` colours of the palette. A stored colour that the palette lacks is shown as its three parts.
@@ -98,20 +98,20 @@ public:
     COLORREF GetColour() const { return Get<std::uint32_t>(); }
 
 private:
-    int count;
+    int offered;
 };
 
 class CMFCPropertyGridFillStyleProperty : public CPickerProperty {
 public:
     CMFCPropertyGridFillStyleProperty(FILL_STYLE value, COLORREF colour, UINT id);
-    ROW_KIND GetKind() const override { return ROW_KIND::FILL_STYLE; }
+    ROW_KIND GetKind() const override { return ROW_KIND::FILL; }
     std::vector<RowChoice> GetChoices() const override;
 };
 
 class CMFCPropertyGridLineThicknessProperty : public CPickerProperty {
 public:
     CMFCPropertyGridLineThicknessProperty(LINE_THICKNESS value, COLORREF colour, UINT id);
-    ROW_KIND GetKind() const override { return ROW_KIND::LINE_THICKNESS; }
+    ROW_KIND GetKind() const override { return ROW_KIND::THICKNESS; }
     std::vector<RowChoice> GetChoices() const override;
 };
 
@@ -120,31 +120,31 @@ class CMFCPropertyGridVectorSymbolProperty : public CPickerProperty {
 public:
     CMFCPropertyGridVectorSymbolProperty(std::string_view name, VECTOR_SYMBOL value, int count,
                                          std::string_view description, UINT id);
-    ROW_KIND GetKind() const override { return ROW_KIND::VECTOR_SYMBOL; }
+    ROW_KIND GetKind() const override { return ROW_KIND::SYMBOL; }
     std::vector<RowChoice> GetChoices() const override;
 
 private:
-    int count;
+    int offered;
 };
 
 class CMFCPropertyGridSymbolSizeProperty : public CPickerProperty {
 public:
     CMFCPropertyGridSymbolSizeProperty(SYMBOL_SIZE value, UINT id);
-    ROW_KIND GetKind() const override { return ROW_KIND::SYMBOL_SIZE; }
+    ROW_KIND GetKind() const override { return ROW_KIND::SIZE; }
     std::vector<RowChoice> GetChoices() const override;
 };
 
 class CMFCPropertyGridLabelModeProperty : public CPickerProperty {
 public:
     CMFCPropertyGridLabelModeProperty(SYMBOL_LABEL_MODE value, UINT id);
-    ROW_KIND GetKind() const override { return ROW_KIND::LABEL_MODE; }
+    ROW_KIND GetKind() const override { return ROW_KIND::LABEL; }
     std::vector<RowChoice> GetChoices() const override;
 };
 
 class CMFCPropertyGridLabelPositionProperty : public CPickerProperty {
 public:
     CMFCPropertyGridLabelPositionProperty(LABEL_POSITION value, UINT id);
-    ROW_KIND GetKind() const override { return ROW_KIND::LABEL_POSITION; }
+    ROW_KIND GetKind() const override { return ROW_KIND::POSITION; }
     std::vector<RowChoice> GetChoices() const override;
 };
 
