@@ -1,0 +1,150 @@
+#include "foundation/field_scanner.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include "platform/text.h"
+
+namespace quillon {
+namespace {
+
+enum CHAR_KIND : std::uint8_t { OTHER = 0, SPACE = 1, NUMBER = 2 };
+
+constexpr std::array<std::uint8_t, 256> kKinds = [] {
+    std::array<std::uint8_t, 256> kinds{};
+    for (const char c : {' ', '\t', '\n', '\v', '\f', '\r'}) kinds[static_cast<unsigned char>(c)] = SPACE;
+    for (const char c : std::string_view("+-0123456789.e?")) kinds[static_cast<unsigned char>(c)] = NUMBER;
+    return kinds;
+}();
+
+CHAR_KIND KindOf(char c) {
+    return static_cast<CHAR_KIND>(kKinds[static_cast<unsigned char>(c)]);
+}
+
+const char* SkipSpaces(const char* p, const char* end) {
+    while (p != end && KindOf(*p) == SPACE) ++p;
+    return p;
+}
+
+constexpr std::array<double, 23> kPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                                 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+/// A plain decimal ("-6001234.567") of up to 19 digits, read in the same pass that finds its end. Where the digits fit
+/// a double's 53 bits, the one division by an exact power of ten rounds correctly (William D. Clinger, How to Read
+/// Floating Point Numbers Accurately, 1990). Null for everything else, which then goes the long way.
+const char* PlainNumber(const char* p, const char* end, double& value) {
+    constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53;
+    constexpr std::ptrdiff_t kMostDigits = 19;
+    const bool negative = *p == '-';
+    if (negative) ++p;
+    std::uint64_t digits = 0;
+    const auto takeDigits = [&] {
+        const char* const start = p;
+        for (unsigned digit; p != end && (digit = static_cast<unsigned char>(*p) - unsigned{'0'}) < 10; ++p) {
+            digits = digits * 10 + digit;
+        }
+        return p - start;
+    };
+    std::ptrdiff_t count = takeDigits();
+    std::ptrdiff_t decimals = 0;
+    if (p != end && *p == '.') {
+        ++p;
+        decimals = takeDigits();
+        count += decimals;
+    }
+    if (count == 0 || count > kMostDigits || digits > kLargestExact) return nullptr;
+    if (p != end && KindOf(*p) == NUMBER) return nullptr;
+    const auto magnitude = static_cast<double>(static_cast<std::int64_t>(digits));
+    value = magnitude / kPowersOfTen[static_cast<std::size_t>(decimals)];
+    if (negative) value = -value;
+    return p;
+}
+
+}  // namespace
+
+/// Passes over white space; false, with the end noted, if nothing follows it.
+bool FieldScanner::SkipToField() {
+    first = SkipSpaces(first, last);
+    if (first == last) endReached = true;
+    return first != last;
+}
+
+double FieldScanner::NextNumber() {
+    if (!SkipToField()) return MISSING_VALUE;
+    double value = MISSING_VALUE;
+    if (*first != separator) {
+        while (first != last && KindOf(*first) != NUMBER) ++first;
+        if (first == last) return MISSING_VALUE;
+        if (const char* const behind = PlainNumber(first, last, value)) {
+            first = behind;
+        } else {
+            value = AnyNumber();
+        }
+        first = SkipSpaces(first, last);
+    }
+    if (first != last && *first == separator) ++first;
+    return value;
+}
+
+/// Takes the run of number characters at the front, whatever they make.
+double FieldScanner::AnyNumber() {
+    const char* const start = first;
+    bool unknown = false;
+    for (; first != last && KindOf(*first) == NUMBER; ++first) unknown |= *first == '?';
+    return unknown ? MISSING_VALUE : Atof({start, static_cast<std::size_t>(first - start)});
+}
+
+std::string_view FieldScanner::TakeUpTo(char stop) {
+    const char* const start = first;
+    first = std::find(first, last, stop);
+    return {start, static_cast<std::size_t>(first - start)};
+}
+
+/// What stands between the quote at the front and the next, or the end; what follows up to the separator is dropped.
+std::string_view FieldScanner::TakeQuoted() {
+    ++first;
+    const std::string_view field = TakeUpTo('"');
+    if (first != last) ++first;
+    TakeUpTo(separator);
+    return field;
+}
+
+std::string_view FieldScanner::NextField() {
+    if (!SkipToField()) return {};
+    const std::string_view field = *first == '"' ? TakeQuoted() : TakeUpTo(separator);
+    first = SkipSpaces(first, last);
+    if (first != last && *first == separator) ++first;
+    while (first != last && KindOf(last[-1]) == SPACE) --last;
+    return field;
+}
+
+int FieldScanner::FieldCount() const {
+    return IsEmpty() ? 0 : 1 + static_cast<int>(std::count(first, last, separator));
+}
+
+std::string FieldScanner::Escape(std::string_view text, char separator) {
+    std::string escaped;
+    for (const char c : text) {
+        if (c == '\r') {
+            escaped += kCarriageReturnToken;
+        } else if (c == '\n') {
+            escaped += kLineFeedToken;
+        } else if (c == separator) {
+            escaped += kSeparatorToken;
+        } else {
+            escaped += c;
+        }
+    }
+    return escaped;
+}
+
+std::string FieldScanner::Unescape(std::string_view field, char separator) {
+    // Hardly a field holds one.
+    if (field.find(kSeparatorToken.front()) == std::string_view::npos) return std::string(field);
+    std::string text = Replace(field, kCarriageReturnToken, "\r");
+    text = Replace(text, kLineFeedToken, "\n");
+    return Replace(text, kSeparatorToken, {&separator, 1});
+}
+
+}  // namespace quillon
