@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "platform/platform.h"
 #include "platform/text.h"
 
 namespace quillon {
@@ -55,7 +56,7 @@ void CalendarTime::Recompute() {
     epochSeconds = YearStart(year) + (dayOfYear - 1) * kSecondsPerDay + secondsOfDay;
 }
 
-CalendarTime CalendarTimeOf(const tagLocalClock& clock) {
+CalendarTime CalendarTimeOf(const LocalClock& clock) {
     CalendarTime time;
     time.hour = clock.hour;
     time.minute = clock.minute;
@@ -65,9 +66,8 @@ CalendarTime CalendarTimeOf(const tagLocalClock& clock) {
     time.month = clock.month;
     time.year = clock.year;
     time.daylightBias = clock.daylightSaving ? -60 : 0;
-    time.zoneBias = static_cast<std::int16_t>(clock.zoneBiasMinutes);
-    time.zoneName =
-        (clock.daylightSaving ? clock.daylightName : clock.standardName).substr(0, CalendarTime::kZoneNameLength);
+    time.zoneBias = static_cast<std::int16_t>(clock.biasMinutes);
+    time.zoneName = clock.zoneName.substr(0, CalendarTime::kZoneNameLength);
     time.Recompute();
     return time;
 }

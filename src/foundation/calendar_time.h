@@ -5,20 +5,7 @@
 
 namespace quillon {
 
-/// What a platform's clock and time zone say, local time.
-struct tagLocalClock {
-    int year = 2000;
-    int month = 1;
-    int day = 1;
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    int millisecond = 0;
-    int zoneBiasMinutes = 0;  ///< minutes to add to local standard time to get universal time
-    bool daylightSaving = false;
-    std::string standardName;
-    std::string daylightName;
-};
+struct LocalClock;
 
 /// One instant with its parts. The epoch of `epochSeconds` is 00:00 on 2 January 2000.
 ///
@@ -49,7 +36,8 @@ struct CalendarTime {
     void Recompute();
 };
 
-CalendarTime CalendarTimeOf(const tagLocalClock& clock);
+/// A reading of the platform's local clock, with its derived parts.
+CalendarTime CalendarTimeOf(const LocalClock& clock);
 
 bool IsLeapYear(int year);
 
