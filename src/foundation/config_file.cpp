@@ -125,10 +125,9 @@ tagPen CConfigFile::ReadPen(tagPen missing) {
     std::string_view value;
     if (!ReadValue(value)) return pen;
     pen.colour = ColourOf(value);
-    for (std::int16_t* const part : {&pen.style, &pen.thickness, &pen.fill}) {
-        if (!PassComma(value)) break;
-        *part = static_cast<std::int16_t>(Atoi(value));
-    }
+    if (PassComma(value)) pen.style = static_cast<std::int16_t>(Atoi(value));
+    if (PassComma(value)) pen.thickness = static_cast<std::int16_t>(Atoi(value));
+    if (PassComma(value)) pen.fill = static_cast<std::uint16_t>(Atoi(value));
     return pen;
 }
 

@@ -10,12 +10,12 @@
 
 namespace quillon {
 
-/// How a line is drawn.
+/// How a line is drawn, and the area it bounds.
 struct tagPen {
     std::int16_t style = 0;
     std::int16_t thickness = 0;
     COLORREF colour = 0;
-    std::int16_t fill = 0;
+    std::uint16_t fill = 0;  ///< a FILL_STYLE
     friend bool operator==(const tagPen&, const tagPen&) = default;
 };
 

@@ -70,10 +70,10 @@ public:
     void Reserve(Index capacity) {
         if (capacity > 0) items.reserve(static_cast<std::size_t>(capacity));
     }
-    /// Takes a filled vector over without a copy, but for spare room above an eighth, which is given back.
+    /// Takes a filled vector over; room to spare is given back.
     void Adopt(std::vector<T>&& filled) {
         items = std::move(filled);
-        if (items.capacity() - items.size() > items.size() / 8) items.shrink_to_fit();
+        items.shrink_to_fit();
     }
 
 private:
