@@ -1,0 +1,40 @@
+#include "features/drawing_options.h"
+
+#include "foundation/settings_lines.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::string_view kExtension = "DRW";
+
+}  // namespace
+
+template <class Lines, class Options>
+void EachLine(Lines& lines, Options& options) {
+    lines.Int("Vector Symbol", options.symbol);
+    lines.Int("Symbol Size", options.symbolSize);
+    lines.Colour("Colour", options.pen.colour);
+    lines.Int("Line Thickness", options.pen.thickness);
+    lines.Int("Fill", options.pen.fill);
+    lines.Int("Pen Style", options.pen.style);
+    lines.Int("Label Mode", options.labelMode);
+    lines.Int("Label Position", options.labelPosition);
+    lines.Bool("Show Leg Label", options.showLegLabel);
+}
+
+bool CDrawingOptions::LoadDrawing(FileSystem& files, std::string_view folder, std::string_view name) {
+    *this = CDrawingOptions();
+    CConfigFile file(files);
+    if (!file.OpenForReadIn(folder, name, kExtension)) return false;
+    ReadLines(file, *this);
+    return true;
+}
+
+void CDrawingOptions::SaveDrawing(FileSystem& files, std::string_view folder, std::string_view name) const {
+    CConfigFile file(files);
+    if (!file.OpenForWrite(folder, name, kExtension)) return;
+    WriteLines(file, *this);
+    file.Commit();
+}
+
+}  // namespace quillon

@@ -1,0 +1,33 @@
+#include "features/feature_common.h"
+
+#include "foundation/config_file.h"
+#include "foundation/paths.h"
+#include "foundation/settings_lines.h"
+
+namespace quillon {
+
+template <class Lines, class Feature>
+void EachLine(Lines& lines, Feature& feature) {
+    lines.Bool("Status", feature.Status);
+    lines.Bool("Highlight", feature.Highlight);
+}
+
+void CFeatureCommon::SetPathAndLoad(std::string_view newPath) {
+    path = newPath;
+    const tagPathParts parts = SplitPath(path);
+    folder = parts.folder;
+    name = parts.name;
+    Status = true;
+    Highlight = false;
+    CConfigFile file(files);
+    if (!path.empty() && file.OpenForReadIn(folder, name)) ReadLines(file, *this);
+}
+
+void CFeatureCommon::SaveCommon() const {
+    CConfigFile file(files);
+    if (path.empty() || !file.OpenForWrite(folder, name)) return;
+    WriteLines(file, *this);
+    file.Commit();
+}
+
+}  // namespace quillon

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/file.h"
+
+namespace quillon {
+
+/// What every feature has: the data file that it is, known by its path, and two flags kept in a settings file beside
+/// that file.
+class CFeatureCommon {
+public:
+    explicit CFeatureCommon(FileSystem& fileSystem) : files(fileSystem) {}
+
+    /// Takes the path apart and reads the flags of the file beside it; a line that is missing, or the whole file, gives
+    /// displayed and not highlighted. An empty path empties all three texts.
+    void SetPathAndLoad(std::string_view newPath);
+    /// Writes the flags. Skipped if the file can't be written.
+    void SaveCommon() const;
+
+    const std::string& GetPath() const { return path; }
+    /// Ends in a separator.
+    const std::string& GetFolder() const { return folder; }
+    /// Without folder and extension.
+    const std::string& GetName() const { return name; }
+    FileSystem& GetFiles() const { return files; }
+
+    bool Status = true;      ///< the feature is displayed
+    bool Highlight = false;  ///< the feature is shown on the cross profile
+
+private:
+    FileSystem& files;
+    std::string path;
+    std::string folder;
+    std::string name;
+};
+
+}  // namespace quillon

@@ -1,0 +1,70 @@
+#include "features/file_list.h"
+
+#include <limits>
+
+#include "foundation/config_file.h"
+#include "platform/text.h"
+
+namespace quillon {
+
+int CFileListBase::Find(std::string_view path) const {
+    for (int i = 0; i < GetCount(); ++i) {
+        if (EqualNoCase(GetPath(i), path)) return i;
+    }
+    return -1;
+}
+
+bool CFileListBase::Add(std::string_view path) {
+    if (Find(path) >= 0) return true;
+    if (!AppendFile(path, false)) return false;
+    Save();
+    return true;
+}
+
+void CFileListBase::SetEditCursor(int fileIndex, int pointIndex) {
+    const int file = fileIndex < 0 ? editState.editFileIndex : fileIndex;
+    const int point = pointIndex < 0 ? editState.editPointIndex : pointIndex;
+    editState = {};
+    if (!IsValidIndex(file) || file > std::numeric_limits<std::int16_t>::max()) return;
+    editState.editFileIndex = static_cast<std::int16_t>(file);
+    if (point >= 0 && point < GetPointCount(file)) editState.editPointIndex = point;
+}
+
+void CFileListBase::Save() const {
+    CConfigFile indexes(files);
+    if (indexes.OpenSettingsForWrite(settingsName)) {
+        indexes.WriteInt("Edit File Index", editState.editFileIndex);
+        indexes.WriteInt("Edit Point Index", editState.editPointIndex);
+        indexes.Commit();
+    }
+    CConfigFile paths(files);
+    if (paths.OpenSettingsForWrite(settingsName, "FLS")) {
+        paths.WriteSection(GetSection(), GetPaths());
+        paths.Commit();
+    }
+}
+
+std::vector<std::string> CFileListBase::GetPaths() const {
+    std::vector<std::string> paths;
+    paths.reserve(static_cast<std::size_t>(GetCount()));
+    for (int i = 0; i < GetCount(); ++i) paths.push_back(GetPath(i));
+    return paths;
+}
+
+void LoadFileList(CFileListBase& list) {
+    CConfigFile paths(list.GetFiles());
+    if (paths.OpenForRead(list.GetSettingsName(), "FLS")) {
+        std::string_view line;
+        paths.ReadLine(line);  // the section's head
+        while (paths.ReadLine(line)) {
+            if (!Trim(line).empty() && list.Find(line) < 0) list.AppendFile(line, true);
+        }
+    }
+    CConfigFile indexes(list.GetFiles());
+    if (!indexes.OpenForRead(list.GetSettingsName())) return;
+    const int file = indexes.ReadInt(-1);
+    const int point = indexes.ReadInt(-1);
+    list.SetEditCursor(file, point);
+}
+
+}  // namespace quillon

@@ -1,0 +1,112 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/errors.h"
+#include "platform/file.h"
+
+namespace quillon {
+
+/// The edit cursor of a list: which file, and which point of it, the host and the listing work on. -1 is none.
+struct FeatureEditState {
+    std::int32_t editActive = 0;
+    std::int16_t editFileIndex = -1;
+    std::int32_t editPointIndex = -1;
+    std::int16_t thirdIndex = -1;
+    std::array<std::string, 3> work;
+    std::uint32_t workWord = 0;
+    friend bool operator==(const FeatureEditState&, const FeatureEditState&) = default;
+};
+
+/// The files of one kind that are loaded for a job, in their order. The base holds what doesn't depend on the kind: the
+/// edit cursor, the changed flag, and the list's own two settings files.
+///
+/// The cursor's file index is -1 or a valid member, its point index -1 or valid in that member.
+class CFileListBase {
+public:
+    explicit CFileListBase(FileSystem& fileSystem) : files(fileSystem) {}
+    virtual ~CFileListBase() = default;
+    CFileListBase(const CFileListBase&) = delete;
+    CFileListBase& operator=(const CFileListBase&) = delete;
+
+    virtual int GetCount() const = 0;
+    /// `index` is valid.
+    virtual const std::string& GetPath(int index) const = 0;
+    virtual int GetPointCount(int index) const = 0;
+    /// Reads the file and puts it at the end of the list, then saves the list. A path that is a member already,
+    /// regardless of case, is passed over. True if the list holds the path in the end; whether a file of no use is kept
+    /// depends on the kind.
+    bool Add(std::string_view path);
+    /// Destroys the member. `index` is valid. Moves no cursor and saves nothing.
+    virtual void RemoveAt(int index) = 0;
+
+    bool IsEmpty() const { return GetCount() == 0; }
+    bool IsValidIndex(int index) const { return index >= 0 && index < GetCount(); }
+    /// The member with this path, regardless of case; -1 for none.
+    int Find(std::string_view path) const;
+
+    /// Points the cursor at a file and a point of it. A negative argument keeps what the cursor holds; what isn't there
+    /// becomes -1. All else in the edit state is reset.
+    virtual void SetEditCursor(int fileIndex, int pointIndex);
+    void ResetEditCursor() { editState = {}; }
+
+    /// Rewrites the list's settings files.
+    virtual void Save() const;
+
+    FileSystem& GetFiles() const { return files; }
+    const std::string& GetSettingsName() const { return settingsName; }
+    /// The host's, before anything else.
+    void SetSettingsName(std::string_view name) { settingsName = name; }
+
+    FeatureEditState editState;
+    bool changed = false;  ///< something that the host draws was changed by a pane
+
+protected:
+    friend void LoadFileList(CFileListBase& list);
+
+    /// Reads the file and appends it, without a look at the members and without saving. With `keepUseless` a file that
+    /// gives nothing is kept in any case.
+    virtual bool AppendFile(std::string_view path, bool keepUseless) = 0;
+    /// The head of the section that the paths are listed under.
+    virtual std::string_view GetSection() const = 0;
+    std::vector<std::string> GetPaths() const;
+
+private:
+    FileSystem& files;
+    std::string settingsName;
+};
+
+/// A list that owns its features.
+template <class Feature>
+class CFileList : public CFileListBase {
+public:
+    using CFileListBase::CFileListBase;
+
+    int GetCount() const override { return static_cast<int>(members.size()); }
+    /// InvalidArgument for an index outside the list.
+    Feature& operator[](int index) { return *members[Checked(index)]; }
+    const Feature& operator[](int index) const { return *members[Checked(index)]; }
+    void Append(std::unique_ptr<Feature> feature) { members.push_back(std::move(feature)); }
+    void RemoveAt(int index) override { members.erase(members.begin() + static_cast<std::ptrdiff_t>(Checked(index))); }
+
+private:
+    std::size_t Checked(int index) const {
+        if (!IsValidIndex(index)) throw InvalidArgument("list index out of range");
+        return static_cast<std::size_t>(index);
+    }
+
+    std::vector<std::unique_ptr<Feature>> members;
+};
+
+/// The host's side of a list's settings files, for its start: adds each path of the "FLS" file, then applies the two
+/// indexes of the "INI" file. The settings name must be set. Nothing is written, so that a start that is cut short
+/// loses nothing, and a file that can't be read today (a drive that isn't there yet) keeps its place in the list.
+void LoadFileList(CFileListBase& list);
+
+}  // namespace quillon

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "features/boundary.h"
+
+namespace quillon {
+
+/// All the features of a job: what a host owns and hands to the panes. It outlives them.
+struct JobFeatures {
+    /// The lists get their settings names; nothing is read.
+    explicit JobFeatures(FileSystem& files);
+
+    /// Reads the list files and every feature that they name, as a host does at its start.
+    void Load();
+
+    CBoundaryList boundaries;
+};
+
+}  // namespace quillon

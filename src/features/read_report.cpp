@@ -1,0 +1,24 @@
+#include "features/read_report.h"
+
+namespace quillon {
+
+std::string_view ReasonText(PASSED_OVER reason) {
+    switch (reason) {
+        case PASSED_OVER::NO:
+            return "taken";
+        case PASSED_OVER::NO_EASTING:
+            return "no easting";
+        case PASSED_OVER::NO_NORTHING:
+            return "no northing";
+        case PASSED_OVER::ZERO_POSITION:
+            return "0, 0 stands for no position";
+    }
+    return {};
+}
+
+void ReadReport::NameLine(PASSED_OVER reason) {
+    ++passedOver;
+    if (named.size() < kMostNamed) named.push_back({lines, reason});
+}
+
+}  // namespace quillon

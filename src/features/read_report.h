@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace quillon {
+
+/// Why a line of a data file gave nothing.
+enum class PASSED_OVER {
+    NO,            ///< it gave something
+    NO_EASTING,    ///< no number where the first coordinate should be
+    NO_NORTHING,   ///< no number where the second should be
+    ZERO_POSITION  ///< 0, 0 stands for no position
+};
+
+std::string_view ReasonText(PASSED_OVER reason);
+
+/// What a reader made of the lines of a file. Reading itself stays quiet; this is for who asks.
+struct ReadReport {
+    struct PassedLine {
+        std::size_t number = 0;  ///< from 1
+        PASSED_OVER reason = PASSED_OVER::NO;
+    };
+    /// Lines named at most, so that a report on any file stays short.
+    static constexpr std::size_t kMostNamed = 20;
+
+    bool opened = false;
+    std::size_t lines = 0;
+    std::size_t taken = 0;
+    std::size_t passedOver = 0;
+    std::vector<PassedLine> named;  ///< the first of those passed over
+
+    void Count(PASSED_OVER reason) {
+        ++lines;
+        if (reason == PASSED_OVER::NO) {
+            ++taken;
+        } else {
+            NameLine(reason);
+        }
+    }
+
+private:
+    void NameLine(PASSED_OVER reason);
+};
+
+}  // namespace quillon

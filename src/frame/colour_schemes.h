@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/property_grid.h"
+
+namespace quillon {
+
+inline constexpr int kColourSchemeCount = 8;
+/// The scheme of the feature panes.
+inline constexpr int kFeaturePaneScheme = 1;
+
+/// The colours of a scheme, 0 to 7; InvalidArgument beyond.
+const PropertyColours& SchemeColours(int scheme, bool night);
+
+/// Sets a list to a scheme, in the night colours while the list's night flag is set, and notes the number in it.
+void ApplyColourScheme(CMyMFCPropertyGridCtrl& list, int scheme);
+
+/// The colours of the points tables.
+struct TableColours {
+    COLORREF background;
+    COLORREF text;
+};
+constexpr TableColours PointsTableColours(bool night) {
+    return night ? TableColours{0x000000, 0xC0C0C0} : TableColours{0xD6D6D6, 0x000000};
+}
+inline constexpr TableColours kTableHeaderColours = {0x555555, 0xEBEBEB};
+
+}  // namespace quillon

@@ -1,0 +1,118 @@
+#include "panes/boundary_pane.h"
+
+#include <array>
+
+#include "panes/row_values.h"
+#include "panes/table_texts.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::uint8_t kSaveDrawing = 1;
+
+// clang-format off
+constexpr std::array<RowEffect, 5> kEffects = {{
+    // row                 equal value        save          changed  messages
+    {BOUNDARY_DISPLAY,   EQUAL_VALUE::ENDS, kSaveDrawing, true,  ROW_MESSAGES::REDRAW_RECOMPUTE_IF_HIGHLIGHTED},
+    {BOUNDARY_HIGHLIGHT, EQUAL_VALUE::ENDS, kSaveDrawing, false, ROW_MESSAGES::RECOMPUTE},
+    {BOUNDARY_COLOUR,    EQUAL_VALUE::ENDS, kSaveDrawing, true,  ROW_MESSAGES::REDRAW},
+    {BOUNDARY_FILL,      EQUAL_VALUE::ENDS, kSaveDrawing, true,  ROW_MESSAGES::REDRAW},
+    {BOUNDARY_THICKNESS, EQUAL_VALUE::ENDS, kSaveDrawing, true,  ROW_MESSAGES::REDRAW},
+}};
+// clang-format on
+
+constexpr FeaturePaneTraits kTraits = {.comboId = 12057,
+                                       .addId = 12055,
+                                       .removeId = 12056,
+                                       .tableId = 12015,
+                                       .fileKind = "Boundary",
+                                       .listRows = 16,
+                                       .type = FEATURE_TYPES::BOUNDARY,
+                                       .addMessages = LIST_MESSAGES::REDRAW_RECOMPUTE,
+                                       .removeMessages = LIST_MESSAGES::REDRAW_RECOMPUTE,
+                                       .cursor = COMBO_CURSOR::FOLLOWS,
+                                       .removeMovesCursor = true,
+                                       .effects = kEffects};
+
+enum COLUMN { NUMBER, EASTING, NORTHING };
+
+}  // namespace
+
+CBoundaryPane::CBoundaryPane(Platform& owner) : CFeaturePane(owner, kTraits) {}
+
+bool CBoundaryPane::Create(CWnd* parent, UINT id, CBoundaryList& features) {
+    return CFeaturePane::Create(parent, id, kTitle, features);
+}
+
+void CBoundaryPane::BuildRows(int index) {
+    const CBoundary& boundary = Member(index);
+    const COLORREF colour = boundary.pen.colour;
+    auto& properties = GetPropertyList().AddGroup("Properties");
+    properties.Add<CMFCPropertyGridProperty>("Display", boundary.Status, "Determine whether to display Boundary File",
+                                             BOUNDARY_DISPLAY);
+    properties
+        .Add<CMFCPropertyGridProperty>("Data Order", std::string("Eng, Nng"), "Order of data within Boundary File", 0u)
+        .AllowEdit(false);
+    properties.Add<CMFCPropertyGridProperty>("Highlight", boundary.Highlight, "Show on Cross Profile",
+                                             BOUNDARY_HIGHLIGHT);
+    auto& area = GetPropertyList().AddGroup("Area");
+    area.Add<CMFCPropertyGridPrimaryColourProperty>("Colour", colour, kPaletteCount,
+                                                    "Specifies the pen color of the symbols", BOUNDARY_COLOUR);
+    area.Add<CMFCPropertyGridFillStyleProperty>(boundary.pen.fill, colour, BOUNDARY_FILL);
+    area.Add<CMFCPropertyGridLineThicknessProperty>(boundary.pen.thickness, colour, BOUNDARY_THICKNESS);
+}
+
+bool CBoundaryPane::StoreRow(int index, CMFCPropertyGridProperty& row) {
+    CBoundary& boundary = Member(index);
+    switch (static_cast<BOUNDARY_ROW>(row.GetData())) {
+        case BOUNDARY_DISPLAY:
+            return Take(boundary.Status, row);
+        case BOUNDARY_HIGHLIGHT:
+            return Take(boundary.Highlight, row);
+        case BOUNDARY_COLOUR: {
+            const bool differed = Take(boundary.pen.colour, row);
+            ColourRow(GetPropertyList(), BOUNDARY_FILL, boundary.pen.colour);
+            ColourRow(GetPropertyList(), BOUNDARY_THICKNESS, boundary.pen.colour);
+            return differed;
+        }
+        case BOUNDARY_FILL:
+            return Take(boundary.pen.fill, row);
+        case BOUNDARY_THICKNESS:
+            return Take(boundary.pen.thickness, row);
+    }
+    return false;
+}
+
+void CBoundaryPane::SaveMember(int index, std::uint8_t) {
+    Member(index).SaveDrawingOptions();
+}
+
+std::vector<std::string> CBoundaryPane::TableColumns(int) const {
+    return {"No", "Easting", "Northing"};
+}
+
+TableRows CBoundaryPane::MakeTableRows(int index) const {
+    const auto point = [this, index](std::ptrdiff_t row) {
+        return List().IsValidIndex(index) && Member(index).IsValidIndex(row) ? Member(index)[row] : tagXY();
+    };
+    const int count = static_cast<int>(Member(index).GetSize());
+    return {.count = count,
+            .cell =
+                [point](int row, int column) {
+                    if (column == NUMBER) return Format("%d", row + 1);
+                    return MetresText(column == EASTING ? point(row).x : point(row).y);
+                },
+            .widest = [point, count](int column) -> std::vector<std::string> {
+                if (column == NUMBER) return {Format("%d", count)};
+                return ExtremeTexts(
+                    count, [&](std::ptrdiff_t i) { return column == EASTING ? point(i).x : point(i).y; }, MetresText);
+            }};
+}
+
+bool CBoundaryPane::PointOfRow(int index, int row, tagXY& point) const {
+    if (!Member(index).IsValidIndex(row)) return false;
+    point = Member(index)[row];
+    return true;
+}
+
+}  // namespace quillon

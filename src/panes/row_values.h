@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <type_traits>
+
+#include "platform/property_grid.h"
+#include "platform/property_rows.h"
+
+namespace quillon {
+
+/// Takes a row's value into a member; false if the member had it. Whole numbers of any width are held by a row as 32
+/// bits.
+template <class Member>
+bool Take(Member& member, const CMFCPropertyGridProperty& row) {
+    Member value{};
+    if constexpr (std::is_same_v<Member, bool> || std::is_same_v<Member, double> ||
+                  std::is_same_v<Member, std::string> || std::is_same_v<Member, COLORREF>) {
+        value = row.Get<Member>();
+    } else {
+        value = static_cast<Member>(row.Get<std::int32_t>());
+    }
+    if (value == member) return false;
+    member = value;
+    return true;
+}
+
+/// Gives the picker row with that id the colour that it draws its choices in.
+void ColourRow(const CMFCPropertyGridCtrl& list, UINT id, COLORREF colour);
+
+/// The place of the row's text among its options; -1 if it is none of them.
+int ChosenOption(const CMFCPropertyGridProperty& row);
+
+}  // namespace quillon
