@@ -1,14 +1,12 @@
 #include <optional>
 
+#include "foundation/angle_units.h"
 #include "geodesy/catalogue/grid_row.h"
 #include "geodesy/grid.h"
 
 namespace quillon {
 
 namespace {
-
-/// The one place where a row's degrees become radians.
-constexpr double kRadians = 0.017453292519943;
 
 /// UTM leaves the ellipsoid alone, but needs one.
 void SelectEllipsoid(CEllipsoid& ellipsoid, const GridRow& row) {
@@ -47,8 +45,8 @@ bool CGrid::SetGrid(std::int32_t gridZone, std::int32_t gridType, std::int32_t g
     if (row->utmZone != 0 || type == UTM_GRID) utmZone = row->utmZone;
     axis = row->axis;
     // The parallels and the table stand before the origin is set, since that derives the constants from all of them.
-    lat1 = row->lat1 * kRadians;
-    lat2 = row->lat2 * kRadians;
+    lat1 = row->lat1 * kRadiansPerDegree;
+    lat2 = row->lat2 * kRadiansPerDegree;
     StoreParameters(row->table);
     SetOriginDegrees(row->lat0, row->lon0, row->falseEasting, row->falseNorthing, row->scale);
     return true;
