@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -22,17 +21,22 @@ struct DataSetDef {
     CArray<GridShiftRecordDef> nodes;
 };
 
-/// Container of NTv2 data sets. On destruction it leaves the reference point in its settings file.
+/// Container of NTv2 data sets. On destruction it leaves its reference point in the settings file "NTv2".
 class CNTv2 : public CArray<std::unique_ptr<DataSetDef>> {
 public:
+    /// A point in both systems, degrees. Nothing in this system sets it or reads the file back.
+    struct ReferencePoint {
+        double nad27Latitude = 0;
+        double nad27Longitude = 0;
+        double nad83Latitude = 0;
+        double nad83Longitude = 0;
+        friend bool operator==(const ReferencePoint&, const ReferencePoint&) = default;
+    };
+
     std::string systemFrom;
     std::string systemTo;
     std::string version;
-    /// A reference point in both systems, degrees; nothing in this system sets it.
-    double nad27Latitude = 0;
-    double nad27Longitude = 0;
-    double nad83Latitude = 0;
-    double nad83Longitude = 0;
+    ReferencePoint reference;
     std::uint16_t flag = 0;
 
     explicit CNTv2(FileSystem& fileSystem) : files(fileSystem) {}
@@ -41,6 +45,7 @@ public:
     ~CNTv2();
 
 private:
+    bool SettingsStand() const;
     void WriteSettings() const;
 
     FileSystem& files;
