@@ -1,0 +1,75 @@
+#include "geodesy/batch.h"
+
+#include <algorithm>
+
+#include "geodesy/formulas.h"
+#include "geodesy/scalar_math.h"
+
+namespace quillon {
+
+extern const BatchKernels kBaselineKernels;
+#ifdef QUILLON_X86_KERNELS
+extern const BatchKernels kAvx2Kernels;
+extern const BatchKernels kAvx512Kernels;
+#endif
+
+namespace {
+
+constexpr const BatchKernels* kKernels[] = {
+#ifdef QUILLON_X86_KERNELS
+    &kAvx512Kernels,
+    &kAvx2Kernels,
+#endif
+    &kBaselineKernels,
+};
+
+/// The lanes' series wants a flattening like the earth's, and no grid whose position depends on the one before.
+bool FitsLanes(const CEllipsoid& ellipsoid) {
+    return ellipsoid.e2 >= 0 && ellipsoid.e2 <= Formulas<ScalarMath>::kSeriesE2;
+}
+bool FitsLanes(const CGrid& grid) {
+    return grid.ellipsoid != nullptr && grid.ellipsoid->a != 0 && grid.k0 != 0 && grid.type != NORWEGIAN_AXES &&
+           FitsLanes(*grid.ellipsoid);
+}
+
+}  // namespace
+
+std::span<const BatchKernels* const> AllBatchKernels() {
+    return kKernels;
+}
+
+const BatchKernels& FastestBatchKernels() {
+    static const BatchKernels& fastest =
+        **std::ranges::find_if(kKernels, [](const BatchKernels* kernels) { return kernels->runsHere(); });
+    return fastest;
+}
+
+void CGrid::ForwardAll(std::span<double> eastings, std::span<double> northings, std::span<const double> latitudes,
+                       std::span<const double> longitudes) {
+    const std::size_t count = std::min({eastings.size(), northings.size(), latitudes.size(), longitudes.size()});
+    if (FitsLanes(*this)) {
+        FastestBatchKernels().forward(*this, latitudes.data(), longitudes.data(), eastings.data(), northings.data(),
+                                      count);
+        return;
+    }
+    for (std::size_t i = 0; i < count; i++) Forward(&eastings[i], &northings[i], latitudes[i], longitudes[i]);
+}
+
+bool CEllipsoid::DistanceAll(std::span<const double> firstLats, std::span<const double> firstLons,
+                             std::span<const double> secondLats, std::span<const double> secondLons,
+                             std::span<double> distances) const {
+    if (method != 0 && method != 1) return false;
+    const std::size_t count =
+        std::min({firstLats.size(), firstLons.size(), secondLats.size(), secondLons.size(), distances.size()});
+    if (FitsLanes(*this) && e2 != 0) {
+        FastestBatchKernels().distance(*this, firstLats.data(), firstLons.data(), secondLats.data(), secondLons.data(),
+                                       distances.data(), count);
+        return true;
+    }
+    for (std::size_t i = 0; i < count; i++) {
+        Distance(firstLats[i], firstLons[i], secondLats[i], secondLons[i], &distances[i]);
+    }
+    return true;
+}
+
+}  // namespace quillon

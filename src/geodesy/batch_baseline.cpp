@@ -1,0 +1,10 @@
+#include "geodesy/batch_kernels.h"
+
+namespace quillon {
+
+// Two doubles at a time: what every processor of the supported families has.
+extern const BatchKernels kBaselineKernels;
+const BatchKernels kBaselineKernels = {"baseline", 2, [] { return true; }, LaneLoops<2>::Forward,
+                                       LaneLoops<2>::Distance};
+
+}  // namespace quillon

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "geodesy/batch.h"
+#include "geodesy/formulas.h"
+#include "geodesy/lane_math.h"
+
+namespace quillon {
+
+/// The loops of one instruction set. Included only by the source files compiled for a set, each with a width of its
+/// own, and calls nothing inline of the standard library: a copy compiled here could be the one that the linker keeps.
+template <int kLanes>
+struct LaneLoops {
+    using M = LaneMath<kLanes>;
+    using V = typename M::Value;
+    using Mask = typename M::Mask;
+
+    static constexpr double kHighestLat = 1.5707;  // 600 m short of the pole
+    static constexpr double kHighestLon = 7.0;     // a turn and a little to either side
+    static constexpr double kNoPosition = 4.848136811095278e-9;
+
+    static V Load(const double* from) {
+        V values;
+        __builtin_memcpy(&values, from, sizeof values);
+        return values;
+    }
+    static void Store(double* to, V values) { __builtin_memcpy(to, &values, sizeof values); }
+
+    static Mask Apart(V lat, V lon) { return (M::Abs(lat) < kHighestLat) & (M::Abs(lon) < kHighestLon); }
+
+    /// Positions that the lanes may take: on the globe short of the poles, and not the one that stands for no position.
+    static bool Ordinary(V lat, V lon) {
+        const Mask somewhere = (M::Abs(lat) >= kNoPosition) | (M::Abs(lon) >= kNoPosition);
+        return !M::Any(~(Apart(lat, lon) & somewhere));
+    }
+
+    template <class F>
+    static void ForwardGroup(CGrid& grid, F formula, const double* lat, const double* lon, double* east,
+                             double* north) {
+        const V lats = Load(lat), lons = Load(lon);
+        if (Ordinary(lats, lons)) {
+            const auto position = formula(grid, lats, lons);
+            Store(east, position.east);
+            Store(north, position.north);
+            return;
+        }
+        for (int i = 0; i < kLanes; i++) grid.Forward(&east[i], &north[i], lats[i], lons[i]);
+    }
+
+    static void Forward(CGrid& grid, const double* lat, const double* lon, double* east, double* north,
+                        std::size_t count) {
+        WithFormula<M>(grid, [=, &grid](auto formula) {
+            std::size_t i = 0;
+            for (; i + kLanes <= count; i += kLanes) ForwardGroup(grid, formula, lat + i, lon + i, east + i, north + i);
+            if (i == count) return;
+            double lats[kLanes], lons[kLanes], easts[kLanes], norths[kLanes];
+            for (std::size_t k = 0; k < kLanes; k++) {
+                lats[k] = lat[i + k < count ? i + k : i];
+                lons[k] = lon[i + k < count ? i + k : i];
+            }
+            ForwardGroup(grid, formula, lats, lons, easts, norths);
+            for (std::size_t k = 0; i + k < count; k++) {
+                east[i + k] = easts[k];
+                north[i + k] = norths[k];
+            }
+        });
+    }
+
+    /// Pairs that the lanes may take: neither point on the equator to start from, and not twice the same.
+    static bool OrdinaryPair(V lat1, V lon1, V lat2, V lon2) {
+        const Mask different = (lat1 != lat2) | (lon1 != lon2);
+        return !M::Any(~(Apart(lat1, lon1) & Apart(lat2, lon2) & (lat1 != 0.0) & different));
+    }
+
+    static void DistanceGroup(const CEllipsoid& ellipsoid, const double* lat1, const double* lon1, const double* lat2,
+                              const double* lon2, double* distances) {
+        const V lats1 = Load(lat1), lons1 = Load(lon1), lats2 = Load(lat2), lons2 = Load(lon2);
+        if (OrdinaryPair(lats1, lons1, lats2, lons2)) {
+            Store(distances, RudoeDistance<M>::Between(ellipsoid, lats1, lons1, lats2, lons2));
+            return;
+        }
+        for (int i = 0; i < kLanes; i++) ellipsoid.Distance(lats1[i], lons1[i], lats2[i], lons2[i], &distances[i]);
+    }
+
+    static void Distance(const CEllipsoid& ellipsoid, const double* lat1, const double* lon1, const double* lat2,
+                         const double* lon2, double* distances, std::size_t count) {
+        std::size_t i = 0;
+        for (; i + kLanes <= count; i += kLanes) {
+            DistanceGroup(ellipsoid, lat1 + i, lon1 + i, lat2 + i, lon2 + i, distances + i);
+        }
+        for (; i < count; i++) ellipsoid.Distance(lat1[i], lon1[i], lat2[i], lon2[i], &distances[i]);
+    }
+};
+
+}  // namespace quillon

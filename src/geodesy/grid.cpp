@@ -1,0 +1,365 @@
+#include "geodesy/grid.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "foundation/angle_units.h"
+#include "geodesy/formulas.h"
+#include "geodesy/norwegian_axes.h"
+#include "geodesy/scalar_math.h"
+
+namespace quillon {
+namespace {
+
+using OnePosition = Formulas<ScalarMath>;
+
+constexpr double kHalfPi = 1.5707963267948966;
+constexpr double kQuarterPi = 0.7853981633974483;
+constexpr double kRadiansPerSecond = 4.84813681109536e-6;
+constexpr double kFeetPerMetre = 3.28083333;          // as the plane-coordinate tables have it
+constexpr double kNoPosition = 4.848136811095278e-9;  // 0.001"
+
+double RootOrZero(double x) {
+    return x > 0 ? std::sqrt(x) : 0;
+}
+
+/// sqrt(1 - e2 sin^2), 0 where there is none.
+double RootW(const CEllipsoid& ellipsoid, double sine) {
+    return RootOrZero(1 - ellipsoid.e2 * sine * sine);
+}
+
+double IsometricLatitude(const CEllipsoid& ellipsoid, double lat) {
+    return OnePosition::IsometricLatitude(ellipsoid, std::sin(lat), std::cos(lat));
+}
+
+double ConformalRatio(const CEllipsoid& ellipsoid, double lat) {
+    return OnePosition::ConformalRatio(ellipsoid, std::sin(lat), std::cos(lat));
+}
+
+/// Radius of a parallel over a.
+double ParallelRadius(const CEllipsoid& ellipsoid, double lat) {
+    return std::cos(lat) / RootW(ellipsoid, std::sin(lat));
+}
+
+void TakeOrigin(CGrid& grid) {
+    const CEllipsoid& ellipsoid = *grid.ellipsoid;
+    grid.sin0 = std::sin(grid.lat0);
+    grid.cos0 = std::cos(grid.lat0);
+    grid.tan0 = grid.cos0 == 0 ? 0 : grid.sin0 / grid.cos0;
+    const double w = RootW(ellipsoid, grid.sin0);
+    grid.nu0 = w > 0 ? ellipsoid.a / w : 0;
+    grid.rho0 = w > 0 ? ellipsoid.oneMinusE2 * ellipsoid.a / (w * w * w) : 0;
+    grid.M0 = ellipsoid.MeridianArc(grid.lat0);
+    grid.psi0 = IsometricLatitude(ellipsoid, grid.lat0);
+}
+
+void TakeScaleRatio(CGrid& grid) {
+    grid.scaleRatio = grid.k0 == 1 ? 1.0 : 1 / std::fabs(1 - grid.k0);
+}
+
+void InitMercator(CGrid& grid) {
+    const CEllipsoid& ellipsoid = *grid.ellipsoid;
+    grid.W[0] = ellipsoid.a;
+    grid.W[1] = 0;
+    if (grid.lat0 == 0) return;
+    grid.k0 = ParallelRadius(ellipsoid, grid.lat0);
+    grid.W[0] = grid.k0 * ellipsoid.a;
+    // Only an inverse would read it: the false northing of subtype 1 applies at the equator.
+    grid.W[1] = grid.subtype == 1 ? grid.psi0 * grid.W[0] : 0;
+}
+
+/// The one-parallel series about lat0. Needs a latitude of origin off the equator.
+void InitLambertSeries(CGrid& grid) {
+    if (grid.nu0 == 0 || grid.tan0 == 0) return;
+    const double ep2 = grid.ellipsoid->ep2;
+    const double cos2 = grid.cos0 * grid.cos0, tan2 = grid.tan0 * grid.tan0;
+    auto& W = grid.W;
+    W[0] = 1 / (6 * grid.rho0 * grid.nu0);
+    W[1] = (1 - 4 * ep2 * cos2) * grid.tan0 * W[0] / (4 * grid.nu0);
+    const double Q = W[0] / (20 * grid.rho0 * grid.nu0);
+    W[2] = (5 + 3 * tan2 - 3 * ep2 * (1 + cos2)) * Q;
+    W[3] = (7 + 4 * tan2) * grid.tan0 * Q / (2 * grid.nu0);
+    W[4] = grid.k0 * grid.nu0 / grid.tan0;
+    W[5] = grid.sin0;
+    // The last three serve an inverse only.
+    W[6] = W[0] / 3;
+    W[7] = W[0] * grid.tan0 / grid.nu0;
+    W[8] = W[0] * W[7] / 4;
+}
+
+/// Sine of the parallel at which a cone through the two standard parallels touches; of the parallel itself if they are
+/// the same one.
+double ConeConstant(const CGrid& grid) {
+    const CEllipsoid& ellipsoid = *grid.ellipsoid;
+    if (grid.lat1 == grid.lat2) return std::sin(grid.lat1);
+    return std::log(ParallelRadius(ellipsoid, grid.lat1) / ParallelRadius(ellipsoid, grid.lat2)) /
+           (IsometricLatitude(ellipsoid, grid.lat2) - IsometricLatitude(ellipsoid, grid.lat1));
+}
+
+void InitLambertTwoParallels(CGrid& grid) {
+    const CEllipsoid& ellipsoid = *grid.ellipsoid;
+    const double n = ConeConstant(grid);
+    const double m1 = ParallelRadius(ellipsoid, grid.lat1);
+    const double t0 = ConformalRatio(ellipsoid, grid.lat0), t1 = ConformalRatio(ellipsoid, grid.lat1);
+    grid.W[11] = n;
+    grid.W[13] = ellipsoid.a * m1 / (n * std::pow(t1, n));
+    grid.W[12] = grid.W[13] * std::pow(t0, n);
+    // The sine of the latitude of origin stands in divisor and factor alike. It is left out of both, so that a grid
+    // counted from the equator has a scale there too.
+    grid.k0 =
+        grid.cos0 == 0 || grid.nu0 == 0 ? 1 : std::pow(t0 / t1, grid.sin0) * m1 * ellipsoid.a / (grid.nu0 * grid.cos0);
+    InitLambertSeries(grid);
+}
+
+void InitLambertStatePlane83(CGrid& grid) {
+    const CEllipsoid& ellipsoid = *grid.ellipsoid;
+    const double n = ConeConstant(grid);
+    auto& W = grid.W;
+    W[0] = n;
+    W[1] =
+        ellipsoid.a * ParallelRadius(ellipsoid, grid.lat1) * std::exp(n * IsometricLatitude(ellipsoid, grid.lat1)) / n;
+    W[2] = W[1] / std::exp(n * grid.psi0);
+    W[5] = W[2] + grid.FN;
+    const double central = std::asin(n);
+    W[3] = W[1] / std::exp(n * IsometricLatitude(ellipsoid, central));
+    W[6] = std::tan(central);
+    W[4] = W[5] - W[3];
+    grid.k0 = W[6] * RootW(ellipsoid, n) * W[3] / ellipsoid.a;
+}
+
+void InitObliqueStereographic(CGrid& grid) {
+    const CEllipsoid& ellipsoid = *grid.ellipsoid;
+    auto& W = grid.W;
+    W[0] = grid.lat0 >= 0 ? 1 : 0;
+    W[1] = 2 * std::sqrt(grid.nu0 * grid.rho0) * grid.k0;
+    const double n = std::sqrt(1 + ellipsoid.ep2 * std::pow(grid.cos0, 4));
+    W[2] = n;
+    const double w1 = std::exp(2 * n * grid.psi0);
+    const double sine = (w1 - 1) / (w1 + 1);
+    const double c = (n + grid.sin0) * (1 - sine) / ((n - grid.sin0) * (1 + sine));
+    W[3] = c;
+    W[4] = std::asin((c * w1 - 1) / (c * w1 + 1));
+    W[5] = std::sin(W[4]);
+    W[6] = std::cos(W[4]);
+}
+
+/// Takes the scale from a parallel at which the projection is true.
+void TrueAtParallel(CGrid& grid, double parallel) {
+    const double s = std::sin(parallel), c = std::cos(parallel);
+    const bool north = parallel >= 0;
+    grid.W[0] = north ? 1 : 0;
+    grid.W[11] = OnePosition::ConformalRatio(*grid.ellipsoid, north ? s : -s, c);
+    grid.W[12] = ParallelRadius(*grid.ellipsoid, parallel);
+    grid.k0 = grid.W[12] * grid.ellipsoid->polarK / (2 * grid.W[11]);
+}
+
+void InitPolarStereographic(CGrid& grid) {
+    const CEllipsoid& ellipsoid = *grid.ellipsoid;
+    auto& W = grid.W;
+    W[11] = W[12] = W[13] = 0;
+    if (std::fabs(grid.lat0) == kHalfPi) {
+        W[0] = grid.lat0 >= 0 ? 1 : 0;
+    } else if (grid.lat0 != 0) {
+        TrueAtParallel(grid, grid.lat0);
+    } else if (grid.lat1 != 0) {
+        TrueAtParallel(grid, grid.lat1);
+    } else if (grid.lat2 != 0) {
+        TrueAtParallel(grid, grid.lat2);
+        W[13] = W[12] * ellipsoid.a;
+    } else {
+        grid.lat0 = kHalfPi;
+        TakeOrigin(grid);
+        grid.sin0 = 1;
+        grid.cos0 = grid.tan0 = 0;
+        W[0] = 1;
+    }
+    const double e2 = ellipsoid.e2, e4 = e2 * e2, e6 = e4 * e2, e8 = e4 * e4;
+    // The conformal latitude's series serves an inverse only.
+    W[7] = e2 / 2 + 5 * e4 / 24 + e6 / 12 + 13 * e8 / 360;
+    W[8] = 7 * e4 / 48 + 29 * e6 / 240 + 811 * e8 / 11520;
+    W[9] = 7 * e6 / 120 + 81 * e8 / 1120;
+    W[10] = 4279 * e8 / 161280;
+    W[1] = 2 * ellipsoid.a * grid.k0 / ellipsoid.polarK;
+}
+
+void InitStereographic(CGrid& grid) {
+    if (grid.subtype == 0 || grid.subtype == 1) InitObliqueStereographic(grid);
+    if (grid.subtype == 2) InitPolarStereographic(grid);
+}
+
+double ArcSine(double x) {
+    return std::atan(x / std::sqrt(1 - x * x));
+}
+
+void InitObliqueMercator(CGrid& grid) {
+    auto& W = grid.W;
+    const double P = W[0], Qc = W[1];
+    W[12] = P / Qc;
+    W[11] = ArcSine(P);
+    const double B = std::sqrt(1 + grid.ellipsoid->ep2 * std::pow(grid.cos0, 4));
+    const double A = std::sqrt(grid.rho0 * grid.nu0) * B;
+    const double D = A / (grid.nu0 * grid.cos0);
+    const double C = std::log(std::sqrt(D * D - 1) + D) - B * grid.psi0;
+    W[7] = B;
+    W[6] = A;
+    W[8] = C;
+    W[10] = grid.lon0 - ArcSine(std::sinh(B * grid.psi0 + C) * P / Qc) / B;
+    W[9] = B / (A * grid.k0);
+    // The formula counts from the point where the initial line crosses the aposphere's equator and adds no false
+    // origin, so the two fields are free to tell where the origin lies.
+    grid.Forward(&grid.FE, &grid.FN, grid.lat0, grid.lon0);
+}
+
+/// State Plane 1927, Lambert zones: the parameters follow from the plane-coordinate constants.
+void InitLambertTable27(CGrid& grid) {
+    auto& W = grid.W;
+    grid.sin0 = W[5];
+    grid.lat0 = std::asin(W[5]);
+    grid.lon0 = W[1] / 3600 * kRadiansPerDegree;
+    grid.FE = W[0];
+    grid.FN = W[3] - W[2];
+    grid.k0 = W[4];
+    W[16] = kRadiansPerSecond;
+    W[12] = W[1] * W[5] * W[16];
+    W[11] = 60 * W[6] + W[7];
+    // These two serve an inverse only.
+    W[15] = (W[6] - 600) * (4 * kQuarterPi) / 10800;
+    W[14] = (W[7] + 36000) * W[16];
+    W[13] = W[10] * 1e-8;
+}
+
+void InitTransverseMercatorTable27(CGrid& grid) {
+    auto& W = grid.W;
+    const double k = W[4], Q = W[5];
+    grid.k0 = k;
+    W[6] = kFeetPerMetre * k;
+    W[7] = std::pow(W[6] / 100000, 3) * Q;
+    W[8] = 101.2794065 * k;
+    W[9] = 60 * W[2] + W[3];
+    // These two serve an inverse only.
+    W[10] = 1 / (881.749162 * k * k * 1e12);
+    W[14] = Q / 1e15;
+    W[11] = 1.2374292282040178e-14;
+    W[12] = 3.9174e-12;
+    W[13] = 4.0831e-15;
+}
+
+void InitStatePlane27(CGrid& grid) {
+    if (grid.subtype == 1) InitLambertTable27(grid);
+    if (grid.subtype == 2) InitTransverseMercatorTable27(grid);
+    if (grid.subtype == 3) InitObliqueMercator(grid);
+}
+
+void InitType(CGrid& grid) {
+    switch (grid.type) {
+        case MERCATOR:
+            return InitMercator(grid);
+        case LAMBERT:
+            return grid.InitConic();
+        case STEREOGRAPHIC:
+            return InitStereographic(grid);
+        case OBLIQUE_MERCATOR:
+            return InitObliqueMercator(grid);
+        case STATE_PLANE_27:
+            return InitStatePlane27(grid);
+        case DANISH_SYSTEM_34:
+            grid.M0 = 0;
+            return;
+        default:
+            return;
+    }
+}
+
+void Store(double* easting, double* northing, double first, double second) {
+    if (easting != nullptr) *easting = first;
+    if (northing != nullptr) *northing = second;
+}
+
+}  // namespace
+
+CGrid::CGrid() {
+    SetGrid(31, UTM_GRID, 0);
+}
+
+void CGrid::SetNames(const char* gridName, const char* gridComment) {
+    name = gridName == nullptr ? "" : gridName;
+    comment = gridComment == nullptr ? "" : gridComment;
+}
+
+void CGrid::SetOrigin(double lat, double lon, double falseEasting, double falseNorthing, double scale) {
+    lat0 = lat;
+    lon0 = lon;
+    FE = falseEasting;
+    FN = falseNorthing;
+    k0 = scale;
+    Init();
+}
+
+void CGrid::SetOriginDegrees(double lat, double lon, double falseEasting, double falseNorthing, double scale) {
+    SetOrigin(lat * kRadiansPerDegree, lon * kRadiansPerDegree, falseEasting, falseNorthing, scale);
+}
+
+void CGrid::SetParallels(double first, double second) {
+    if (subtype == 0) {
+        lat0 = first * kRadiansPerDegree;
+    } else {
+        lat1 = first * kRadiansPerDegree;
+        lat2 = second * kRadiansPerDegree;
+    }
+    InitConic();
+}
+
+void CGrid::StoreParameters(std::span<const double> values) {
+    std::copy_n(values.begin(), std::min(values.size(), std::size(W)), std::begin(W));
+}
+
+void CGrid::SetParameters(std::span<const double> values) {
+    StoreParameters(values);
+    Init();
+}
+
+double CGrid::ZoneCentralMeridian(std::int32_t zoneNumber) {
+    return (6.0 * zoneNumber - 183) * kRadiansPerDegree;
+}
+
+std::int32_t CGrid::ZoneOfMeridian(double lon) {
+    const double zoneNumber = (lon * kDegreesPerRadian + 183) / 6;
+    constexpr double kFarthest = 1e9;  // whatever is no longitude stays a number
+    return zoneNumber > -kFarthest && zoneNumber < kFarthest ? static_cast<std::int32_t>(zoneNumber) : 0;
+}
+
+void CGrid::Init() {
+    if (ellipsoid != nullptr) {
+        TakeOrigin(*this);
+        if (ellipsoid->a != 0) InitType(*this);
+    }
+    TakeScaleRatio(*this);
+}
+
+void CGrid::InitConic() {
+    if (type != LAMBERT || ellipsoid == nullptr || ellipsoid->a == 0) return;
+    TakeOrigin(*this);
+    if (subtype == 0) InitLambertSeries(*this);
+    if (subtype == 1) InitLambertTwoParallels(*this);
+    if (subtype == 2) InitLambertStatePlane83(*this);
+    TakeScaleRatio(*this);
+}
+
+void CGrid::Forward(double* easting, double* northing, double lat, double lon) {
+    if (std::fabs(lat) < kNoPosition && std::fabs(lon) < kNoPosition) return Store(easting, northing, 0, 0);
+    if (ellipsoid == nullptr || ellipsoid->a == 0 || k0 == 0) {
+        if (easting != nullptr && northing != nullptr) Store(easting, northing, 0, 0);
+        return;
+    }
+    if (type == NORWEGIAN_AXES) {
+        const auto [east, north] = OnePosition::TransverseMercator(*this, lat, lon);
+        const tagNorwegian position = NorwegianFromUtm(*this, east, north);
+        return Store(easting, northing, position.X, position.Y);
+    }
+    WithFormula<ScalarMath>(*this, [&](auto formula) {
+        const OnePosition::Position position = formula(*this, lat, lon);
+        Store(easting, northing, position.east, position.north);
+    });
+}
+
+}  // namespace quillon
