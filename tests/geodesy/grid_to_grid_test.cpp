@@ -1,0 +1,173 @@
+#include "geodesy/grid_to_grid.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cmath>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "geodesy/gsb_bytes.h"
+#include "geodesy/scratch.h"
+
+namespace quillon {
+namespace {
+
+constexpr const char* kForward = "OSTN15_NTv2_ETRStoOSGB.gsb";
+constexpr const char* kReverse = "OSTN15_NTv2_OSGBtoETRS.gsb";
+
+class GridToGridTest : public ScratchTest {
+protected:
+    std::string Settings() const { return Read(Drives() / "c/MySettings/Survey/NTv2.INI"); }
+
+    FileSystem files{Drives(), Program()};
+};
+
+TEST_F(GridToGridTest, IsBuiltReadyForTheIdentity) {
+    CGridToGrid conversion(files);
+    EXPECT_EQ(conversion.ellipsoid.name, "WGS84");
+    EXPECT_EQ(conversion.grid.name, "Grid Zone 31 (3\xB0 E)");
+    EXPECT_EQ(conversion.grid.ellipsoid, &conversion.ellipsoid);
+    EXPECT_EQ(conversion.secondEllipsoid.name, "GRS80");
+    EXPECT_EQ(conversion.secondGrid.name, "OSGRS80 Grid");
+    EXPECT_GT(conversion.secondGrid.M0, 5e6) << "its constants are derived";
+    EXPECT_EQ(conversion.option, 1);
+    EXPECT_TRUE(conversion.SetIdentity(0, 7)) << "with both links null";
+    EXPECT_EQ(conversion.option, 7);
+    EXPECT_EQ(conversion.targetDatum, "");
+
+    CEllipsoid ellipsoid;
+    ellipsoid.SetEllipsoid(20);
+    CGrid grid;
+    grid.ellipsoid = &ellipsoid;
+    grid.Init();
+    conversion.linkedEllipsoid = &ellipsoid;
+    conversion.linkedGrid = &grid;
+    conversion.shift.fill(3);
+    conversion.gridFile[1].block.fill(std::byte{7});
+    conversion.gridFile[1].firstArray = std::make_unique<double[]>(4);
+    EXPECT_TRUE(conversion.SetIdentity(0, 1));
+    EXPECT_EQ(conversion.transformationName, "Grid To Grid");
+    EXPECT_EQ(conversion.sourceDatum, "WGS84");
+    EXPECT_EQ(conversion.targetDatum, "WGS84");
+    EXPECT_TRUE(ellipsoid.IsSame(conversion.ellipsoid));
+    EXPECT_EQ(ellipsoid.code, 7030);
+    EXPECT_EQ(ellipsoid.a, 6378137.0);
+    EXPECT_EQ(ellipsoid.rf, 298.257223563);
+    EXPECT_EQ(conversion.shift, (std::array<double, 7>{}));
+    EXPECT_EQ(conversion.gridFile[1].block[95], std::byte{0});
+    EXPECT_EQ(conversion.gridFile[1].block[96], std::byte{7}) << "only the head of the block is cleared";
+    EXPECT_FALSE(conversion.gridFile[1].firstArray);
+}
+
+TEST_F(GridToGridTest, AnUnknownKindKeepsTheNamesAndStillMatchesTheGrids) {
+    CEllipsoid ellipsoid;
+    CGrid grid;
+    grid.ellipsoid = &ellipsoid;
+    grid.SetGrid(34, GAUSS_KRUGER, 0);
+    ellipsoid.SetEllipsoid(CEllipsoid::kWgs84);
+    CGridToGrid conversion(files);
+    conversion.linkedGrid = &grid;
+    conversion.transformationName = "Of a file";
+    conversion.sourceDatum = "Source";
+    EXPECT_FALSE(conversion.SetIdentity(2, 5));
+    EXPECT_EQ(conversion.kind, 2);
+    EXPECT_EQ(conversion.transformationName, "Of a file");
+    EXPECT_EQ(conversion.sourceDatum, "Source");
+    EXPECT_EQ(grid.name, "Grid Zone 31 (3\xB0 E)") << "no Gauss-Kruger row is on WGS84";
+    EXPECT_EQ(grid.type, UTM_GRID);
+}
+
+TEST_F(GridToGridTest, AFlatteningOutOfRangeBecomesTheInternationalOneOnTheLinkedSide) {
+    CGridToGrid conversion(files);
+    CEllipsoid ellipsoid;
+    conversion.linkedEllipsoid = &ellipsoid;
+    conversion.ellipsoid.rf = 320;
+    conversion.SetIdentity(0, 1);
+    EXPECT_EQ(ellipsoid.rf, 297);
+}
+
+TEST_F(GridToGridTest, LoadsTheOstnPairBesideTheProgram) {
+    Write(Beside(kForward), GsbBytes{.count = 6}.Make());
+    Write(Beside(kReverse), GsbBytes{.majorT = 6378388, .minorT = 6356911.9461279465, .wLong = -6900}.Make());
+    FileSystem quoted(Drives(), "\"" + Program() + "\"");
+    for (FileSystem* system : {&files, &quoted}) {
+        COstnShift ostn;
+        ostn.Load(*system);
+        ASSERT_TRUE(ostn.forwardNodes && ostn.reverseNodes);
+        EXPECT_EQ(ostn.forwardNodes->size(), 6u);
+        EXPECT_EQ(ostn.reverseNodes->size(), 4u);
+        EXPECT_EQ(ostn.columns, 101) << "100 spacings of 3 seconds";
+        EXPECT_EQ(ostn.window.eLong, -7200);
+        EXPECT_EQ(ostn.window.latInc, 300);
+        EXPECT_NEAR(ostn.fromSpheroid.e2, 0.006670540, 1e-9) << "Airy";
+        EXPECT_NEAR(ostn.toSpheroid.e2, 2 / 297.0 - 1 / (297.0 * 297.0), 1e-12) << "International";
+        // The arc to 49 N by the same ellipsoids' constants.
+        CEllipsoid airy;
+        airy.SetEllipsoid(0);
+        EXPECT_NEAR(ostn.fromSpheroid.M49, airy.MeridianArc(0.855211333477207), 0.001);
+    }
+}
+
+TEST_F(GridToGridTest, HalfAPairIsNone) {
+    const std::string whole = GsbBytes{}.Make();
+    struct Case {
+        const char* what;
+        std::string forward, reverse;
+    };
+    for (const Case& pair : {Case{"nothing", "", ""}, Case{"the first only", whole, ""},
+                             Case{"the second only", "", whole}, Case{"a short second", whole, whole.substr(0, 400)},
+                             Case{"a second of a false count", whole, GsbBytes{.count = 1 << 30, .nodes = 4}.Make()}}) {
+        Write(Beside(kForward), pair.forward);
+        Write(Beside(kReverse), pair.reverse);
+        COstnShift ostn;
+        ostn.Load(files);
+        EXPECT_TRUE(ostn.forwardHeader.IsEmpty() && ostn.reverseHeader.IsEmpty()) << pair.what;
+        EXPECT_FALSE(ostn.forwardNodes || ostn.reverseNodes) << pair.what;
+        EXPECT_EQ(ostn.columns, 0) << pair.what;
+    }
+}
+
+TEST_F(GridToGridTest, ColumnsOfSenselessWindowsStayInRange) {
+    struct Case {
+        double eLong, wLong, longInc;
+        std::int32_t columns;
+    };
+    std::chrono::seconds age{0};
+    for (const Case& window : {Case{0, 300, 3, 101}, Case{0, 299, 3, 100}, Case{0, 65536, 1, 1}, Case{0, -1, 1, 65536},
+                               Case{0, 300, 0, 1}, Case{0, 1e300, 1, 1}, Case{0, 0, 0, 1}}) {
+        Write(Beside(kForward), GsbBytes{}.Make());
+        Write(Beside(kReverse),
+              GsbBytes{.eLong = window.eLong, .wLong = window.wLong, .longInc = window.longInc}.Make());
+        // The size is the same each time, and the clock of some file systems is coarse.
+        std::filesystem::last_write_time(Beside(kReverse), std::filesystem::file_time_type{} + ++age);
+        COstnShift ostn;
+        ostn.Load(files);
+        EXPECT_EQ(ostn.columns, window.columns) << window.wLong << " by " << window.longInc;
+    }
+}
+
+TEST_F(GridToGridTest, LeavesTheReferencePointInTheSettings) {
+    { CNTv2 ntv2(files); }
+    EXPECT_EQ(Settings(),
+              "NAD27 Latitude = 0.0000000000000000\r\nNAD27 Longitude = 0.0000000000000000\r\n"
+              "NAD83 Latitude = 0.0000000000000000\r\nNAD83 Longitude = 0.0000000000000000\r\n");
+    {
+        CGridToGrid conversion(files);
+        conversion.ntv2.reference = {29.5, -90.125, 29.25, -90.0625};
+        auto set = std::make_unique<DataSetDef>();
+        set->nodes.SetSize(3);
+        conversion.ntv2.Add(std::move(set));
+    }
+    EXPECT_EQ(Settings(),
+              "NAD27 Latitude = 29.5000000000000000\r\nNAD27 Longitude = -90.1250000000000000\r\n"
+              "NAD83 Latitude = 29.2500000000000000\r\nNAD83 Longitude = -90.0625000000000000\r\n");
+    Write(Drives() / "c/MySettings/Survey/NTv2.INI", Settings() + "more\r\n");
+    { CNTv2 ntv2(files); }
+    EXPECT_EQ(Settings().substr(0, 40), "NAD27 Latitude = 0.0000000000000000\r\nNAD");
+    EXPECT_EQ(Settings().find("more"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace quillon
