@@ -4,6 +4,7 @@
 #include <climits>
 #include <cmath>
 
+#include "foundation/angle_display.h"
 #include "foundation/angle_units.h"
 #include "foundation/values.h"
 #include "platform/text.h"
@@ -153,7 +154,11 @@ void SplitAngle(double value, int& degrees, int& minutes, double& seconds, int& 
     ++degrees;
 }
 
-std::string FormatAngle(double value, int type, int format, int decimals, char hemisphere) {
+std::string FormatAngle(double value, int type, int format, int decimals, char hemisphere, FileSystem* files) {
+    if (format == ANGLE_BY_SETTINGS) {
+        ReadAngleDisplay(type, format, decimals, hemisphere, files);
+        if (format == ANGLE_BY_SETTINGS) format = ANGLE_DEGREES_MINUTES;
+    }
     if (IsMissing(value) || !std::isfinite(value)) return "";
     if (value == -1.0) return "n/a";
     const TypeDef* def = FindType(type);

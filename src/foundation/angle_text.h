@@ -7,6 +7,8 @@
 
 namespace quillon {
 
+class FileSystem;
+
 /// What an angle is, which settles its sign, letter, width and range. Angles are radians throughout.
 enum ANGLE_TYPE : std::int32_t {
     ANGLE_SIGNED_180 = 1,  ///< + or -, up to 180 degrees
@@ -57,7 +59,11 @@ void SplitAngle(double value, int& degrees, int& minutes, double& seconds, int& 
 /// whatever the type. `hemisphere` is the letter of a latitude or longitude of exactly 0 (0: N or E). In the signed
 /// notation a latitude or longitude has no letter: south and west begin with "-", in the place that a leading zero of
 /// north and east leaves for it.
-std::string FormatAngle(double value, int type, int format, int decimals = kDefaultDecimals, char hemisphere = 0);
+///
+/// ANGLE_BY_SETTINGS reads format, decimals and letter from the settings at every call; without `files` their defaults
+/// hold. Settings that name it again stand for degrees and minutes.
+std::string FormatAngle(double value, int type, int format, int decimals = kDefaultDecimals, char hemisphere = 0,
+                        FileSystem* files = nullptr);
 
 /// Moves the mark that follows the decimals ("°", "'", "\"" or "g") in front of the first point.
 void UnitBeforePoint(std::string& text);
