@@ -288,6 +288,20 @@ void AppendFixed(std::string& text, double value, int decimals) {
     text.append(buffer.data(), end.ptr);
 }
 
+namespace {
+
+/// Power of ten of the first digit that isn't 0 in a number without a sign.
+long long DecimalExponent(std::string_view number) {
+    const std::size_t e = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view digits = number.substr(0, e);
+    const auto point = static_cast<long long>(std::min(digits.find('.'), digits.size()));
+    const auto first = static_cast<long long>(std::min(digits.find_first_of("123456789"), digits.size()));
+    const int exponent = e < number.size() ? Atoi(number.substr(e + 1)) : 0;
+    return point - first - (first < point ? 1 : 0) + exponent;
+}
+
+}  // namespace
+
 double Atof(std::string_view text) {
     const char* p = text.data();
     const char* const end = p + text.size();
@@ -298,19 +312,11 @@ double Atof(std::string_view text) {
     if (p == end || !((*p >= '0' && *p <= '9') || *p == '.')) return 0.0;
     double value = 0.0;
     const auto read = std::from_chars(p, end, value);
+    if (read.ec == std::errc::invalid_argument) return 0.0;
     if (read.ec == std::errc::result_out_of_range) {
-        // It leaves the value alone there; the C library knows on which side it left the range. The text is a
-        // number with too large an exponent, read up to where from_chars stopped; no point that a locale could change
-        // matters to the side, so only the digits' first non-zero place and the exponent's sign are looked at.
-        const std::string_view digits(p, static_cast<std::size_t>(read.ptr - p));
-        const std::size_t e = digits.find_first_of("eE");
-        const std::size_t point = digits.substr(0, e).find('.');
-        const bool small = e != std::string_view::npos
-                               ? digits.substr(e + 1, 1) == "-"
-                               : point != std::string_view::npos && digits.find_first_of("123456789") > point;
+        // It leaves the value alone there, on whichever side it left the range.
+        const bool small = DecimalExponent({p, static_cast<std::size_t>(read.ptr - p)}) < 0;
         value = small ? 0.0 : std::numeric_limits<double>::infinity();
-    } else if (read.ec != std::errc{}) {
-        value = 0.0;
     }
     return negative ? -value : value;
 }
