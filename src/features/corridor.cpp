@@ -11,8 +11,8 @@ constexpr std::string_view kFolder = "Routes";
 
 }  // namespace
 
-template <class Lines, class Corridor>
-void EachLine(Lines& lines, Corridor& corridor) {
+template <class Lines>
+void EachLine(Lines& lines, RecordOf<CCorridor> auto& corridor) {
     lines.Bool("Display Corridor", corridor.displayCorridor);
     lines.Double("Port Corridor Width", corridor.portWidth, 3);
     lines.Double("Starboard Corridor Width", corridor.starboardWidth, 3);

@@ -9,8 +9,8 @@ constexpr std::string_view kExtension = "DRW";
 
 }  // namespace
 
-template <class Lines, class Options>
-void EachLine(Lines& lines, Options& options) {
+template <class Lines>
+void EachLine(Lines& lines, RecordOf<CDrawingOptions> auto& options) {
     lines.Int("Vector Symbol", options.symbol);
     lines.Int("Symbol Size", options.symbolSize);
     lines.Colour("Colour", options.pen.colour);

@@ -6,8 +6,8 @@
 
 namespace quillon {
 
-template <class Lines, class Feature>
-void EachLine(Lines& lines, Feature& feature) {
+template <class Lines>
+void EachLine(Lines& lines, RecordOf<CFeatureCommon> auto& feature) {
     lines.Bool("Status", feature.Status);
     lines.Bool("Highlight", feature.Highlight);
 }

@@ -30,18 +30,17 @@ void CFileListBase::SetEditCursor(int fileIndex, int pointIndex) {
     if (point >= 0 && point < GetPointCount(file)) editState.editPointIndex = point;
 }
 
-void CFileListBase::Save() const {
+bool CFileListBase::Save() const {
     CConfigFile indexes(files);
-    if (indexes.OpenSettingsForWrite(settingsName)) {
+    if (HasCursorFile() && indexes.OpenSettingsForWrite(settingsName)) {
         indexes.WriteInt("Edit File Index", editState.editFileIndex);
         indexes.WriteInt("Edit Point Index", editState.editPointIndex);
         indexes.Commit();
     }
     CConfigFile paths(files);
-    if (paths.OpenSettingsForWrite(settingsName, "FLS")) {
-        paths.WriteSection(GetSection(), GetPaths());
-        paths.Commit();
-    }
+    if (!paths.OpenSettingsForWrite(settingsName, "FLS")) return false;
+    paths.WriteSection(GetSection(), GetPaths());
+    return paths.Commit();
 }
 
 std::vector<std::string> CFileListBase::GetPaths() const {
@@ -61,7 +60,7 @@ void LoadFileList(CFileListBase& list) {
         }
     }
     CConfigFile indexes(list.GetFiles());
-    if (!indexes.OpenForRead(list.GetSettingsName())) return;
+    if (!list.HasCursorFile() || !indexes.OpenForRead(list.GetSettingsName())) return;
     const int file = indexes.ReadInt(-1);
     const int point = indexes.ReadInt(-1);
     list.SetEditCursor(file, point);

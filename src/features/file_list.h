@@ -56,8 +56,8 @@ public:
     virtual void SetEditCursor(int fileIndex, int pointIndex);
     void ResetEditCursor() { editState = {}; }
 
-    /// Rewrites the list's settings files.
-    virtual void Save() const;
+    /// Rewrites the list's settings files. False if the file of paths can't be written.
+    bool Save() const;
 
     FileSystem& GetFiles() const { return files; }
     const std::string& GetSettingsName() const { return settingsName; }
@@ -75,6 +75,8 @@ protected:
     virtual bool AppendFile(std::string_view path, bool keepUseless) = 0;
     /// The head of the section that the paths are listed under.
     virtual std::string_view GetSection() const = 0;
+    /// Whether the list keeps its cursor in an "INI" file.
+    virtual bool HasCursorFile() const { return true; }
     std::vector<std::string> GetPaths() const;
 
 private:

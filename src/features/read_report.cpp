@@ -12,6 +12,10 @@ std::string_view ReasonText(PASSED_OVER reason) {
             return "no northing";
         case PASSED_OVER::ZERO_POSITION:
             return "0, 0 stands for no position";
+        case PASSED_OVER::REPEATED_POSITION:
+            return "the position of the point before";
+        case PASSED_OVER::UNKNOWN_ORDER:
+            return "unknown data order";
     }
     return {};
 }

@@ -8,10 +8,12 @@ namespace quillon {
 
 /// Why a line of a data file gave nothing.
 enum class PASSED_OVER {
-    NO,            ///< it gave something
-    NO_EASTING,    ///< no number where the first coordinate should be
-    NO_NORTHING,   ///< no number where the second should be
-    ZERO_POSITION  ///< 0, 0 stands for no position
+    NO,                 ///< it gave something
+    NO_EASTING,         ///< no number where the first coordinate should be
+    NO_NORTHING,        ///< no number where the second should be
+    ZERO_POSITION,      ///< 0, 0 stands for no position
+    REPEATED_POSITION,  ///< the position of the point before it
+    UNKNOWN_ORDER       ///< the data order names no fields
 };
 
 std::string_view ReasonText(PASSED_OVER reason);

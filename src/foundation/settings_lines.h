@@ -12,8 +12,8 @@ namespace quillon {
 
 // The lines of a settings file in their order, written down once and run by both its reader and its writer:
 //
-//     template <class F, class T>
-//     void EachLine(F& lines, T& boundary) {      // T is const when it is written
+//     template <class Lines>
+//     void EachLine(Lines& lines, RecordOf<CBoundary> auto& boundary) {      // const when it is written
 //         lines.Int("Vector Symbol", boundary.symbol);
 //         lines.Colour("Colour", boundary.pen.colour);
 //         lines.Bool("Show Leg Label", boundary.showLegLabel);
@@ -22,6 +22,10 @@ namespace quillon {
 //     ReadLines(file, boundary);     WriteLines(file, boundary);
 //
 // The reader leaves a member alone if its line is missing, so what the record holds beforehand are the file's defaults.
+
+/// The record itself, const or not: what makes the EachLine of one record another template than that of the next.
+template <class T, class Record>
+concept RecordOf = std::same_as<std::remove_const_t<T>, Record>;
 
 /// A whole number or an enumeration that may hold any number of its type.
 template <class T>

@@ -91,7 +91,7 @@ std::vector<std::string> CBoundaryPane::TableColumns(int) const {
     return {"No", "Easting", "Northing"};
 }
 
-TableRows CBoundaryPane::MakeTableRows(int index) const {
+TableRows CBoundaryPane::MakeTableRows(int index) {
     const auto point = [this, index](std::ptrdiff_t row) {
         return List().IsValidIndex(index) && Member(index).IsValidIndex(row) ? Member(index)[row] : tagXY();
     };

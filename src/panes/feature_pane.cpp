@@ -3,32 +3,23 @@
 #include <algorithm>
 
 #include "foundation/paths.h"
-#include "frame/colour_schemes.h"
 #include "frame/select_feature_files.h"
-#include "frame/size_columns.h"
 #include "platform/platform.h"
+#include "platform/property_rows.h"
 
 namespace quillon {
-namespace {
-
-constexpr int kButtonHeight = 30;
-constexpr UINT kPropertyListId = 1;
-
-}  // namespace
 
 CFeaturePane::CFeaturePane(Platform& owner, const FeaturePaneTraits& paneTraits)
-    : CMyDockablePane(owner),
+    : CPropertyPane(owner, paneTraits.tableId, paneTraits.listRows),
       traits(paneTraits),
-      propertyList(*this, kPropertyListId),
-      table(*this, paneTraits.tableId),
       combo(*this, paneTraits.comboId),
       addButton(*this, paneTraits.addId, "Add File", false),
       removeButton(*this, paneTraits.removeId, "Remove File", false) {
     AddControl(addButton);
     AddControl(removeButton);
     AddControl(combo);
-    AddControl(propertyList);
-    AddControl(table);
+    AddControl(GetPropertyList());
+    AddControl(GetTable());
 }
 
 bool CFeaturePane::Create(CWnd* parent, UINT id, std::string_view title, CFileListBase& features) {
@@ -77,18 +68,12 @@ void CFeaturePane::OnCombo() {
 
 // ---- The property list ----
 
-void CFeaturePane::InitPropList() {
-    propertyList.EnableHeaderCtrl(false, "Property", "Value");
-    propertyList.SetVSDotNetLook(true);
-    propertyList.EnableDescriptionArea(true);
-    ApplyColourScheme(propertyList, kFeaturePaneScheme);
-    propertyList.MarkModifiedProperties(true);
-    propertyList.RemoveAll();
+void CFeaturePane::BuildPropertyRows() {
     const int index = Current();
     if (index >= 0) {
         BuildRows(index);
     } else {
-        propertyList.AddGroup("No Files Selected");
+        GetPropertyList().Add<CMFCPropertyGridTitleProperty>("No Files Selected");
     }
 }
 
@@ -117,27 +102,15 @@ bool CFeaturePane::IsMemberHighlighted(int) const {
 
 // ---- The points table ----
 
-void CFeaturePane::CreateTable() {
-    table.DeleteAllItems();
-    table.DeleteAllColumns();
-    for (const std::string& column : TableColumns(Current())) table.InsertColumn(column);
-    UpdateAllPositions();
-}
-
-void CFeaturePane::UpdateAllPositions() {
+TableRows CFeaturePane::CurrentRows() {
     const int index = Current();
-    if (index < 0) {
-        table.DeleteAllItems();
-        return;
-    }
-    table.SetRows(MakeTableRows(index));
-    SizeColumns(table, false);
+    return index >= 0 ? MakeTableRows(index) : TableRows();
 }
 
 LRESULT CFeaturePane::OnSelectPoint(WPARAM, LPARAM row) {
     const int index = Current();
     tagXY point;
-    if (index >= 0 && row >= 0 && row < table.GetItemCount() && PointOfRow(index, static_cast<int>(row), point)) {
+    if (index >= 0 && row >= 0 && row < GetTable().GetItemCount() && PointOfRow(index, static_cast<int>(row), point)) {
         BroadcastRedraw(point);
     }
     return 0;
@@ -173,7 +146,7 @@ void CFeaturePane::OnRemove() {
     const int index = Current();
     if (index >= 0) {
         // Nothing may go on showing the member while it goes.
-        table.DeleteAllItems();
+        GetTable().DeleteAllItems();
         list->RemoveAt(index);
         MoveCursorAfterRemoval(index);
         list->Save();
@@ -203,56 +176,15 @@ void CFeaturePane::BroadcastList(LIST_MESSAGES messages) {
     if (messages == LIST_MESSAGES::REDRAW_RECOMPUTE_UPDATE) BroadcastFeatureUpdate(traits.type);
 }
 
-// ---- Looks ----
+// ---- The strip at the top ----
 
-void CFeaturePane::AdjustLayout() {
-    const tagSIZE client = GetClientSize();
-    const int comboHeight = GetPlatform().GetMetric(SYSTEM_METRIC::COMBO_HEIGHT);
-    const int listHeight = traits.listRows * GetPlatform().GetMetric(SYSTEM_METRIC::ROW_HEIGHT);
-    const int half = client.width / 2;
-    addButton.MoveWindow({0, 0, half, kButtonHeight});
-    removeButton.MoveWindow({half, 0, client.width, kButtonHeight});
-    int top = kButtonHeight;
-    combo.MoveWindow({0, top, client.width, top + comboHeight});
-    top += comboHeight;
-    propertyList.MoveWindow({0, top, client.width, top + listHeight});
-    top += listHeight;
-    table.ShowWindow(top < client.height);
-    table.MoveWindow({0, top, client.width, std::max(top, client.height)});
-}
-
-void CFeaturePane::OnSize(tagSIZE) {
-    AdjustLayout();
-    if (table.GetColumnCount() > 0) SizeColumns(table, false);
-}
-
-void CFeaturePane::OnSetFocus() {
-    SetFocusTo(propertyList);
-}
-
-void CFeaturePane::OnSettingChange() {
-    AdjustLayout();
-}
-
-void CFeaturePane::SetNightMode(bool night) {
-    propertyList.night = night;
-    ApplyColourScheme(propertyList, propertyList.colourScheme);
-    table.SetNightMode(night);
-}
-
-void CFeaturePane::SetVSDotNetLook(int look) {
-    propertyList.SetVSDotNetLook(look != 0);
-    propertyList.SetGroupNameFullWidth(look != 0);
-}
-
-// ---- Dispatch ----
-
-LRESULT CFeaturePane::OnMessage(const MSG& message) {
-    if (message.message == UM_SELECT_FEATURE) return OnSelectPoint(message.wParam, message.lParam);
-    if (message.message == AFX_WM_PROPERTY_CHANGED) {
-        return OnPropertyChanged(message.wParam, *reinterpret_cast<CMFCPropertyGridProperty*>(message.lParam));
-    }
-    return CMyDockablePane::OnMessage(message);
+int CFeaturePane::LayOutTop(int width) {
+    const int half = width / 2;
+    addButton.MoveWindow({0, 0, half, kPaneButtonHeight});
+    removeButton.MoveWindow({half, 0, width, kPaneButtonHeight});
+    const int bottom = kPaneButtonHeight + GetPlatform().GetMetric(SYSTEM_METRIC::COMBO_HEIGHT);
+    combo.MoveWindow({0, kPaneButtonHeight, width, bottom});
+    return bottom;
 }
 
 void CFeaturePane::OnCommand(UINT control) {

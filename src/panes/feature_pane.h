@@ -8,10 +8,8 @@
 
 #include "features/file_list.h"
 #include "frame/colour_button.h"
-#include "frame/feature_list_ctrl.h"
-#include "frame/my_dockable_pane.h"
 #include "frame/row_effects.h"
-#include "platform/property_grid.h"
+#include "panes/property_pane.h"
 
 namespace quillon {
 
@@ -49,41 +47,24 @@ struct FeaturePaneTraits {
 /// the combo's file, below that its points. What differs from kind to kind is in the traits and the few virtual steps.
 ///
 /// The list is the host's and outlives the pane. All calls on the user-interface thread.
-class CFeaturePane : public CMyDockablePane, private RowEffectTarget {
+class CFeaturePane : public CPropertyPane, private RowEffectTarget {
 public:
     CFeaturePane(Platform& platform, const FeaturePaneTraits& paneTraits);
 
     /// The four steps below in their order. False if the pane can't be created.
     bool Create(CWnd* parent, UINT id, std::string_view title, CFileListBase& features);
 
-    // A host that changes the list by itself brings the pane up to date by these, in this order.
-    void SetupComboBox();
-    void InitPropList();
-    void CreateTable();
-    void AdjustLayout();
-
-    virtual void UpdateAllPositions();
-
-    void SetNightMode(bool night);
-    void SetDaylightMode() { SetNightMode(false); }
-    bool GetNightMode() const { return propertyList.night; }
-    void SetVSDotNetLook(int look);
+    void SetupComboBox() override;
 
     // Handlers.
     void OnAdd();
     void OnRemove();
     void OnCombo();
-    LRESULT OnSelectPoint(WPARAM wParam, LPARAM row);
-    LRESULT OnPropertyChanged(WPARAM wParam, CMFCPropertyGridProperty& row);
-    void OnSetFocus() override;
-    void OnSettingChange() override;
-
-    LRESULT OnMessage(const MSG& message) override;
+    LRESULT OnSelectPoint(WPARAM wParam, LPARAM row) override;
+    LRESULT OnPropertyChanged(WPARAM wParam, CMFCPropertyGridProperty& row) override;
     void OnCommand(UINT control) override;
 
     // The controls, for a host that shows them and for tests.
-    CMyMFCPropertyGridCtrl& GetPropertyList() { return propertyList; }
-    CFeatureListCtrl& GetTable() { return table; }
     CComboBox& GetCombo() { return combo; }
     CColourButton& GetAddButton() { return addButton; }
     CColourButton& GetRemoveButton() { return removeButton; }
@@ -100,7 +81,7 @@ protected:
     /// The headers of the points table; -1 stands for no member.
     virtual std::vector<std::string> TableColumns(int index) const = 0;
     /// The rows of the points table. They are asked for later, when the member may have gone.
-    virtual TableRows MakeTableRows(int index) const = 0;
+    virtual TableRows MakeTableRows(int index) = 0;
     /// The position of a table row that is to be shown; false if there is none.
     virtual bool PointOfRow(int index, int row, tagXY& point) const = 0;
     /// Stores the row's value in the member and refreshes the rows that hang on it. False if the member had that value.
@@ -111,7 +92,11 @@ protected:
     /// The paths chosen by the operator, in their order.
     virtual void AddPaths(const std::vector<std::string>& paths);
 
-    void OnSize(tagSIZE size) override;
+    // The steps of every pane, for the member that the combo shows.
+    void BuildPropertyRows() override;
+    std::vector<std::string> CurrentColumns() const override { return TableColumns(Current()); }
+    TableRows CurrentRows() override;
+    int LayOutTop(int width) override;
 
 private:
     void SelectLast();
@@ -127,8 +112,6 @@ private:
 
     const FeaturePaneTraits& traits;
     CFileListBase* list = nullptr;
-    CMyMFCPropertyGridCtrl propertyList;
-    CFeatureListCtrl table;
     CComboBox combo;
     CColourButton addButton;
     CColourButton removeButton;

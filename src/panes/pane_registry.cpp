@@ -8,7 +8,7 @@ namespace quillon {
 namespace {
 
 template <class Pane, auto List>
-std::unique_ptr<CFeaturePane> CreateOver(Platform& platform, CWnd* parent, JobFeatures& job) {
+std::unique_ptr<CPropertyPane> CreateOver(Platform& platform, CWnd* parent, JobFeatures& job) {
     auto pane = std::make_unique<Pane>(platform);
     if (!pane->Create(parent, Pane::kTitleId, job.*List)) return nullptr;
     return pane;

@@ -170,6 +170,10 @@ public:
     void RemoveAll();
     /// Returns the row added.
     CMFCPropertyGridProperty& AddProperty(std::unique_ptr<CMFCPropertyGridProperty> row);
+    template <class Row, class... Arguments>
+    Row& Add(Arguments&&... arguments) {
+        return static_cast<Row&>(AddProperty(std::make_unique<Row>(std::forward<Arguments>(arguments)...)));
+    }
     /// Adds a group of that name.
     CMFCPropertyGridProperty& AddGroup(std::string_view name);
     int GetPropertyCount() const { return static_cast<int>(rows.size()); }

@@ -1,0 +1,201 @@
+#include "features/route.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "features/corridor_mitre.h"
+#include "features/leg.h"
+#include "features/record_reader.h"
+#include "foundation/config_file.h"
+#include "foundation/delimited_line.h"
+#include "foundation/field_scanner.h"
+#include "foundation/folders.h"
+#include "foundation/paths.h"
+#include "platform/text.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::string_view kFolder = "Routes";
+constexpr std::string_view kOrderSuffix = "_DATA_ORDER";
+constexpr int kDecimals = 3;
+
+/// How far the chord of a stepped arc may leave the curve, metres.
+constexpr double kArcTolerance = 1.0;
+/// Steps of one arc at most: more than any curve that a vessel sails needs.
+constexpr int kMostSteps = 1'000'000;
+
+PASSED_OVER DecodePoint(std::string_view line, int order, RouteDef& record) {
+    if (order < 0 || order > 2) return PASSED_OVER::UNKNOWN_ORDER;
+    FieldScanner fields(line);
+    if (order == 1) record.name = fields.NextString();
+    record.position.x = fields.NextNumber();
+    record.position.y = fields.NextNumber();
+    if (order == 2) record.name = fields.NextString();
+    return PositionFault(record.position.x, record.position.y);
+}
+
+void SetLeg(RouteDef& record, tagXY next) {
+    const LegDef leg = MakeLeg(record.position, next);
+    record.range = leg.range;
+    record.bearing = leg.bearing;
+    record.sine = leg.sine;
+    record.cosine = leg.cosine;
+    record.reverseBearing = leg.reverseBearing;
+    record.kpScale = leg.range > 0.0 ? (leg.range / 1000.0) / leg.range : 1.0;
+}
+
+void AddPosition(CStdioFile& file, tagXY position) {
+    CDelimitedLine line;
+    line.AddNumber(position.x, kDecimals);
+    line.AddNumber(position.y, kDecimals);
+    file.WriteString(line.Finish());
+}
+
+/// Start, arc in steps, end.
+void AddCurve(CStdioFile& file, const RouteDef& record) {
+    AddPosition(file, record.curveStart);
+    const double step = std::acos((record.radius - kArcTolerance) / record.radius);
+    const double direction = record.direction < 0 ? -1.0 : 1.0;
+    for (int i = 0; i < kMostSteps && step > 0.0 && i * step < record.sweep; ++i) {
+        const double angle = record.startRadial + direction * (i * step);
+        AddPosition(file, {record.radius * std::sin(angle) + record.centre.x,
+                           record.radius * std::cos(angle) + record.centre.y});
+    }
+    AddPosition(file, record.curveEnd);
+}
+
+}  // namespace
+
+// ---- Data order ----
+
+std::int32_t LoadDataOrder(FileSystem& files, std::string_view name) {
+    CConfigFile file(files);
+    return file.OpenForRead(std::string(name) + std::string(kOrderSuffix)) ? file.ReadInt(0) : 0;
+}
+
+void SaveDataOrder(FileSystem& files, std::string_view name, std::int32_t order) {
+    CConfigFile file(files);
+    if (!file.OpenSettingsForWrite(std::string(name) + std::string(kOrderSuffix))) return;
+    file.WriteInt("Data Order", order);
+    file.Commit();
+}
+
+// ---- Reading ----
+
+bool CRoute::Read(std::string_view newPath, ReadReport* report) {
+    // The path may be this object's own.
+    const std::string path(newPath);
+    dataOrder = LoadDataOrder(GetFiles(), SplitPath(path).name);
+    SetPathAndLoad(path);
+    const bool taken = ReadPoints(report);
+    LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
+    LoadCorridor(GetFiles(), GetName());
+    ComputeCorridor();
+    return taken;
+}
+
+bool CRoute::ReadPoints(ReadReport* report) {
+    RemoveAll();
+    stub = false;
+    firstWork = -2;
+    secondWork = -1;
+    CStdioFile file(GetFiles());
+    if (file.OpenForReading(GetPath())) {
+        if (report) report->opened = true;
+        const auto decode = [this](std::string_view line, RouteDef& record) {
+            return DecodePoint(line, dataOrder, record);
+        };
+        Adopt(ReadRecords<RouteDef>(file, decode, report));
+    }
+    FillLegs();
+    return !IsEmpty();
+}
+
+void CRoute::FillLegs() {
+    for (Index i = 0; i < GetSize(); ++i) {
+        RouteDef& record = (*this)[i];
+        if (dataOrder == 0) record.name = Format("WPT %td", i + 1);
+        if (i > 0) record.kp = (*this)[i - 1].range + (*this)[i - 1].kp;
+        if (i + 1 < GetSize()) SetLeg(record, (*this)[i + 1].position);
+    }
+}
+
+void CRoute::MakeStub(std::string_view path) {
+    SetPathAndLoad(path);
+    Add(RouteDef());
+    stub = true;
+}
+
+// ---- Saving ----
+
+void CRoute::SaveDrawingOptions() const {
+    SaveDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
+}
+
+bool CRoute::SaveRoute() const {
+    SaveOrder();
+    CStdioFile file(GetFiles());
+    bool saved = !stub && !IsEmpty() && file.OpenForWriting(GetPath(), FILE_MODE::BINARY);
+    if (saved) {
+        CDelimitedLine line;
+        for (const RouteDef& record : *this) {
+            line.Fill({});
+            if (dataOrder == 1) line.AddString(record.name);
+            line.AddNumber(record.position.x, kDecimals);
+            line.AddNumber(record.position.y, kDecimals);
+            if (dataOrder == 2) line.AddString(record.name);
+            file.WriteString(line.Finish());
+        }
+        saved = file.Commit();
+    }
+    SaveCommon();
+    return saved;
+}
+
+// ---- Corridor ----
+
+void CRoute::ComputeCorridor() {
+    const Index count = GetSize();
+    if (count < 2) return;
+    const CorridorWidths widths{portWidth, starboardWidth};
+    for (Index i = 0; i < count; ++i) {
+        RouteDef& record = (*this)[i];
+        const RouteDef& leg = (*this)[std::min(i, count - 2)];
+        const bool end = i == 0 || i == count - 1;
+        const CorridorCorner corner =
+            end ? SquareCorner(record.position, leg.sine, leg.cosine, widths)
+                : MitreCorner((*this)[i - 1].position, record.position, (*this)[i + 1].position, widths);
+        record.portCorridorStart = corner.port;
+        record.starboardCorridorStart = corner.starboard;
+    }
+}
+
+// ---- Coordinate list ----
+
+bool CRoute::WriteCoordinateList() const {
+    if (GetSize() < 2) return false;
+    CStdioFile file(GetFiles());
+    const std::string folder = GetDataFolder(GetFiles(), kFolder);
+    if (!file.OpenForWriting(folder + GetName() + "_CoordList.CSV", FILE_MODE::BINARY)) return false;
+    for (Index i = 0; i < GetSize(); ++i) {
+        const RouteDef& record = (*this)[i];
+        if (i == 0 || i == GetUpperBound() || record.radius == 0.0) {
+            AddPosition(file, record.position);
+        } else {
+            AddCurve(file, record);
+        }
+    }
+    return file.Commit();
+}
+
+// ---- The list ----
+
+bool CRouteList::AppendFile(std::string_view path, bool) {
+    auto route = std::make_unique<CRoute>(GetFiles());
+    if (!route->Read(path)) route->MakeStub(path);
+    Append(std::move(route));
+    return true;
+}
+
+}  // namespace quillon

@@ -1,0 +1,78 @@
+#include "features/sail_line.h"
+
+#include "features/record_reader.h"
+#include "features/route.h"
+#include "foundation/field_scanner.h"
+#include "foundation/folders.h"
+#include "foundation/paths.h"
+
+namespace quillon {
+namespace {
+
+/// Sail lines keep their drawing files with the routes.
+constexpr std::string_view kFolder = "Routes";
+
+PASSED_OVER DecodeLine(std::string_view line, int order, SailLineDef& record) {
+    if (order != 0) return PASSED_OVER::UNKNOWN_ORDER;
+    FieldScanner fields(line);
+    for (tagXY* const end : {&record.sol, &record.eol}) {
+        end->x = fields.NextNumber();
+        end->y = fields.NextNumber();
+        const PASSED_OVER fault = PositionFault(end->x, end->y);
+        if (fault != PASSED_OVER::NO) return fault;
+    }
+    record.leg = MakeLeg(record.sol, record.eol);
+    return PASSED_OVER::NO;
+}
+
+}  // namespace
+
+bool CSailLine::Read(std::string_view newPath, ReadReport* report) {
+    const std::string path(newPath);
+    dataOrder = LoadDataOrder(GetFiles(), SplitPath(path).name);
+    SetPathAndLoad(path);
+    const bool taken = ReadLines(report);
+    LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
+    return taken;
+}
+
+bool CSailLine::ReadLines(ReadReport* report) {
+    RemoveAll();
+    CStdioFile file(GetFiles());
+    if (file.OpenForReading(GetPath())) {
+        if (report) report->opened = true;
+        const auto decode = [this](std::string_view line, SailLineDef& record) {
+            return DecodeLine(line, dataOrder, record);
+        };
+        Adopt(ReadRecords<SailLineDef>(file, decode, report));
+    }
+    return !IsEmpty();
+}
+
+void CSailLine::MakeStub(std::string_view path) {
+    SetPathAndLoad(path);
+    AddEmpty();
+}
+
+void CSailLine::SaveDrawingOptions() const {
+    SaveDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
+}
+
+void CSailLine::SaveOrder() const {
+    SaveDataOrder(GetFiles(), GetName(), dataOrder);
+}
+
+void CSailLineList::SetEditCursor(int fileIndex, int pointIndex) {
+    const std::int16_t third = editState.thirdIndex;
+    CFileListBase::SetEditCursor(fileIndex, pointIndex);
+    if (editState.editPointIndex >= 0) editState.thirdIndex = third;
+}
+
+bool CSailLineList::AppendFile(std::string_view path, bool) {
+    auto lines = std::make_unique<CSailLine>(GetFiles());
+    if (!lines->Read(path)) lines->MakeStub(path);
+    Append(std::move(lines));
+    return true;
+}
+
+}  // namespace quillon
