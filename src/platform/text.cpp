@@ -8,8 +8,10 @@
 #include <cstdarg>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
+#include <cstring>
 #include <limits>
+
+#include "platform/errors.h"
 
 namespace quillon {
 namespace {
@@ -22,7 +24,7 @@ struct Conversion {
     bool left = false, plus = false, blank = false, alternate = false, zero = false;
     int width = 0;
     int precision = -1;
-    int length = 0;  // 0 int, 1 long, 2 long long, 3 size_t
+    int length = 0;  // -2 char, -1 short, 0 int, 1 long, 2 long long, 3 size_t
     char type = 0;
 };
 
@@ -64,6 +66,7 @@ Conversion ReadConversion(const char*& p, va_list& args) {
     if (*p == '.') conversion.precision = ReadCount(++p, args);
     for (; *p == 'l' || *p == 'h' || *p == 'z'; ++p) {
         if (*p == 'l') ++conversion.length;
+        if (*p == 'h') --conversion.length;
         if (*p == 'z') conversion.length = 3;
     }
     if (*p) conversion.type = *p++;
@@ -96,7 +99,8 @@ void FormatReal(std::string& out, const Conversion& c, double value) {
                        : c.type == 'g' ? std::chars_format::general
                                        : std::chars_format::fixed;
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, style, precision).ptr;
-    const std::string_view body(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+    std::string body(buffer.data(), end);
+    if (c.alternate && precision == 0 && std::isfinite(value)) body.insert(std::min(body.find('e'), body.size()), ".");
     Pad(out, c, SignOf(std::signbit(value) && !std::isnan(value), c), body, c.zero && std::isfinite(value));
 }
 
@@ -105,12 +109,15 @@ void FormatWhole(std::string& out, const Conversion& c, bool negative, unsigned 
     const bool hex = c.type == 'x' || c.type == 'X';
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, hex ? 16 : 10).ptr;
     std::string digits(buffer.data(), end);
+    if (magnitude == 0 && c.precision == 0) digits.clear();
     if (c.type == 'X') digits = ToUpper(digits);
     if (static_cast<int>(digits.size()) < c.precision) {
         digits.insert(0, static_cast<std::size_t>(c.precision) - digits.size(), '0');
     }
     const bool isSigned = c.type == 'd' || c.type == 'i';
-    Pad(out, c, isSigned ? SignOf(negative, c) : "", digits, c.zero && c.precision < 0);
+    std::string prefix(isSigned ? SignOf(negative, c) : "");
+    if (hex && c.alternate && magnitude != 0) prefix = {'0', c.type};
+    Pad(out, c, prefix, digits, c.zero && c.precision < 0);
 }
 
 void FormatSigned(std::string& out, const Conversion& c, long long value) {
@@ -121,6 +128,10 @@ void FormatSigned(std::string& out, const Conversion& c, long long value) {
 
 long long NextSigned(const Conversion& c, va_list& args) {
     switch (c.length) {
+        case -2:
+            return static_cast<signed char>(va_arg(args, int));
+        case -1:
+            return static_cast<short>(va_arg(args, int));
         case 0:
             return va_arg(args, int);
         case 1:
@@ -134,6 +145,10 @@ long long NextSigned(const Conversion& c, va_list& args) {
 
 unsigned long long NextUnsigned(const Conversion& c, va_list& args) {
     switch (c.length) {
+        case -2:
+            return static_cast<unsigned char>(va_arg(args, unsigned));
+        case -1:
+            return static_cast<unsigned short>(va_arg(args, unsigned));
         case 0:
             return va_arg(args, unsigned);
         case 1:
@@ -146,9 +161,11 @@ unsigned long long NextUnsigned(const Conversion& c, va_list& args) {
 }
 
 void FormatText(std::string& out, const Conversion& c, const char* text) {
-    std::string_view view = text ? text : "";
-    if (c.precision >= 0) view = view.substr(0, static_cast<std::size_t>(c.precision));
-    Pad(out, c, "", view, false);
+    if (!text) text = "";
+    // With a precision the text need not end in a NUL.
+    const std::size_t length =
+        c.precision < 0 ? std::strlen(text) : ::strnlen(text, static_cast<std::size_t>(c.precision));
+    Pad(out, c, "", {text, length}, false);
 }
 
 void FormatOne(std::string& out, const Conversion& c, va_list& args) {
@@ -192,6 +209,7 @@ constexpr std::array<char32_t, 32> kHighControls = {0x20AC, 0x81,   0x201A, 0x01
 
 constexpr std::string_view kEscapeHead = "\xABU+";
 constexpr char kEscapeTail = '\xBB';
+constexpr char32_t kGuillemet = 0xAB;
 
 char32_t CodePointOf(unsigned char byte) {
     return byte >= 0x80 && byte < 0xA0 ? kHighControls[byte - 0x80u] : byte;
@@ -247,7 +265,11 @@ bool TakeUtf8(std::string_view& text, char32_t& codePoint) {
     return true;
 }
 
-/// Takes "«U+hex»" from the front if it stands there.
+std::string EscapeOf(char32_t codePoint) {
+    return Format("\xABU+%04X\xBB", static_cast<unsigned>(codePoint));
+}
+
+/// Takes "«U+hex»" from the front if it stands there, exactly as TextFromUtf8 would have written it.
 bool TakeEscape(std::string_view& text, char32_t& codePoint) {
     if (text.substr(0, kEscapeHead.size()) != kEscapeHead) return false;
     const std::size_t tail = text.find(kEscapeTail, kEscapeHead.size());
@@ -256,8 +278,11 @@ bool TakeEscape(std::string_view& text, char32_t& codePoint) {
     const char* last = text.data() + tail;
     std::uint32_t value = 0;
     const auto read = std::from_chars(first, last, value, 16);
-    if (read.ec != std::errc{} || read.ptr != last || value < 0x100 || value > 0x10FFFF) return false;
-    if (value >= 0xD800 && value < 0xE000) return false;
+    if (read.ec != std::errc{} || read.ptr != last || value > 0x10FFFF || (value >= 0xD800 && value < 0xE000)) {
+        return false;
+    }
+    const bool escaped = value == kGuillemet || (value != 0 && ByteOf(value) == 0);
+    if (!escaped || text.substr(0, tail + 1) != EscapeOf(value)) return false;
     codePoint = value;
     text.remove_prefix(tail + 1);
     return true;
@@ -376,6 +401,7 @@ bool EqualNoCase(std::string_view a, std::string_view b) {
 }
 
 std::string Replace(std::string_view text, std::string_view from, std::string_view to) {
+    if (from.empty()) throw InvalidArgument("nothing to replace");
     std::string out;
     for (;;) {
         const std::size_t found = text.find(from);
@@ -406,10 +432,13 @@ std::string TextFromUtf8(std::string_view utf8) {
         if (!TakeUtf8(utf8, c)) {
             out += utf8.front();
             utf8.remove_prefix(1);
+        } else if (c == kGuillemet && utf8.starts_with("U+")) {
+            // A guillemet of the text's own, which must not be read as the head of an escape.
+            out += EscapeOf(c);
         } else if (const unsigned char byte = ByteOf(c); byte != 0 || c == 0) {
             out += static_cast<char>(byte);
         } else {
-            out += Format("\xABU+%04X\xBB", static_cast<unsigned>(c));
+            out += EscapeOf(c);
         }
     }
     return out;

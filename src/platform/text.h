@@ -9,8 +9,9 @@ namespace quillon {
 // here looks at setlocale().
 
 /// printf-style formatting: flags "-+ #0", width and precision (also "*"), conversions d i u x X c s f e g %. Length
-/// modifiers h, l, ll, z select the argument; "lf" and "f" both take a double. Floating point is rounded as printf does
-/// in the C locale (exact, half to even on the exact binary value).
+/// modifiers hh, h, l, ll, z select the argument; "lf" and "f" both take a double. Floating point is rounded as printf
+/// does in the C locale (exact, half to even on the exact binary value), with at most 60 decimals; NaN has no sign. "#"
+/// is not for g. A character 0 ("%c") writes nothing.
 [[gnu::format(printf, 1, 2)]] std::string Format(const char* format, ...);
 
 /// Appends `value` with a fixed count of decimals (0 to 60; more counts as 60). Infinities and NaN become "inf", "-inf"
@@ -36,12 +37,13 @@ char ToUpper(char c);
 std::string ToUpper(std::string_view text);
 bool EqualNoCase(std::string_view a, std::string_view b);
 
-/// Replaces every occurrence of `from` (not empty), scanning once from the left.
+/// Replaces every occurrence of `from`, scanning once from the left. An empty `from` raises InvalidArgument.
 std::string Replace(std::string_view text, std::string_view from, std::string_view to);
 
 /// UTF-8 of a Windows-1252 text, and back. A character that Windows-1252 lacks travels as "«U+1F6A2»" (guillemets
-/// around a code point) and comes back as itself, so that no file name is lost on the way. Bytes that are no UTF-8 are
-/// taken as Windows-1252 already.
+/// around a code point) and comes back as itself, so that no file name is lost on the way: from UTF-8 to text and back
+/// gives the same bytes. A guillemet that happens to stand before "U+" travels as an escape too. Bytes that are no
+/// UTF-8 are taken as Windows-1252 already.
 std::string Utf8FromText(std::string_view text);
 std::string TextFromUtf8(std::string_view utf8);
 

@@ -1,0 +1,150 @@
+#include "platform/array.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <numeric>
+#include <vector>
+
+namespace quillon {
+namespace {
+
+struct tagSample {
+    double x;
+    int number;
+    friend bool operator==(const tagSample&, const tagSample&) = default;
+};
+
+using Array = CArray<int>;
+
+TEST(CArray, GrowsByAnEighthBetween4And1024) {
+    Array array;
+    Array::Index capacity = 0;
+    std::vector<Array::Index> steps;
+    for (int i = 0; i < 20000; ++i) {
+        const Array::Index before = array.GetSize();
+        ASSERT_EQ(array.Add(i), i);
+        if (array.GetCapacity() == capacity) continue;
+        const Array::Index expected = std::min<Array::Index>(1024, std::max<Array::Index>(4, before / 8));
+        ASSERT_EQ(array.GetCapacity(), capacity + expected) << "at " << before;
+        capacity = array.GetCapacity();
+        steps.push_back(expected);
+    }
+    EXPECT_EQ((std::vector<Array::Index>(steps.begin(), steps.begin() + 12)),
+              (std::vector<Array::Index>{4, 4, 4, 4, 4, 4, 4, 4, 4, 4, 5, 5}));
+    EXPECT_EQ(steps.back(), 1024);
+    for (int i = 0; i < 20000; ++i) ASSERT_EQ(array[i], i);
+}
+
+TEST(CArray, GrowsToALargerRequest) {
+    Array array;
+    array.SetSize(100);
+    EXPECT_EQ(array.GetCapacity(), 100);
+    array.SetSize(102);
+    EXPECT_EQ(array.GetCapacity(), 112) << "a step of an eighth";
+    array.SetSize(500);
+    EXPECT_EQ(array.GetCapacity(), 500);
+    array.SetSize(3);
+    EXPECT_EQ(array.GetCapacity(), 500) << "shrinking keeps the room";
+    array.InsertAt(0, 7);
+    EXPECT_EQ(array.GetCapacity(), 500);
+}
+
+TEST(CArray, ZeroFillsNewElements) {
+    CArray<tagSample> array;
+    array.SetSize(2);
+    array[1] = {3.5, 4};
+    array.SetSize(1);
+    array.SetSize(40);
+    for (const tagSample& sample : array) EXPECT_EQ(sample, (tagSample{0.0, 0}));
+}
+
+TEST(CArray, SizeZeroFrees) {
+    Array array;
+    array.SetSize(1000);
+    array.SetSize(0);
+    EXPECT_EQ(array.GetCapacity(), 0);
+    EXPECT_TRUE(array.IsEmpty());
+    array.Add(1);
+    array.RemoveAll();
+    EXPECT_EQ(array.GetCapacity(), 0);
+    EXPECT_EQ(array.GetUpperBound(), -1);
+}
+
+TEST(CArray, InsertsAndRemoves) {
+    Array array;
+    for (const int n : {1, 2, 3}) array.Add(n);
+    array.InsertAt(0, 0);
+    array.InsertAt(4, 4);
+    array.RemoveAt(1);
+    EXPECT_EQ((std::vector<int>(array.begin(), array.end())), (std::vector<int>{0, 2, 3, 4}));
+    array.SetAt(3, 9);
+    array.ElementAt(0) = 8;
+    EXPECT_EQ(array.GetAt(3) + array.GetAt(0), 17);
+}
+
+TEST(CArray, InsertsAnElementOfItsOwn) {
+    Array array;
+    for (int i = 0; i < 4; ++i) array.Add(i);
+    ASSERT_EQ(array.GetCapacity(), 4);
+    array.Add(array[3]);
+    array.InsertAt(0, array[4]);
+    EXPECT_EQ(array[5], 3);
+    EXPECT_EQ(array[0], 3);
+}
+
+TEST(CArray, RaisesOnWrongIndexes) {
+    Array array;
+    array.SetSize(2);
+    const Array& constant = array;
+    for (const Array::Index index : {Array::Index{-1}, Array::Index{2}, Array::Index{1} << 40}) {
+        EXPECT_FALSE(array.IsValidIndex(index));
+        EXPECT_THROW(array[index], InvalidArgument);
+        EXPECT_THROW(constant[index], InvalidArgument);
+        EXPECT_THROW(array.GetAt(index), InvalidArgument);
+        EXPECT_THROW(array.SetAt(index, 1), InvalidArgument);
+        EXPECT_THROW(array.RemoveAt(index), InvalidArgument);
+    }
+    EXPECT_THROW(array.InsertAt(-1, 0), InvalidArgument);
+    EXPECT_THROW(array.InsertAt(3, 0), InvalidArgument);
+    EXPECT_THROW(array.SetSize(-1), InvalidArgument);
+    EXPECT_EQ(array.GetSize(), 2);
+}
+
+TEST(CArray, AdoptsAFilledVector) {
+    std::vector<int> tight(1000);
+    std::iota(tight.begin(), tight.end(), 0);
+    const int* const storage = tight.data();
+    Array array;
+    array.Adopt(std::move(tight));
+    EXPECT_EQ(array.GetData(), storage) << "not copied";
+    EXPECT_EQ(array[999], 999);
+
+    std::vector<int> roomy(1000, 5);
+    roomy.reserve(4000);
+    array.Adopt(std::move(roomy));
+    EXPECT_EQ(array.GetCapacity(), 1000);
+    EXPECT_EQ(array.GetSize(), 1000);
+    array.Adopt({});
+    EXPECT_EQ(array.GetCapacity(), 0);
+}
+
+TEST(CArray, ReservesOutsideTheRule) {
+    Array array;
+    array.Reserve(77);
+    EXPECT_EQ(array.GetCapacity(), 77);
+    array.Reserve(-5);
+    array.Add(1);
+    EXPECT_EQ(array.GetCapacity(), 77);
+}
+
+TEST(CArray, HoldsWhatOnlyMoves) {
+    CArray<std::unique_ptr<int>> array;
+    array.Add(std::make_unique<int>(1));
+    array.InsertAt(0, std::make_unique<int>(2));
+    array.RemoveAt(1);
+    EXPECT_EQ(*array[0], 2);
+}
+
+}  // namespace
+}  // namespace quillon
