@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/file_calls.h"
 #include "platform/text.h"
 
 namespace quillon {
@@ -21,6 +22,8 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kBlock = std::size_t{256} << 10;
 constexpr const char* kNewSuffix = ".new~";
+/// Links followed one after another before they count as a circle.
+constexpr int kMostLinks = 40;
 
 class Descriptor {
 public:
@@ -49,9 +52,9 @@ auto Retry(Call call) {
     return result;
 }
 
-bool WriteWhole(int fd, std::string_view bytes) {
+bool WriteWhole(FileCalls& calls, int fd, std::string_view bytes) {
     while (!bytes.empty()) {
-        const ssize_t n = Retry([&] { return ::write(fd, bytes.data(), bytes.size()); });
+        const ssize_t n = Retry([&] { return calls.Write(fd, bytes.data(), bytes.size()); });
         if (n <= 0) return false;
         bytes.remove_prefix(static_cast<std::size_t>(n));
     }
@@ -72,10 +75,30 @@ std::optional<std::string> BytesOf(const fs::path& path) {
 }
 
 /// A rename is on the disk only when its folder is.
-void FlushFolderOf(const fs::path& path) {
+void FlushFolderOf(FileCalls& calls, const fs::path& path) {
     const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
     const Descriptor fd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (fd) ::fsync(fd.Get());
+    if (fd) calls.Sync(fd.Get());
+}
+
+/// The file that a path names in the end: links are followed, also to a file that isn't there yet. Empty for a circle.
+fs::path FollowLinks(fs::path path) {
+    std::error_code error;
+    for (int i = 0; i < kMostLinks; ++i) {
+        if (!fs::is_symlink(fs::symlink_status(path, error))) return path;
+        const fs::path next = fs::read_symlink(path, error);
+        if (error) return {};
+        path = path.parent_path() / next;
+    }
+    return {};
+}
+
+/// Whether a writer may put a file in the place of what stands there: nothing, or a regular file that may be written.
+bool IsReplaceable(const fs::path& path) {
+    if (!path.has_filename()) return false;
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) return errno == ENOENT;
+    return S_ISREG(status.st_mode) && ::access(path.c_str(), W_OK) == 0;
 }
 
 bool HasDrive(std::string_view path) {
@@ -84,11 +107,43 @@ bool HasDrive(std::string_view path) {
     return letter >= 'A' && letter <= 'Z';
 }
 
-fs::path NativeRest(fs::path base, std::string_view rest) {
+/// A path on a drive. The parts "." and ".." are taken by their names, before any link is followed, and the root of the
+/// drive is its own parent.
+fs::path NativeRest(const fs::path& base, std::string_view rest) {
     std::string utf8 = Utf8FromText(rest);
     std::replace(utf8.begin(), utf8.end(), '\\', '/');
-    while (!utf8.empty() && utf8.front() == '/') utf8.erase(0, 1);
-    return utf8.empty() ? base : base / utf8;
+    const fs::path relative = fs::path("/" + utf8).lexically_normal().relative_path();
+    return relative.empty() ? base : base / relative;
+}
+
+}  // namespace
+
+// ---- Calls of the system ----
+
+int FileCalls::Open(const char* path, int flags, mode_t mode) {
+    return ::open(path, flags, mode);
+}
+int FileCalls::Lock(int fd) {
+    return ::flock(fd, LOCK_EX | LOCK_NB);
+}
+int FileCalls::Truncate(int fd) {
+    return ::ftruncate(fd, 0);
+}
+ssize_t FileCalls::Write(int fd, const void* bytes, std::size_t size) {
+    return ::write(fd, bytes, size);
+}
+int FileCalls::Sync(int fd) {
+    return ::fsync(fd);
+}
+int FileCalls::Rename(const char* from, const char* to) {
+    return ::rename(from, to);
+}
+
+namespace {
+
+FileCalls& SystemCalls() {
+    static FileCalls calls;
+    return calls;
 }
 
 }  // namespace
@@ -96,7 +151,7 @@ fs::path NativeRest(fs::path base, std::string_view rest) {
 // ---- FileSystem ----
 
 FileSystem::FileSystem(fs::path drivesFolder, std::string program)
-    : drives(std::move(drivesFolder)), commandLine(std::move(program)) {
+    : drives(std::move(drivesFolder)), commandLine(std::move(program)), calls(&SystemCalls()) {
     std::error_code ignored;
     fs::create_directories(drives / "c", ignored);
 }
@@ -113,7 +168,8 @@ fs::path FileSystem::Native(std::string_view path) const {
 
 std::string FileSystem::LibraryPath(const fs::path& native) const {
     const fs::path below = native.lexically_relative(drives);
-    const std::string rest = below.generic_string();
+    std::string rest = below.generic_string();
+    if (rest.size() == 1) rest += '/';
     if (rest.size() > 1 && rest[1] == '/' && rest[0] >= 'a' && rest[0] <= 'z') {
         std::string text = TextFromUtf8(rest.substr(1));
         std::replace(text.begin(), text.end(), '/', '\\');
@@ -159,13 +215,13 @@ public:
     bool Line(std::string_view& line) {
         for (std::size_t searched = 0;;) {
             const std::size_t feed = FindFeed(searched);
-            if (feed != std::string_view::npos) {
+            if (feed != std::string_view::npos && feed <= kLongestLine) {
                 line = rest.substr(0, feed);
                 Take(feed + 1);
                 break;
             }
             searched = rest.size();
-            if (searched >= kLongestLine) {
+            if (searched > kLongestLine) {
                 line = rest.substr(0, kLongestLine);
                 return EndLongLine(line);
             }
@@ -194,6 +250,7 @@ public:
 
     std::uint64_t Length() const { return length; }
     std::uint64_t Position() const { return position; }
+    bool HasFailed() const { return failed; }
 
 private:
     std::size_t FindFeed(std::size_t from) const {
@@ -212,6 +269,7 @@ private:
         if (block.size() - kept < kBlock / 2) block.resize(block.size() * 2);
         const ssize_t n = Retry([&] { return ::read(fd.Get(), block.data() + kept, block.size() - kept); });
         rest = std::string_view(block.data(), kept + (n > 0 ? static_cast<std::size_t>(n) : 0));
+        failed = n < 0;
         ended = n <= 0;
         return !ended;
     }
@@ -238,6 +296,7 @@ private:
     std::string longLine;
     std::string_view rest;
     bool ended = false;
+    bool failed = false;
 };
 
 // ---- Writing ----
@@ -245,19 +304,14 @@ private:
 class CStdioFile::Writer {
 public:
     /// Null if the file can't be written now.
-    static std::unique_ptr<Writer> Open(const fs::path& native, std::string path, FILE_MODE mode) {
-        auto writer = std::unique_ptr<Writer>(new Writer);
-        std::error_code error;
-        // A link stays a link: what it points to is replaced.
-        const fs::path target = fs::weakly_canonical(native, error);
-        writer->target = error ? native : target;
+    static std::unique_ptr<Writer> Open(FileCalls& calls, const fs::path& native, std::string path, FILE_MODE mode) {
+        auto writer = std::unique_ptr<Writer>(new Writer(calls));
+        writer->target = FollowLinks(native);
         writer->fresh = writer->target;
         writer->fresh += kNewSuffix;
         writer->path = std::move(path);
         writer->mode = mode;
-        if (fs::is_directory(writer->target, error)) return nullptr;
-        if (::access(writer->target.c_str(), F_OK) == 0 && ::access(writer->target.c_str(), W_OK) != 0) return nullptr;
-        return writer->Lock() ? std::move(writer) : nullptr;
+        return IsReplaceable(writer->target) && writer->Lock() ? std::move(writer) : nullptr;
     }
 
     ~Writer() {
@@ -279,11 +333,11 @@ public:
     bool Commit(CommitObserver* observer) {
         std::optional<std::string> before;
         if (observer) before = BytesOf(target);
-        struct stat old {};
-        if (::stat(target.c_str(), &old) == 0) ::fchmod(fd.Get(), old.st_mode & 07777);
-        if (::ftruncate(fd.Get(), 0) != 0 || !WriteWhole(fd.Get(), bytes) || ::fsync(fd.Get()) != 0) return false;
-        if (::rename(fresh.c_str(), target.c_str()) != 0) return false;
-        FlushFolderOf(target);
+        KeepOwnerAndMode();
+        if (calls.Truncate(fd.Get()) != 0 || !WriteWhole(calls, fd.Get(), bytes)) return false;
+        if (Retry([&] { return calls.Sync(fd.Get()); }) != 0) return false;
+        if (Retry([&] { return calls.Rename(fresh.c_str(), target.c_str()); }) != 0) return false;
+        FlushFolderOf(calls, target);
         // The new file has its name now; the destructor must not take it away.
         fd.Reset();
         if (observer) observer->OnCommitted({path, std::move(before), bytes});
@@ -291,28 +345,44 @@ public:
     }
 
 private:
-    Writer() = default;
+    explicit Writer(FileCalls& system) : calls(system) {}
+
+    /// Best effort: who may not give a file away owns the new one.
+    void KeepOwnerAndMode() {
+        struct stat old {};
+        if (::stat(target.c_str(), &old) != 0) return;
+        const bool group = ::fchown(fd.Get(), static_cast<uid_t>(-1), old.st_gid) == 0;
+        const bool owner = ::fchown(fd.Get(), old.st_uid, static_cast<gid_t>(-1)) == 0;
+        // Another owner or group must not come by rights that were meant for the old one.
+        if (!group || !owner) old.st_mode &= ~static_cast<mode_t>(S_ISUID | S_ISGID);
+        ::fchmod(fd.Get(), old.st_mode & 07777);
+    }
 
     /// The new file's lock is what refuses a second writer. A file left behind by a killed writer has no lock and is
     /// taken over. Between opening and locking, the first writer may have renamed or removed the file: then it is
-    /// another one by name.
+    /// another one by name. A file system that knows no locks is written without one.
     bool Lock() {
         for (;;) {
-            fd.Reset(::open(fresh.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666));
+            // A link in the new file's place would lead the bytes astray.
+            constexpr int kFlags = O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY;
+            fd.Reset(Retry([&] { return calls.Open(fresh.c_str(), kFlags, 0666); }));
             if (!fd) return false;
-            if (::flock(fd.Get(), LOCK_EX | LOCK_NB) != 0) {
+            if (Retry([&] { return calls.Lock(fd.Get()); }) != 0 && errno == EWOULDBLOCK) {
                 fd.Reset();
                 return false;
             }
             struct stat opened {
             }, named{};
-            if (::fstat(fd.Get(), &opened) == 0 && ::stat(fresh.c_str(), &named) == 0 &&
-                opened.st_ino == named.st_ino && opened.st_dev == named.st_dev) {
-                return true;
+            if (::fstat(fd.Get(), &opened) != 0 || !S_ISREG(opened.st_mode)) {
+                fd.Reset();
+                return false;
             }
+            const bool stands = ::stat(fresh.c_str(), &named) == 0;
+            if (stands && opened.st_ino == named.st_ino && opened.st_dev == named.st_dev) return true;
         }
     }
 
+    FileCalls& calls;
     fs::path target;
     fs::path fresh;
     std::string path;
@@ -328,7 +398,7 @@ CStdioFile::~CStdioFile() = default;
 
 bool CStdioFile::OpenForReading(std::string_view path, FILE_MODE mode) {
     Close();
-    Descriptor fd(::open(files.Native(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    Descriptor fd(::open(files.Native(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status {};
     if (!fd || ::fstat(fd.Get(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
     reader = std::make_unique<Reader>(std::move(fd), static_cast<std::uint64_t>(status.st_size), mode);
@@ -342,7 +412,7 @@ void CStdioFile::OpenBytes(std::string_view bytes, FILE_MODE mode) {
 
 bool CStdioFile::OpenForWriting(std::string_view path, FILE_MODE mode) {
     Close();
-    writer = Writer::Open(files.Native(path), std::string(path), mode);
+    writer = Writer::Open(files.Calls(), files.Native(path), std::string(path), mode);
     return writer != nullptr;
 }
 
@@ -363,7 +433,7 @@ bool CStdioFile::ReadAll(std::string& bytes, std::size_t limit) {
     while (bytes.size() <= limit) {
         const std::size_t n = reader->Bytes(block.data(), block.size());
         bytes.append(block.data(), n);
-        if (n < block.size()) return bytes.size() <= limit;
+        if (n < block.size()) return bytes.size() <= limit && !reader->HasFailed();
     }
     return false;
 }

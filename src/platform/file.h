@@ -30,6 +30,8 @@ struct FileStamp {
     friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };
 
+class FileCalls;
+
 enum class FOLDER_RESULT { CREATED, THERE, FAILED };
 
 /// The one place where a library path becomes a native one.
@@ -37,7 +39,8 @@ enum class FOLDER_RESULT { CREATED, THERE, FAILED };
 /// Library paths are Windows-1252 text, either with a drive letter (`C:\Job\a.csv`, both `\` and `/` separate) or a
 /// path of this system (`/srv/jobs/a.csv`). `C:`, `D:` and `E:` are the folders c, d and e below the drives folder; c
 /// always exists, the others exist if their folder does. A path without a drive and without a leading separator is
-/// taken from the current folder, as every program of this system takes it.
+/// taken from the current folder, as every program of this system takes it. On a drive, ".." goes up to the root of the
+/// drive and no further.
 class FileSystem {
 public:
     /// `commandLine` names the program; the settings folder is called after it.
@@ -60,10 +63,15 @@ public:
     void SetCommitObserver(CommitObserver* observer) { commitObserver = observer; }
     CommitObserver* Observer() const { return commitObserver; }
 
+    /// For tests of what a failing system leaves behind. They must outlive the writing.
+    void SetCalls(FileCalls& replacement) { calls = &replacement; }
+    FileCalls& Calls() const { return *calls; }
+
 private:
     std::filesystem::path drives;
     std::string commandLine;
     CommitObserver* commitObserver = nullptr;
+    FileCalls* calls;
 };
 
 enum class FILE_MODE {
@@ -76,7 +84,8 @@ enum class FILE_MODE {
 /// Writing replaces a file in one step: the bytes go to a new file beside it, which `Commit` flushes to the disk and
 /// renames over the old one. Whatever happens before the rename (a kill, a full disk, an object dropped without
 /// `Commit`), the old file stands. While one writer has a file open, every other one is refused, in this process or
-/// another.
+/// another. Only a regular file can be replaced: a folder, a pipe or a device is refused. A link stays a link; what it
+/// points to is replaced.
 ///
 /// Reading takes no lock: a reader sees the old file or the new one, whole. No operation raises; a failure is a false
 /// result.
