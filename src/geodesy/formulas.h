@@ -129,7 +129,7 @@ struct Formulas {
         const V m = MeridianArc(*grid.ellipsoid, lat, s, c) - grid.M0;
         M::SinCos((lon - grid.lon0) * grid.W[5], sinTh, cosTh);
         const V powers = grid.W[0] + m * (grid.W[1] + m * (grid.W[2] + m * grid.W[3]));
-        const V arc = (m + m * m * powers) * grid.k0;
+        const V arc = m * (1.0 + m * m * powers) * grid.k0;
         const V east = sinTh * (grid.W[4] - arc);
         const V tanHalf = sinTh / (1.0 + cosTh);
         return {east + grid.FE, tanHalf * east + arc + grid.FN};

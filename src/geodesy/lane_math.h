@@ -1,9 +1,5 @@
 #pragma once
 
-#if defined(__AVX__) || defined(__SSE2__)
-#include <immintrin.h>
-#endif
-
 namespace quillon {
 
 /// The vector types of one width. A comparison gives a mask: all bits of a lane set, or none.
@@ -37,12 +33,6 @@ struct LaneMath {
     static Value Abs(Value x) { return FromBits(Bits(x) & 0x7fffffffffffffff); }
 
     static bool Any(Mask mask) {
-#if defined(__AVX512DQ__)
-        if constexpr (kCount == 8) return _mm512_movepi64_mask(__builtin_bit_cast(__m512i, mask)) != 0;
-#endif
-#if defined(__AVX__)
-        if constexpr (kCount == 4) return _mm256_movemask_pd(__builtin_bit_cast(__m256d, mask)) != 0;
-#endif
         long long any = 0;
         for (int i = 0; i < kCount; i++) any |= mask[i];
         return any != 0;
@@ -131,9 +121,7 @@ struct LaneMath {
         angle = x < 0.0 ? kPi - angle : angle;
         return FromBits(Bits(angle) | (Bits(y) & kSignBit));
     }
-    static Value Atan(Value x) {
-        return Atan2(x, Fill(1.0));
-    }
+    static Value Atan(Value x) { return Atan2(x, Fill(1.0)); }
 
 private:
     static constexpr long long kSignBit = static_cast<long long>(0x8000000000000000);
