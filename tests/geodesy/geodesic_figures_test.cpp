@@ -14,9 +14,10 @@ namespace {
 /// What Rudoe's formula is good for: it runs along the normal section's great ellipse, which parts from the geodesic as
 /// the range grows.
 double Tolerance(double range) {
-    if (range <= 1000e3) return 1e-6 + 1e-9 * range;
-    if (range <= 2000e3) return 0.05;
-    return 5;
+    if (range <= 1000.5e3) return 1e-6 + 1e-9 * range;
+    if (range <= 2000.5e3) return 0.005;
+    if (range <= 5000.5e3) return 0.3;
+    return 10;
 }
 
 TEST(GeodesicFigures, DistanceKeepsItsAccuracyWithRange) {

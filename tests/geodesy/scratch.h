@@ -18,8 +18,8 @@ class ScratchTest : public testing::Test {
 protected:
     ScratchTest() {
         const auto* info = testing::UnitTest::GetInstance()->current_test_info();
-        root = std::filesystem::temp_directory_path() /
-               (std::string("quillon-") + info->test_suite_name() + "-" + info->name() + "-" + std::to_string(getpid()));
+        root = std::filesystem::temp_directory_path() / (std::string("quillon-") + info->test_suite_name() + "-" +
+                                                         info->name() + "-" + std::to_string(getpid()));
         std::filesystem::remove_all(root);
         std::filesystem::create_directories(root / "drives");
         std::filesystem::create_directories(root / "program folder");
