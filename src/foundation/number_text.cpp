@@ -8,11 +8,13 @@
 namespace quillon {
 namespace {
 
-struct Bounds {
-    double lower = 0.0, upper = 0.0;
-};
+constexpr int kDecimalsForNegative = 2;
 
-Bounds BoundsOf(int width, int decimals, bool forceSign) {
+}  // namespace
+
+tagNumberBounds NumberBounds(int width, int decimals, bool forceSign) {
+    if (width <= 0) return {};
+    if (decimals < 0) decimals = kDecimalsForNegative;
     std::string nines(static_cast<std::size_t>(width), '9');
     const int point = width - decimals - 1;
     int d = 0;
@@ -20,7 +22,7 @@ Bounds BoundsOf(int width, int decimals, bool forceSign) {
         nines[static_cast<std::size_t>(point)] = '.';
         d = decimals;
     }
-    Bounds bounds;
+    tagNumberBounds bounds;
     if (forceSign) nines.front() = '+';
     bounds.upper = Atof(nines);
     if (width - d < 3) {
@@ -32,12 +34,10 @@ Bounds BoundsOf(int width, int decimals, bool forceSign) {
     return bounds;
 }
 
-}  // namespace
-
 std::string FormatDouble(double value, int width, int decimals, bool forceSign, bool fixed) {
     if (width <= 0) return "";
-    if (decimals < 0) decimals = 2;
-    const Bounds bounds = BoundsOf(width, decimals, forceSign);
+    if (decimals < 0) decimals = kDecimalsForNegative;
+    const tagNumberBounds bounds = NumberBounds(width, decimals, forceSign);
     if (std::isnan(value)) value = 0.0;
     // Adding zero turns a negative zero into a plain one, for which there may be no place.
     value = std::clamp(value, bounds.lower, bounds.upper) + 0.0;

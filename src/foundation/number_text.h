@@ -4,6 +4,14 @@
 
 namespace quillon {
 
+struct tagNumberBounds {
+    double lower = 0.0, upper = 0.0;
+    bool Hold(double value) const { return value >= lower && value <= upper; }
+};
+
+/// The numbers that FormatDouble can show in a width.
+tagNumberBounds NumberBounds(int width, int decimals, bool forceSign);
+
 /// A number as an edit field `width` characters wide shows it, right-aligned or, when `fixed`, filled with zeros. A
 /// negative `decimals` counts as 2; width 0 gives an empty text.
 ///
