@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cmath>
 #include <limits>
 #include <random>
 
 #include "foundation/angle_units.h"
+#include "foundation/number_text.h"
+#include "foundation/number_typing.h"
 #include "foundation/values.h"
 #include "platform/text.h"
 
@@ -280,6 +283,22 @@ TEST(AngleText, EveryNotationReadsBack) {
                     type == ANGLE_ZENITH ? std::fabs(expected) : expected, half)
             << text << " type " << type << " format " << format;
     }
+}
+
+// A point is a point wherever the operator comes from.
+TEST(AngleText, UnderADecimalComma) {
+    if (!std::setlocale(LC_ALL, "de_DE.UTF-8")) GTEST_SKIP() << "no locale with a decimal comma here";
+    EXPECT_EQ(FormatAngle(Dms(52.5), ANGLE_LATITUDE, ANGLE_DEGREES_MINUTES, 4), "52\xB0 30'.0000N");
+    EXPECT_EQ(FormatAngle(Dms(10, 20, 59.99996), ANGLE_BEARING, ANGLE_DEGREES_MINUTES_SECONDS, 4),
+              "010\xB0 21' 00\".0000");
+    std::string first, limit;
+    AngleTemplate(ANGLE_BEARING, ANGLE_DEGREES, first, 2, limit);
+    EXPECT_EQ(first, "359\xB0.99");
+    EXPECT_EQ(FormatDouble(12345.0, 4, 1, false, false), "99.9");
+    tagEditText edit{"12.5", 4, 4};
+    EXPECT_TRUE(TypeIntoNumber(edit, '7', tagNumberStyle{}));
+    EXPECT_EQ(edit.text, "12.57");
+    std::setlocale(LC_ALL, "C");
 }
 
 }  // namespace
