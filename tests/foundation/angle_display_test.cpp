@@ -2,26 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "foundation/angle_units.h"
 #include "foundation/config_file.h"
 #include "platform/text.h"
+#include "support/scratch_drives.h"
 
 namespace quillon {
 namespace {
 
-/// A drives folder of its own, with the two settings files in the hands of the test.
+/// The two settings files in the hands of the test.
 class AngleDisplay : public testing::Test {
 protected:
-    AngleDisplay()
-        : drives(std::filesystem::path(testing::TempDir()) /
-                 testing::UnitTest::GetInstance()->current_test_info()->name()),
-          files((std::filesystem::remove_all(drives), drives)) {}
-    ~AngleDisplay() override { std::filesystem::remove_all(drives); }
-
     void Put(const char* name, std::string_view text) {
         CConfigFile file(files);
         ASSERT_TRUE(file.OpenSettingsForWrite(name));
@@ -34,8 +27,8 @@ protected:
         return Replace(text, "\xB0", "d");
     }
 
-    std::filesystem::path drives;
-    FileSystem files;
+    ScratchDrives drives;
+    FileSystem& files = drives.Files();
 };
 
 TEST_F(AngleDisplay, FollowsTheSettingsOfTheType) {
@@ -91,10 +84,7 @@ TEST_F(AngleDisplay, WritesWhatItReads) {
     ASSERT_TRUE(WriteAngleSettings(files, angles));
     EXPECT_EQ(ReadAngleSettings(&files), angles);
 
-    const auto path = files.Native(CConfigFile(files).GetSettingsPath("Geographicals Settings"));
-    EXPECT_EQ(path.filename(), "Geographicals_Settings.INI");
-    std::ifstream in(path, std::ios::binary);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}),
+    EXPECT_EQ(drives.Read("C:\\MySettings\\Host\\Geographicals_Settings.INI"),
               "Format = 2\r\nDecimals = 4\r\nNorth South = S\r\nEast West = W\r\n");
 }
 

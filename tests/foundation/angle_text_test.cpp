@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -12,6 +11,7 @@
 #include "foundation/number_typing.h"
 #include "foundation/values.h"
 #include "platform/text.h"
+#include "support/comma_locale.h"
 
 namespace quillon {
 namespace {
@@ -287,7 +287,8 @@ TEST(AngleText, EveryNotationReadsBack) {
 
 // A point is a point wherever the operator comes from.
 TEST(AngleText, UnderADecimalComma) {
-    if (!std::setlocale(LC_ALL, "de_DE.UTF-8")) GTEST_SKIP() << "no locale with a decimal comma here";
+    const CommaLocale locale;
+    if (!locale.IsSet()) GTEST_SKIP() << "no locale with a decimal comma on this machine";
     EXPECT_EQ(FormatAngle(Dms(52.5), ANGLE_LATITUDE, ANGLE_DEGREES_MINUTES, 4), "52\xB0 30'.0000N");
     EXPECT_EQ(FormatAngle(Dms(10, 20, 59.99996), ANGLE_BEARING, ANGLE_DEGREES_MINUTES_SECONDS, 4),
               "010\xB0 21' 00\".0000");
@@ -298,7 +299,6 @@ TEST(AngleText, UnderADecimalComma) {
     tagEditText edit{"12.5", 4, 4};
     EXPECT_TRUE(TypeIntoNumber(edit, '7', tagNumberStyle{}));
     EXPECT_EQ(edit.text, "12.57");
-    std::setlocale(LC_ALL, "C");
 }
 
 }  // namespace
