@@ -54,7 +54,7 @@ void EachLine(F& lines, T& record) {
 }
 
 const EveryForm kSample = {
-    -12, -32768, KIND::OTHER, true, false, 1234567.0626, 0xFFC08040, " B, 1\r\n", {-1, 2, 0x80000001, 3}, 'x'};
+    -12, -32768, KIND::OTHER, true, false, 1234567.0626, 0xFFC08040, " B, 1\r\n", {-1, 2, 0x80000001, 65535}, 'x'};
 
 const std::vector<std::string> kGolden = {"Count = -12",
                                           "Small = -32768",
@@ -67,7 +67,7 @@ const std::vector<std::string> kGolden = {"Count = -12",
                                           "COMMA\xBB 1\xAB"
                                           "CR\xBB\xAB"
                                           "LF\xBB",
-                                          "Pen = 2147483649, -1, 2, 3"};
+                                          "Pen = 2147483649, -1, 2, 65535"};
 
 std::string Joined(const std::vector<std::string>& lines, std::size_t count) {
     std::string bytes;
