@@ -1,6 +1,10 @@
 #pragma once
 
 #include "features/boundary.h"
+#include "features/grid_waypoint.h"
+#include "features/pipeline.h"
+#include "features/route.h"
+#include "features/sail_line.h"
 
 namespace quillon {
 
@@ -13,6 +17,11 @@ struct JobFeatures {
     void Load();
 
     CBoundaryList boundaries;
+    CGridWaypointList waypoints;
+    CPipelineList pipelines;
+    CPipeline pipeRoute;  ///< the active one; empty if none is selected
+    CRouteList routes;
+    CSailLineList sailLines;
 };
 
 }  // namespace quillon

@@ -109,13 +109,18 @@ bool CRoute::ReadPoints(ReadReport* report) {
         Adopt(ReadRecords<RouteDef>(file, decode, report));
     }
     FillLegs();
+    RenewNames();
     return !IsEmpty();
+}
+
+void CRoute::RenewNames() {
+    if (dataOrder != 0) return;
+    for (Index i = 0; i < GetSize(); ++i) (*this)[i].name = Format("WPT %td", i + 1);
 }
 
 void CRoute::FillLegs() {
     for (Index i = 0; i < GetSize(); ++i) {
         RouteDef& record = (*this)[i];
-        if (dataOrder == 0) record.name = Format("WPT %td", i + 1);
         if (i > 0) record.kp = (*this)[i - 1].range + (*this)[i - 1].kp;
         if (i + 1 < GetSize()) SetLeg(record, (*this)[i + 1].position);
     }

@@ -75,6 +75,8 @@ public:
     /// written, or nothing in it could be read under this data order, and then what it holds isn't ours to replace.
     bool SaveRoute() const;
 
+    /// In the data order without names, every point is named by its place: "WPT 1" and so on.
+    void RenewNames();
     /// From the widths of the corridor. Nothing happens with fewer than 2 records.
     void ComputeCorridor();
 

@@ -3,6 +3,9 @@
 #include <array>
 
 #include "panes/boundary_pane.h"
+#include "panes/pipe_route_pane.h"
+#include "panes/route_pane.h"
+#include "panes/sail_line_pane.h"
 
 namespace quillon {
 namespace {
@@ -14,9 +17,14 @@ std::unique_ptr<CPropertyPane> CreateOver(Platform& platform, CWnd* parent, JobF
     return pane;
 }
 
-constexpr std::array<PaneEntry, 1> kPanes = {{
-    {CBoundaryPane::kTitleId, CBoundaryPane::kTitle, CreateOver<CBoundaryPane, &JobFeatures::boundaries>},
+// clang-format off
+constexpr std::array<PaneEntry, 4> kPanes = {{
+    {CBoundaryPane::kTitleId,        CBoundaryPane::kTitle,             CreateOver<CBoundaryPane, &JobFeatures::boundaries>},
+    {CRoutePane::kTitleId,           CRoutePane::kTitle,                CreateOver<CRoutePane, &JobFeatures::routes>},
+    {CSailLinePane::kTitleId,        CSailLinePane::kTitle,             CreateOver<CSailLinePane, &JobFeatures::sailLines>},
+    {CPipeRoutePane::kTitleId,       CPipeRoutePane::kTitle,            CreateOver<CPipeRoutePane, &JobFeatures::pipeRoute>},
 }};
+// clang-format on
 
 }  // namespace
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 #include "platform/property_grid.h"
@@ -26,6 +29,17 @@ bool Take(Member& member, const CMFCPropertyGridProperty& row) {
 
 /// Gives the picker row with that id the colour that it draws its choices in.
 void ColourRow(const CMFCPropertyGridCtrl& list, UINT id, COLORREF colour);
+
+/// A row of the data orders of a kind, chosen and not typed. An order that has no text shows none.
+template <std::size_t N>
+void AddOrderRow(CMFCPropertyGridProperty& group, const std::array<std::string_view, N>& texts, std::int32_t order,
+                 std::string_view description, UINT id) {
+    const bool known = order >= 0 && order < static_cast<std::int32_t>(N);
+    auto& row = group.Add<CMFCPropertyGridProperty>(
+        "Data Order", std::string(known ? texts[static_cast<std::size_t>(order)] : ""), description, id);
+    for (const std::string_view text : texts) row.AddOption(text);
+    row.AllowEdit(false);
+}
 
 /// The place of the row's text among its options; -1 if it is none of them.
 int ChosenOption(const CMFCPropertyGridProperty& row);

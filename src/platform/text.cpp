@@ -64,10 +64,10 @@ Conversion ReadConversion(const char*& p, va_list& args) {
         conversion.width = -conversion.width;
     }
     if (*p == '.') conversion.precision = ReadCount(++p, args);
-    for (; *p == 'l' || *p == 'h' || *p == 'z'; ++p) {
+    for (; *p == 'l' || *p == 'h' || *p == 'z' || *p == 't'; ++p) {
         if (*p == 'l') ++conversion.length;
         if (*p == 'h') --conversion.length;
-        if (*p == 'z') conversion.length = 3;
+        if (*p == 'z' || *p == 't') conversion.length = 3;
     }
     if (*p) conversion.type = *p++;
     return conversion;

@@ -1,0 +1,200 @@
+#include "panes/pipe_route_pane.h"
+
+#include <algorithm>
+
+#include "foundation/paths.h"
+#include "frame/select_feature_files.h"
+#include "panes/pipeline_rows.h"
+#include "panes/row_values.h"
+#include "panes/table_texts.h"
+#include "platform/platform.h"
+
+namespace quillon {
+namespace {
+
+constexpr UINT kTableId = 12016;
+constexpr UINT kSelectId = 12095;
+constexpr UINT kClearId = 12096;
+constexpr int kListRows = 20;
+
+}  // namespace
+
+CPipeRoutePane::CPipeRoutePane(Platform& owner)
+    : CPropertyPane(owner, kTableId, kListRows),
+      selectButton(*this, kSelectId, "Select", false),
+      clearButton(*this, kClearId, "Clear", false) {
+    AddControl(selectButton);
+    AddControl(clearButton);
+    AddControl(GetPropertyList());
+    AddControl(GetTable());
+}
+
+bool CPipeRoutePane::Create(CWnd* parent, UINT id, CPipeline& pipeRoute) {
+    route = &pipeRoute;
+    if (!CreatePane(parent, id, kTitle)) return false;
+    InitPropList();
+    CreateTable();
+    AdjustLayout();
+    return true;
+}
+
+// ---- Rows ----
+
+void CPipeRoutePane::BuildPropertyRows() {
+    auto& file = GetPropertyList().AddGroup("Pipe Route File");
+    file.Add<CMFCPropertyGridProperty>("File Name", NameOfPath(route->GetPath()), "Name of Pipe Route File", 0u)
+        .AllowEdit(false);
+
+    auto& properties = GetPropertyList().AddGroup("Properties");
+    properties.Add<CMFCPropertyGridProperty>("Display", route->use, "Determine whether to display Pipeline File",
+                                             PIPE_ROUTE_DISPLAY);
+    AddOrderRow(properties, kPipelineOrderTxt, route->dataOrder, "Order of data within Pipeline File",
+                PIPE_ROUTE_ORDER);
+
+    auto& line = GetPropertyList().AddGroup("Line");
+    line.Add<CMFCPropertyGridPrimaryColourProperty>("Colour", route->linePen.colour, kPaletteCount,
+                                                    "Specifies the pen colour of the Line", PIPE_ROUTE_COLOUR);
+    line.Add<CMFCPropertyGridLineThicknessProperty>(route->linePen.thickness, route->linePen.colour,
+                                                    PIPE_ROUTE_THICKNESS);
+
+    auto& kp = GetPropertyList().AddGroup("K.P.");
+    kp.Add<CMFCPropertyGridDouble>("Start KP", route->startKp, "%7.3lf", "KP at the first co-ordinates ",
+                                   PIPE_ROUTE_START_KP);
+    kp.Add<CMFCPropertyGridProperty>("Increasing KP", route->increasingKps, "Increasing or decreasing KPs",
+                                     PIPE_ROUTE_INCREASING);
+    kp.Add<CMFCPropertyGridProperty>("Label KPs", route->labelKps, "Label KPs along route on graphic display",
+                                     PIPE_ROUTE_LABEL_KPS);
+    kp.Add<CMFCPropertyGridDouble>("KP Interval", route->kpInterval, "%7.3lf", "Interval to label KPs ",
+                                   PIPE_ROUTE_INTERVAL);
+    AdjustStartKp();
+}
+
+void CPipeRoutePane::AdjustStartKp() {
+    for (const UINT id : {PIPE_ROUTE_START_KP, PIPE_ROUTE_INCREASING}) {
+        if (CMFCPropertyGridProperty* const row = GetPropertyList().FindItemByData(id))
+            row->Show(route->dataOrder == 0);
+    }
+}
+
+LRESULT CPipeRoutePane::OnPropertyChanged(WPARAM, CMFCPropertyGridProperty& row) {
+    if (row.GetData() < PIPE_ROUTE_DISPLAY || row.GetData() > PIPE_ROUTE_INTERVAL) return 0;
+    StoreRow(row);
+    BroadcastRedraw();
+    return 0;
+}
+
+void CPipeRoutePane::StoreRow(CMFCPropertyGridProperty& row) {
+    switch (static_cast<PIPE_ROUTE_ROW>(row.GetData())) {
+        case PIPE_ROUTE_DISPLAY:
+            Take(route->use, row);
+            break;
+        case PIPE_ROUTE_ORDER:
+            StoreOrder(ChosenOption(row));
+            return;
+        case PIPE_ROUTE_COLOUR:
+            Take(route->linePen.colour, row);
+            ColourRow(GetPropertyList(), PIPE_ROUTE_THICKNESS, route->linePen.colour);
+            break;
+        case PIPE_ROUTE_THICKNESS:
+            Take(route->linePen.thickness, row);
+            break;
+        case PIPE_ROUTE_START_KP:
+            Take(route->startKp, row);
+            route->ComputeKps();
+            break;
+        case PIPE_ROUTE_INCREASING:
+            Take(route->increasingKps, row);
+            route->ComputeKps();
+            break;
+        case PIPE_ROUTE_LABEL_KPS:
+            Take(route->labelKps, row);
+            route->ComputeKpListing();
+            break;
+        case PIPE_ROUTE_INTERVAL:
+            Take(route->kpInterval, row);
+            route->ComputeKps();
+            break;
+    }
+    route->WriteSettings();
+    if (row.GetData() == PIPE_ROUTE_START_KP || row.GetData() == PIPE_ROUTE_INTERVAL) UpdateAllPositions();
+}
+
+void CPipeRoutePane::StoreOrder(int order) {
+    if (order >= 0) {
+        route->dataOrder = order;
+        route->WriteSettings();
+        route->LoadData(std::string(route->GetPath()));
+        UpdateAllPositions();
+    }
+    AdjustStartKp();
+}
+
+// ---- Points ----
+
+std::vector<std::string> CPipeRoutePane::CurrentColumns() const {
+    return {"K.P.", "Easting", "Northing", "Range", "Bearing"};
+}
+
+void CPipeRoutePane::UpdateAllPositions() {
+    shownKps.clear();
+    shownKps.reserve(static_cast<std::size_t>(route->GetSize()));
+    for (const PipelineDef& point : *route) shownKps.push_back(point.kp);
+    CPropertyPane::UpdateAllPositions();
+}
+
+TableRows CPipeRoutePane::CurrentRows() {
+    const auto widest = [this](int column) {
+        return ExtremeTexts(
+            route->GetSize(), [&](std::ptrdiff_t i) { return PipelineNumber((*route)[i], column); },
+            [column](double number) { return PipelineNumberText(column, number); });
+    };
+    return {.count = static_cast<int>(route->GetSize()),
+            .cell = [this](int row, int column) { return CellText(row, column); },
+            .widest = widest};
+}
+
+std::string CPipeRoutePane::CellText(std::ptrdiff_t row, int column) const {
+    if (!route->IsValidIndex(row) || static_cast<std::size_t>(row) >= shownKps.size()) return {};
+    const double number =
+        column == PIPELINE_KP ? shownKps[static_cast<std::size_t>(row)] : PipelineNumber((*route)[row], column);
+    return PipelineNumberText(column, number);
+}
+
+// ---- The file ----
+
+void CPipeRoutePane::OnSelect() {
+    const FileQuestion question{.title = "Pipe Route", .filter = std::string(kFeatureFileFilter)};
+    std::vector<std::string> paths;
+    if (GetPlatform().ChooseFiles(question, paths) && !paths.empty()) {
+        const std::string path(Trim(paths.front()));
+        if (!path.empty()) route->Load(path);
+    }
+    ShowRoute();
+}
+
+void CPipeRoutePane::OnClear() {
+    route->Clear();
+    ShowRoute();
+}
+
+void CPipeRoutePane::ShowRoute() {
+    route->WriteActive();
+    InitPropList();
+    UpdateAllPositions();
+    AdjustLayout();
+    BroadcastRedraw();
+}
+
+int CPipeRoutePane::LayOutTop(int width) {
+    const int half = width / 2;
+    selectButton.MoveWindow({0, 0, half, kPaneButtonHeight});
+    clearButton.MoveWindow({half, 0, width, kPaneButtonHeight});
+    return kPaneButtonHeight;
+}
+
+void CPipeRoutePane::OnCommand(UINT control) {
+    if (control == kSelectId) OnSelect();
+    if (control == kClearId) OnClear();
+}
+
+}  // namespace quillon

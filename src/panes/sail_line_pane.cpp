@@ -1,0 +1,140 @@
+#include "panes/sail_line_pane.h"
+
+#include <array>
+
+#include "panes/row_values.h"
+#include "panes/table_texts.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::uint8_t kSaveDrawing = 1;
+
+// clang-format off
+constexpr std::array<RowEffect, 4> kEffects = {{
+    // row                  equal value          save          changed  messages
+    {SAIL_LINE_DISPLAY,   EQUAL_VALUE::ENDS,   kSaveDrawing, true,  ROW_MESSAGES::REDRAW},
+    {SAIL_LINE_ORDER,     EQUAL_VALUE::COUNTS, 0,            false, ROW_MESSAGES::REDRAW_RECOMPUTE},
+    {SAIL_LINE_COLOUR,    EQUAL_VALUE::ENDS,   kSaveDrawing, true,  ROW_MESSAGES::REDRAW},
+    {SAIL_LINE_THICKNESS, EQUAL_VALUE::ENDS,   kSaveDrawing, true,  ROW_MESSAGES::REDRAW},
+}};
+// clang-format on
+
+constexpr FeaturePaneTraits kTraits = {.comboId = 12043,
+                                       .addId = 12044,
+                                       .removeId = 12045,
+                                       .tableId = 12016,
+                                       .fileKind = "SailLine",
+                                       .listRows = 24,
+                                       .type = FEATURE_TYPES::SAIL_LINE,
+                                       .addMessages = LIST_MESSAGES::REDRAW_RECOMPUTE_UPDATE,
+                                       .removeMessages = LIST_MESSAGES::UPDATE_REDRAW,
+                                       .cursor = COMBO_CURSOR::FOLLOWS,
+                                       .removeMovesCursor = true,
+                                       .effects = kEffects};
+
+enum COLUMN { NUMBER, SOL_EASTING, SOL_NORTHING, EOL_EASTING, EOL_NORTHING, RANGE, BEARING };
+
+double ColumnNumber(const SailLineDef& line, int column) {
+    switch (column) {
+        case SOL_EASTING:
+            return line.sol.x;
+        case SOL_NORTHING:
+            return line.sol.y;
+        case EOL_EASTING:
+            return line.eol.x;
+        case EOL_NORTHING:
+            return line.eol.y;
+        case RANGE:
+            return line.leg.range;
+        default:
+            return line.leg.bearing;
+    }
+}
+
+std::string NumberText(int column, double number) {
+    if (column == RANGE) return RangeText(number);
+    return column == BEARING ? BearingText(number) : MetresText(number);
+}
+
+}  // namespace
+
+CSailLinePane::CSailLinePane(Platform& owner) : CFeaturePane(owner, kTraits) {}
+
+bool CSailLinePane::Create(CWnd* parent, UINT id, CSailLineList& features) {
+    return CFeaturePane::Create(parent, id, kTitle, features);
+}
+
+void CSailLinePane::BuildRows(int index) {
+    const CSailLine& lines = Member(index);
+    const COLORREF colour = lines.pen.colour;
+    auto& properties = GetPropertyList().AddGroup("Properties");
+    properties.Add<CMFCPropertyGridProperty>("Display", lines.Status, "Determine whether to display SailLine File",
+                                             SAIL_LINE_DISPLAY);
+    AddOrderRow(properties, kSailLineOrderTxt, lines.dataOrder, "Order of data within Pipeline File", SAIL_LINE_ORDER);
+    auto& line = GetPropertyList().AddGroup("Line");
+    line.Add<CMFCPropertyGridPrimaryColourProperty>("Colour", colour, kPaletteCount,
+                                                    "Specifies the pen colour of the Line", SAIL_LINE_COLOUR);
+    line.Add<CMFCPropertyGridLineThicknessProperty>(lines.pen.thickness, colour, SAIL_LINE_THICKNESS);
+}
+
+bool CSailLinePane::StoreRow(int index, CMFCPropertyGridProperty& row) {
+    CSailLine& lines = Member(index);
+    switch (static_cast<SAIL_LINE_ROW>(row.GetData())) {
+        case SAIL_LINE_DISPLAY:
+            return Take(lines.Status, row);
+        case SAIL_LINE_ORDER:
+            ReadAnew(lines, ChosenOption(row));
+            return true;
+        case SAIL_LINE_COLOUR: {
+            const bool differed = Take(lines.pen.colour, row);
+            ColourRow(GetPropertyList(), SAIL_LINE_THICKNESS, lines.pen.colour);
+            return differed;
+        }
+        case SAIL_LINE_THICKNESS:
+            return Take(lines.pen.thickness, row);
+    }
+    return false;
+}
+
+void CSailLinePane::ReadAnew(CSailLine& lines, int order) {
+    if (order < 0) return;
+    lines.dataOrder = order;
+    lines.SaveOrder();
+    lines.ReadLines();
+    List().SetEditCursor(-1, -1);
+    CreateTable();
+}
+
+void CSailLinePane::SaveMember(int index, std::uint8_t) {
+    Member(index).SaveDrawingOptions();
+}
+
+std::vector<std::string> CSailLinePane::TableColumns(int) const {
+    return {"Line No", "SOL Eng", "SOL Nng", "EOL Eng", "EOL Nng", "Range", "Bearing"};
+}
+
+TableRows CSailLinePane::MakeTableRows(int index) {
+    const int count = static_cast<int>(Member(index).GetSize());
+    const auto text = [this, index](std::ptrdiff_t row, int column) {
+        if (column == NUMBER) return Format("%td", row + 1);
+        if (!List().IsValidIndex(index) || !Member(index).IsValidIndex(row)) return std::string();
+        return NumberText(column, ColumnNumber(Member(index)[row], column));
+    };
+    const auto widest = [this, index, count](int column) -> std::vector<std::string> {
+        if (column == NUMBER) return {Format("%d", count)};
+        const CSailLine& lines = Member(index);
+        return ExtremeTexts(
+            lines.GetSize(), [&](std::ptrdiff_t i) { return ColumnNumber(lines[i], column); },
+            [column](double number) { return NumberText(column, number); });
+    };
+    return {.count = count, .cell = text, .widest = widest};
+}
+
+bool CSailLinePane::PointOfRow(int index, int row, tagXY& point) const {
+    if (!Member(index).IsValidIndex(row)) return false;
+    point = Member(index)[row].Middle();
+    return true;
+}
+
+}  // namespace quillon
