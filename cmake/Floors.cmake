@@ -43,6 +43,7 @@ function(quillon_floor_tests name)
   target_include_directories(${name}_tests PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(${name}_tests PRIVATE quillon_${name} quillon_warnings quillon_test_support
                                               GTest::gmock GTest::gtest_main ${arg_LINK})
+  target_precompile_headers(${name}_tests REUSE_FROM quillon_test_pch)
   target_compile_definitions(${name}_tests PRIVATE
     QUILLON_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
     QUILLON_SHARED_DATA="${PROJECT_SOURCE_DIR}/../shared/data")
