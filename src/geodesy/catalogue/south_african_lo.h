@@ -5,7 +5,7 @@ namespace quillon::catalogue {
 // South African Lo, by rule: belts of two degrees on the odd meridians, without false origin or scale; westings and
 // southings.
 //
-// Chief Directorate: Surveys and Mapping, South Africa, "Map projections: the Gauss conform projection".
+// International Association of Oil and Gas Producers, EPSG Geodetic Parameter Dataset: South African Survey Grid.
 
 inline constexpr int kLoZones = 10;
 inline constexpr int kLoEllipsoid = 12;

@@ -6,7 +6,7 @@ namespace quillon::catalogue {
 
 // Oblique (double) stereographic grids.
 //
-// International Association of Oil and Gas Producers, EPSG Geodetic Parameter Dataset: Levant Stereographic, RD Old.
+// International Association of Oil and Gas Producers, EPSG Geodetic Parameter Dataset: Levant Stereographic, RD New.
 
 // clang-format off
 inline constexpr ProjectionDef kStereographic[] = {
