@@ -13,6 +13,7 @@ namespace quillon {
 ///
 ///     CAngleTyping typing(ANGLE_LATITUDE, ANGLE_DEGREES_MINUTES);
 ///     tagEditText edit{FormatAngle(latitude, ANGLE_LATITUDE, ANGLE_DEGREES_MINUTES)};
+///     edit.SelectAll();
 ///     for (char key : {'5', '2', '3', '0', 's'}) typing.Type(edit, key);  // "52° 30'.0000000S"
 ///
 /// The text keeps the decimals it comes with. A text that is no angle of this type and format is taken for nothing, and
