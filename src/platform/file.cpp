@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <system_error>
 #include <utility>
@@ -147,6 +148,16 @@ FileCalls& SystemCalls() {
 }
 
 }  // namespace
+
+fs::path DefaultDrivesFolder() {
+    const auto setting = [](const char* name) {
+        const char* value = std::getenv(name);
+        return fs::path(value ? value : "");
+    };
+    fs::path data = setting("XDG_DATA_HOME");
+    if (!data.is_absolute()) data = setting("HOME") / ".local" / "share";
+    return data / "quillon" / "drives";
+}
 
 // ---- FileSystem ----
 

@@ -34,6 +34,9 @@ class FileCalls;
 
 enum class FOLDER_RESULT { CREATED, THERE, FAILED };
 
+/// Where the drives are if nobody says otherwise: "quillon/drives" in the user's data folder.
+std::filesystem::path DefaultDrivesFolder();
+
 /// The one place where a library path becomes a native one.
 ///
 /// Library paths are Windows-1252 text, either with a drive letter (`C:\Job\a.csv`, both `\` and `/` separate) or a

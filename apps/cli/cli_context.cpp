@@ -1,0 +1,18 @@
+#include "cli_context.h"
+
+#include <ostream>
+
+namespace quillon {
+
+FileSystem& CliContext::Files() {
+    if (!files)
+        files = std::make_unique<FileSystem>(drives.empty() ? DefaultDrivesFolder() : std::filesystem::path(drives));
+    return *files;
+}
+
+void CliContext::Fail(std::string_view path, std::string_view why) {
+    err << path << ": " << why << '\n';
+    result = CLI_USELESS;
+}
+
+}  // namespace quillon
