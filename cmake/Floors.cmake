@@ -1,3 +1,6 @@
+# Target all_verify_interface_header_sets compiles every header of every floor alone.
+set(CMAKE_VERIFY_INTERFACE_HEADER_SETS ON)
+
 # quillon_floor(NAME [ABOVE floor ...] [LINK library ...])
 #
 # One folder under src/ is one floor is one library. ABOVE names the floors it may see; a header of

@@ -345,7 +345,8 @@ public:
         std::optional<std::string> before;
         if (observer) before = BytesOf(target);
         KeepOwnerAndMode();
-        if (calls.Truncate(fd.Get()) != 0 || !WriteWhole(calls, fd.Get(), bytes)) return false;
+        if (Retry([&] { return calls.Truncate(fd.Get()); }) != 0) return false;
+        if (!WriteWhole(calls, fd.Get(), bytes)) return false;
         if (Retry([&] { return calls.Sync(fd.Get()); }) != 0) return false;
         if (Retry([&] { return calls.Rename(fresh.c_str(), target.c_str()); }) != 0) return false;
         FlushFolderOf(calls, target);

@@ -85,7 +85,7 @@ void HeadlessPlatform::RunModal(const std::function<bool()>& ended) {
             continue;
         }
         Messages().WaitForPost(kPatience);
-        if (!Messages().PumpOne()) throw std::logic_error("a modal loop that nothing can end");
+        if (!Messages().PumpOne() && !ended()) throw std::logic_error("a modal loop that nothing can end");
     }
 }
 

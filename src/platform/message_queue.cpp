@@ -83,6 +83,9 @@ LRESULT MessageQueue::Send(WindowId target, const MSG& message) {
 
 void MessageQueue::SetTimer(WindowId target, UINT timer, std::chrono::milliseconds interval) {
     KillTimer(target, timer);
+    if (!Find(target)) return;
+    // Never at once: a handler that starts its timer anew would hold the pump for good.
+    interval = std::max(interval, std::chrono::milliseconds(1));
     timers.push_back({target, timer, interval, clock.Now() + interval});
     Wake();
 }
@@ -121,7 +124,7 @@ bool MessageQueue::DeliverTimer() {
         std::min_element(timers.begin(), timers.end(), [](const Timer& a, const Timer& b) { return a.due < b.due; });
     if (earliest == timers.end() || earliest->due > now) return false;
     // The next time is set before the handler runs: it may kill or restart the timer.
-    earliest->due = now + std::max(earliest->interval, std::chrono::milliseconds(1));
+    earliest->due = now + earliest->interval;
     const Timer due = *earliest;
     if (CWnd* const window = Find(due.target)) window->OnTimer(due.id);
     return true;

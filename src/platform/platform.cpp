@@ -9,4 +9,9 @@ Platform::Platform(std::filesystem::path drives, std::string commandLine, std::u
 
 Platform::~Platform() = default;
 
+PasswordLock& Platform::Passwords() {
+    if (!passwords) passwords = std::make_unique<PasswordLock>(GetProfile(), GetClock());
+    return *passwords;
+}
+
 }  // namespace quillon

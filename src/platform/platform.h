@@ -9,6 +9,7 @@
 #include "platform/file.h"
 #include "platform/geometry.h"
 #include "platform/message_queue.h"
+#include "platform/password.h"
 
 namespace quillon {
 
@@ -69,6 +70,8 @@ public:
     virtual void SetClipboardText(std::string_view text) = 0;
 
     virtual Profile& GetProfile() = 0;
+    /// The password that locks rows, kept in the profile.
+    PasswordLock& Passwords();
     virtual LocalClock GetLocalClock() const = 0;
     virtual int GetMetric(SYSTEM_METRIC metric) const = 0;
     /// Width of one line in the font of tables, pixels.
@@ -86,6 +89,7 @@ private:
     std::unique_ptr<Clock> clock;
     MessageQueue messages;
     CWnd* mainWindow = nullptr;
+    std::unique_ptr<PasswordLock> passwords;  // made when first asked for: the profile belongs to the derived class
 };
 
 }  // namespace quillon

@@ -49,7 +49,7 @@ bool CMFCPropertyGridProperty::Parse(std::string_view text, RowValue& parsed) co
     }
     if (!std::holds_alternative<std::int32_t>(rowValue)) return false;
     text = Trim(text);
-    if (text.starts_with('+')) text.remove_prefix(1);
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
     std::int32_t number = 0;
     const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
     if (read.ec != std::errc{} || read.ptr != text.data() + text.size()) return false;
@@ -67,6 +67,10 @@ bool CMFCPropertyGridProperty::Accept(const RowValue& candidate) const {
         if (option == *text) return true;
     }
     return false;
+}
+
+void CMFCPropertyGridProperty::OnEdited(RowValue value) {
+    SetValue(std::move(value));
 }
 
 void CMFCPropertyGridProperty::AddOption(std::string_view option) {

@@ -94,6 +94,8 @@ public:
     virtual bool Parse(std::string_view text, RowValue& parsed) const;
     /// Whether the operator may set this value now.
     virtual bool Accept(const RowValue& candidate) const;
+    /// The operator has set this value, which the row accepted. Keeps it.
+    virtual void OnEdited(RowValue value);
 
     void AddOption(std::string_view option);
     const std::string& GetOption(int index) const;

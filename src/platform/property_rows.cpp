@@ -1,26 +1,41 @@
 #include "platform/property_rows.h"
 
+#include <string.h>
+
+#include <charconv>
 #include <cmath>
 #include <numbers>
 
+#include "platform/platform.h"
 #include "platform/text.h"
 
 namespace quillon {
 namespace {
+
+constexpr std::string_view kDegreeSign = "\xB0";
 
 bool IsFinite(const RowValue& value) {
     const auto* number = std::get_if<double>(&value);
     return number && std::isfinite(*number);
 }
 
-/// The number at the front of typed text; false if there is none.
-bool ReadNumber(std::string_view text, double& number) {
+/// Takes a unit off the end of typed text, if it stands there.
+std::string_view WithoutUnit(std::string_view text, std::string_view unit) {
     text = Trim(text);
-    const std::size_t digit = text.find_first_of("0123456789");
-    if (digit == std::string_view::npos || text.substr(0, digit).find_first_not_of("+-.") != std::string_view::npos) {
-        return false;
-    }
-    number = Atof(text);
+    unit = Trim(unit);
+    if (text.size() < unit.size() || !EqualNoCase(text.substr(text.size() - unit.size()), unit)) return text;
+    return TrimRight(text.substr(0, text.size() - unit.size()));
+}
+
+/// The number that typed text is, with or without its unit; false for any other text.
+bool ReadNumber(std::string_view text, std::string_view unit, double& number) {
+    text = WithoutUnit(text, unit);
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
+    const char* const end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number);
+    if (result.ec == std::errc::invalid_argument || result.ptr != end) return false;
+    // What is too small for a double is zero; from_chars leaves it aside.
+    if (result.ec != std::errc{}) number = Atof(text);
     return std::isfinite(number);
 }
 
@@ -31,6 +46,7 @@ struct NumberFormat {
     int width = 0;
     int decimals = 6;
     bool zeros = false;
+    bool plus = false;
 };
 
 NumberFormat TakeApart(std::string_view format) {
@@ -39,13 +55,22 @@ NumberFormat TakeApart(std::string_view format) {
     parts.before = format.substr(0, percent);
     if (percent == std::string_view::npos) return parts;
     std::string_view rest = format.substr(percent + 1);
-    parts.zeros = rest.starts_with('0');
+    for (; rest.starts_with('+') || rest.starts_with('0'); rest.remove_prefix(1)) {
+        (rest.front() == '+' ? parts.plus : parts.zeros) = true;
+    }
     const std::size_t type = rest.find('f');
     const std::size_t point = rest.find('.');
     parts.width = Atoi(rest);
     if (point < type) parts.decimals = Atoi(rest.substr(point + 1));
-    if (type != std::string_view::npos) parts.after = rest.substr(type + 1);
+    if (type != std::string_view::npos) parts.after = Replace(rest.substr(type + 1), "%%", "%");
     return parts;
+}
+
+std::string FormatNumber(const NumberFormat& parts, double number) {
+    if (parts.plus && parts.zeros) return Format("%+0*.*f", parts.width, parts.decimals, number);
+    if (parts.plus) return Format("%+*.*f", parts.width, parts.decimals, number);
+    if (parts.zeros) return Format("%0*.*f", parts.width, parts.decimals, number);
+    return Format("%*.*f", parts.width, parts.decimals, number);
 }
 
 template <std::size_t N>
@@ -65,14 +90,12 @@ CMFCPropertyGridDouble::CMFCPropertyGridDouble(std::string_view name, double val
 
 std::string CMFCPropertyGridDouble::FormatProperty() const {
     const NumberFormat parts = TakeApart(numberFormat);
-    const std::string number = parts.zeros ? Format("%0*.*f", parts.width, parts.decimals, Get<double>())
-                                           : Format("%*.*f", parts.width, parts.decimals, Get<double>());
-    return parts.before + number + parts.after;
+    return parts.before + FormatNumber(parts, Get<double>()) + parts.after;
 }
 
 bool CMFCPropertyGridDouble::Parse(std::string_view text, RowValue& parsed) const {
     double number = 0;
-    if (!ReadNumber(text, number)) return false;
+    if (!ReadNumber(text, TakeApart(numberFormat).after, number)) return false;
     parsed = number;
     return true;
 }
@@ -93,6 +116,10 @@ std::string CMFCPropertyGridAngleInteger::FormatProperty() const {
     return Format("%d\xB0", Get<std::int32_t>());
 }
 
+bool CMFCPropertyGridAngleInteger::Parse(std::string_view text, RowValue& parsed) const {
+    return CMFCPropertyGridProperty::Parse(WithoutUnit(text, kDegreeSign), parsed);
+}
+
 CMFCPropertyGridAngleProperty::CMFCPropertyGridAngleProperty(std::string_view name, double value, int type,
                                                              std::string_view description, UINT id)
     : CMFCPropertyGridProperty(name, value, description, id), angleType(type) {}
@@ -103,7 +130,7 @@ std::string CMFCPropertyGridAngleProperty::FormatProperty() const {
 
 bool CMFCPropertyGridAngleProperty::Parse(std::string_view text, RowValue& parsed) const {
     double degrees = 0;
-    if (!ReadNumber(text, degrees)) return false;
+    if (!ReadNumber(text, kDegreeSign, degrees)) return false;
     parsed = degrees * (std::numbers::pi / 180.0);
     return true;
 }
@@ -218,6 +245,28 @@ CMFCPropertyGridLabelPositionProperty::CMFCPropertyGridLabelPositionProperty(LAB
 
 std::vector<RowChoice> CMFCPropertyGridLabelPositionProperty::GetChoices() const {
     return Numbered(m_LabelPositionTxt);
+}
+
+// ---- The password ----
+
+CMFCPropertyGridPasswordProperty::CMFCPropertyGridPasswordProperty(Platform& platform, UINT id)
+    : CMFCPropertyGridProperty("Password", std::string(), "Opens the locked rows", id),
+      passwords(platform.Passwords()) {}
+
+bool CMFCPropertyGridPasswordProperty::IsPasswordPresent(Platform& platform) {
+    return platform.Passwords().IsPasswordPresent();
+}
+
+bool CMFCPropertyGridPasswordProperty::Accept(const RowValue& candidate) const {
+    const auto* text = std::get_if<std::string>(&candidate);
+    return text && !text->empty();
+}
+
+void CMFCPropertyGridPasswordProperty::OnEdited(RowValue value) {
+    auto& text = std::get<std::string>(value);
+    right = passwords.Check(text) == PASSWORD_ANSWER::RIGHT;
+    ::explicit_bzero(text.data(), text.size());
+    Redraw();
 }
 
 // ---- Buttons ----

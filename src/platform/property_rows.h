@@ -5,6 +5,8 @@
 
 namespace quillon {
 
+class PasswordLock;
+
 // The kinds of rows that panes are made of. The pickers have labels of their own.
 
 /// A heading without a value.
@@ -20,8 +22,8 @@ public:
         : CMFCPropertyGridProperty(name, value, description, id) {}
 };
 
-/// A number shown in a printf format such as "%7.1lfm". What is typed may carry the unit or not; text without a number,
-/// and numbers that are not finite, are refused.
+/// A number shown in a printf format such as "%7.1lfm". What is typed may carry the unit or not; any other text, and
+/// numbers that are not finite, are refused: "1,5" must not become 1.
 class CMFCPropertyGridDouble : public CMFCPropertyGridProperty {
 public:
     CMFCPropertyGridDouble(std::string_view name, double value, std::string_view format, std::string_view description,
@@ -48,6 +50,8 @@ class CMFCPropertyGridAngleInteger : public CMFCPropertyGridProperty {
 public:
     CMFCPropertyGridAngleInteger(std::string_view name, std::int32_t value, std::string_view description, UINT id);
     std::string FormatProperty() const override;
+    /// With or without the degree sign.
+    bool Parse(std::string_view text, RowValue& parsed) const override;
 };
 
 /// An angle in radians, shown and typed in decimal degrees. `type` tells a front end its range and letters.
@@ -77,7 +81,7 @@ public:
     bool Parse(std::string_view text, RowValue& parsed) const override;
     bool Accept(const RowValue& candidate) const override;
     /// The colour in which the offered values are drawn.
-    COLORREF GetColour() const { return drawnIn; }
+    virtual COLORREF GetColour() const { return drawnIn; }
     void SetColour(COLORREF newColour);
 
 protected:
@@ -95,7 +99,7 @@ public:
     ROW_KIND GetKind() const override { return ROW_KIND::COLOUR; }
     std::vector<RowChoice> GetChoices() const override;
     std::string FormatProperty() const override;
-    COLORREF GetColour() const { return Get<std::uint32_t>(); }
+    COLORREF GetColour() const override { return Get<std::uint32_t>(); }
 
 private:
     int offered;
@@ -148,12 +152,31 @@ public:
     std::vector<RowChoice> GetChoices() const override;
 };
 
+/// A row into which the password is typed. The row checks it, and neither shows nor keeps it; every entry is told to
+/// the owner, who asks whether it was the right one.
+class CMFCPropertyGridPasswordProperty : public CMFCPropertyGridProperty {
+public:
+    CMFCPropertyGridPasswordProperty(Platform& platform, UINT id);
+    static bool IsPasswordPresent(Platform& platform);
+    ROW_KIND GetKind() const override { return ROW_KIND::PASSWORD; }
+    /// Whether the last entry was right.
+    bool IsPasswordOk() const { return right; }
+    /// An empty text is no entry.
+    bool Accept(const RowValue& candidate) const override;
+    void OnEdited(RowValue value) override;
+
+private:
+    PasswordLock& passwords;
+    bool right = false;
+};
+
 /// A row of two buttons; the value of a change is the button pressed, 0 or 1.
 class CMFCPropertyGridDualButton : public CMFCPropertyGridProperty {
 public:
     CMFCPropertyGridDualButton(std::string_view first, std::string_view second, std::string_view description, UINT id);
     ROW_KIND GetKind() const override { return ROW_KIND::DUAL_BUTTON; }
     const std::string& GetCaption(int button) const { return button == 0 ? firstCaption : secondCaption; }
+    std::string FormatProperty() const override { return {}; }
     bool Accept(const RowValue& candidate) const override;
 
 private:

@@ -9,7 +9,7 @@ void Press(CButton& button) {
 }
 
 void Select(CComboBox& combo, int index) {
-    if (!combo.IsWindowEnabled() || index < 0 || index >= combo.GetCount()) return;
+    if (!combo.IsWindowEnabled() || !combo.IsWindowVisible() || index < 0 || index >= combo.GetCount()) return;
     combo.SetCurSel(index);
     combo.GetOwner().OnCommand(combo.GetDlgCtrlID());
 }
@@ -21,8 +21,9 @@ void Click(CListCtrl& table, int row) {
 }
 
 bool Edit(CMFCPropertyGridCtrl& list, CMFCPropertyGridProperty& row, RowValue value) {
+    if (!list.IsWindowEnabled() || !list.IsWindowVisible()) return false;
     if (row.IsLocked() || !row.IsEnabled() || !row.IsVisible() || !row.Accept(value)) return false;
-    row.SetValue(std::move(value));
+    row.OnEdited(std::move(value));
     list.GetOwner().SendMessage(AFX_WM_PROPERTY_CHANGED, list.GetDlgCtrlID(), reinterpret_cast<LPARAM>(&row));
     return true;
 }

@@ -10,7 +10,7 @@ namespace quillon {
 /// What the operator does to a control. For the bindings of a host and for tests; panes and dialogs don't call it.
 namespace user {
 
-/// Nothing happens on a control that is disabled or hidden.
+/// Nothing happens on a button, a combo box or a property list that is disabled or hidden.
 void Press(CButton& button);
 /// Chooses an entry, also the one already chosen.
 void Select(CComboBox& combo, int index);

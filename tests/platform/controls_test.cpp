@@ -1,0 +1,211 @@
+#include "platform/controls.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/dockable_pane.h"
+#include "platform/headless.h"
+#include "platform/property_rows.h"
+#include "platform/user_actions.h"
+#include "support/scratch_drives.h"
+
+namespace quillon {
+namespace {
+
+using enum CONTROL_CHANGE;
+using Changes = std::vector<CONTROL_CHANGE>;
+
+class Watcher : public ControlObserver {
+public:
+    void OnControlChanged(CControl&, CONTROL_CHANGE change) override { changes.push_back(change); }
+    void OnControlGone(CControl&) override { gone = true; }
+    Changes Taken() { return std::exchange(changes, {}); }
+    bool gone = false;
+
+private:
+    Changes changes;
+};
+
+class CommandWindow : public CDockablePane {
+public:
+    using CDockablePane::CDockablePane;
+    void OnCommand(UINT control) override { commands.push_back(control); }
+    void OnSize(tagSIZE size) override { sizes.push_back(size); }
+    using CDockablePane::AddControl;
+    using CDockablePane::SetFocusTo;
+    std::vector<UINT> commands;
+    std::vector<tagSIZE> sizes;
+};
+
+class Controls : public ::testing::Test {
+protected:
+    ScratchDrives drives;
+    HeadlessPlatform platform{drives.Root()};
+    CommandWindow window{platform};
+    Watcher watcher;
+};
+
+TEST_F(Controls, TellTheirObserverWhatChanged) {
+    {
+        CButton button(window, 7, "Add File");
+        button.SetObserver(&watcher);
+        button.MoveWindow({0, 0, 10, 30});
+        button.MoveWindow({0, 0, 10, 30});
+        button.ShowWindow(false);
+        button.ShowWindow(false);
+        button.EnableWindow(false);
+        button.SetWindowText("Remove File");
+        EXPECT_EQ(watcher.Taken(), (Changes{LAYOUT, LAYOUT, LAYOUT, CONTENT})) << "a change to the same is none";
+        EXPECT_FALSE(watcher.gone);
+    }
+    EXPECT_TRUE(watcher.gone);
+}
+
+TEST_F(Controls, PropertyListsTellWhatChanged) {
+    CMyMFCPropertyGridCtrl list(window, 3);
+    list.SetObserver(&watcher);
+    CMFCPropertyGridProperty& group = list.AddGroup("Area");
+    auto& row = group.Add<CMFCPropertyGridInteger>("n", 1, "", "What it is", 4u);
+    EXPECT_EQ(watcher.Taken(), (Changes{CONTENT, CONTENT}));
+    row.SetValue(std::int32_t{2});
+    row.SetLock(true);
+    row.Enable(false);
+    EXPECT_EQ(watcher.Taken(), (Changes{VALUE, VALUE, VALUE}));
+    row.Show(false);
+    row.Show(false);
+    EXPECT_EQ(watcher.Taken(), Changes{CONTENT});
+    list.SetCurSel(&row);
+    list.SetCustomColors({});
+    EXPECT_EQ(watcher.Taken(), (Changes{SELECTION, COLOURS}));
+    EXPECT_EQ(list.GetDescription().text, "What it is");
+    EXPECT_EQ(list.FindItemByData(4), &row);
+    EXPECT_EQ(list.FindItemByData(0), nullptr);
+    EXPECT_EQ(list.FindItemByData(5), nullptr);
+    EXPECT_TRUE(row.IsModified());
+    EXPECT_THROW(list.GetProperty(1), InvalidArgument);
+    EXPECT_THROW(group.GetSubItem(1), InvalidArgument);
+    list.RemoveAll();
+    EXPECT_EQ(list.GetCurSel(), nullptr);
+
+    // Rows put together before they are added belong to the list all the same.
+    auto made = std::make_unique<CMFCPropertyGridProperty>("made");
+    auto& inner = made->Add<CMFCPropertyGridBool>("b", true, "", 9u);
+    list.AddProperty(std::move(made));
+    watcher.Taken();
+    inner.SetValue(false);
+    EXPECT_EQ(watcher.Taken(), Changes{VALUE});
+}
+
+TEST_F(Controls, ButtonsAndCombosReachTheirOwner) {
+    CButton button(window, 7, "Add File");
+    CComboBox combo(window, 8);
+    EXPECT_EQ(combo.AddString("a"), 0);
+    EXPECT_EQ(combo.AddString("b"), 1);
+    combo.SetCurSel(1);
+    EXPECT_EQ(window.commands, std::vector<UINT>{}) << "the program's own choice tells nobody";
+    user::Press(button);
+    user::Select(combo, 0);
+    user::Select(combo, 0);
+    user::Select(combo, 2);
+    user::Select(combo, -1);
+    EXPECT_EQ(combo.GetCurSel(), 0);
+    EXPECT_EQ(window.commands, (std::vector<UINT>{7, 8, 8}));
+    for (CControl* control : {static_cast<CControl*>(&button), static_cast<CControl*>(&combo)}) {
+        control->EnableWindow(false);
+        user::Press(button);
+        user::Select(combo, 1);
+        control->EnableWindow(true);
+        control->ShowWindow(false);
+        user::Press(button);
+        user::Select(combo, 1);
+        control->EnableWindow(false);
+    }
+    EXPECT_EQ(window.commands, (std::vector<UINT>{7, 8, 8, 8, 8}));
+    combo.SetCurSel(5);
+    EXPECT_EQ(combo.GetCurSel(), -1);
+    EXPECT_THROW(combo.GetLBText(2), InvalidArgument);
+    combo.ResetContent();
+    EXPECT_EQ(combo.GetCurSel(), -1);
+    EXPECT_THROW(combo.GetLBText(0), InvalidArgument);
+}
+
+TEST_F(Controls, TablesMakeTheirCellsWhenAsked) {
+    struct Table : CListCtrl {
+        using CListCtrl::CListCtrl;
+        void OnItemClick(int row) override { clicked.push_back(row); }
+        std::vector<int> clicked;
+    } table(window, 9);
+    table.InsertColumn("No");
+    table.InsertColumn("Easting");
+    int asked = 0;
+    table.SetRows({3,
+                   [&](int row, int column) {
+                       ++asked;
+                       return std::to_string(row * 10 + column);
+                   },
+                   {}});
+    EXPECT_EQ(asked, 0);
+    EXPECT_EQ(table.GetItemText(2, 1), "21");
+    EXPECT_EQ(table.GetWidestTexts(0), std::vector<std::string>{});
+    for (const auto& [row, column] : {std::pair(3, 0), std::pair(-1, 0), std::pair(0, 2), std::pair(0, -1)}) {
+        EXPECT_THROW(table.GetItemText(row, column), InvalidArgument);
+    }
+    user::Click(table, 1);
+    user::Click(table, -1);
+    user::Click(table, 3);
+    EXPECT_EQ(table.clicked, std::vector<int>{1});
+    EXPECT_EQ(table.GetSelection(), 1);
+    table.DeleteAllItems();
+    EXPECT_EQ(table.GetSelection(), -1);
+    EXPECT_EQ(table.GetItemCount(), 0);
+    table.DeleteAllColumns();
+    EXPECT_THROW(table.SetColumnWidth(0, 10), InvalidArgument);
+}
+
+TEST_F(Controls, PanesTellTheirDock) {
+    struct Dock : PaneObserver {
+        void OnPaneChanged(CDockablePane& pane) override { shown.push_back(pane.IsVisible()); }
+        void OnPaneFocus(CDockablePane&, CControl& control) override { focus = &control; }
+        std::vector<bool> shown;
+        CControl* focus = nullptr;
+    } dock;
+    ASSERT_TRUE(window.Create("Boundary", {200, 200}, 5));
+    EXPECT_FALSE(window.Create("again", {1, 1}, 6));
+    EXPECT_EQ(window.GetWindowText(), "Boundary");
+    window.SetObserver(&dock);
+    window.ShowPane(true);
+    window.ShowPane(false);
+    window.ShowPane(true);
+    EXPECT_EQ(dock.shown, (std::vector<bool>{false, true}));
+    window.Resize({300, 400});
+    EXPECT_EQ(window.sizes, std::vector<tagSIZE>{tagSIZE({300, 400})});
+    EXPECT_EQ(window.GetClientSize(), tagSIZE({300, 400}));
+    CButton button(window, 7, "Add File");
+    window.AddControl(button);
+    window.SetFocusTo(button);
+    EXPECT_EQ(dock.focus, &button);
+    EXPECT_EQ(window.GetControls(), std::vector<CControl*>{&button});
+}
+
+TEST(Palette, HoldsThe28ColoursInTheirOrder) {
+    // Ends, the two kinds of white, and each spelling that is easily "mended".
+    const struct {
+        int index;
+        const char* name;
+        COLORREF colour;
+    } rows[] = {{0, "Black", 0x000000},        {1, "Red", 0x0000FF},         {5, "Blue", 0xFF0000},
+                {7, "Bright White", 0xFFFFFF}, {8, "Grey", 0x808080},        {9, "White", 0xC0C0C0},
+                {12, "Orange", 0x0080FF},      {15, "Lime Green", 0x00FF80}, {18, "Emerald Green", 0x80FF00},
+                {21, "Turquoise", 0xFF8000},   {24, "Purple", 0xFF0080},     {27, "Crimson", 0x8000FF}};
+    ASSERT_EQ(kPalette.size(), 28u);
+    for (const auto& row : rows) {
+        EXPECT_EQ(kPalette[static_cast<std::size_t>(row.index)].name, row.name);
+        EXPECT_EQ(PaletteIndex(row.colour), row.index) << row.name;
+    }
+    for (int i = 0; i < kPaletteCount; ++i) EXPECT_EQ(PaletteIndex(kPalette[static_cast<std::size_t>(i)].colour), i);
+    EXPECT_EQ(PaletteIndex(RGB(1, 2, 3)), -1);
+    EXPECT_EQ(RGB(1, 2, 300), 0x2C0201u);
+    EXPECT_EQ(GetRValue(0x030201) + 10 * GetGValue(0x030201) + 100 * GetBValue(0x030201), 321u);
+}
+
+}  // namespace
+}  // namespace quillon
