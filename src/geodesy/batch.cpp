@@ -1,6 +1,7 @@
 #include "geodesy/batch.h"
 
 #include <algorithm>
+#include <array>
 
 #include "geodesy/formulas.h"
 #include "geodesy/scalar_math.h"
@@ -15,12 +16,17 @@ extern const BatchKernels kAvx512Kernels;
 
 namespace {
 
-constexpr const BatchKernels* kKernels[] = {
+struct tagKernelsHere {
+    std::array<const BatchKernels*, 3> kernels{};
+    std::size_t count = 0;
+
+    tagKernelsHere() {
 #ifdef QUILLON_X86_KERNELS
-    &kAvx512Kernels,
-    &kAvx2Kernels,
+        if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq")) kernels[count++] = &kAvx512Kernels;
+        if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma")) kernels[count++] = &kAvx2Kernels;
 #endif
-    &kBaselineKernels,
+        kernels[count++] = &kBaselineKernels;
+    }
 };
 
 /// The lanes' series wants a flattening like the earth's, and no grid whose position depends on the one before.
@@ -34,22 +40,17 @@ bool FitsLanes(const CGrid& grid) {
 
 }  // namespace
 
-std::span<const BatchKernels* const> AllBatchKernels() {
-    return kKernels;
-}
-
-const BatchKernels& FastestBatchKernels() {
-    static const BatchKernels& fastest =
-        **std::ranges::find_if(kKernels, [](const BatchKernels* kernels) { return kernels->runsHere(); });
-    return fastest;
+std::span<const BatchKernels* const> BatchKernelsHere() {
+    static const tagKernelsHere here;
+    return std::span(here.kernels).first(here.count);
 }
 
 void CGrid::ForwardAll(std::span<double> eastings, std::span<double> northings, std::span<const double> latitudes,
                        std::span<const double> longitudes) {
     const std::size_t count = std::min({eastings.size(), northings.size(), latitudes.size(), longitudes.size()});
     if (FitsLanes(*this)) {
-        FastestBatchKernels().forward(*this, latitudes.data(), longitudes.data(), eastings.data(), northings.data(),
-                                      count);
+        BatchKernelsHere().front()->forward(*this, latitudes.data(), longitudes.data(), eastings.data(),
+                                            northings.data(), count);
         return;
     }
     for (std::size_t i = 0; i < count; i++) Forward(&eastings[i], &northings[i], latitudes[i], longitudes[i]);
@@ -62,8 +63,8 @@ bool CEllipsoid::DistanceAll(std::span<const double> firstLats, std::span<const 
     const std::size_t count =
         std::min({firstLats.size(), firstLons.size(), secondLats.size(), secondLons.size(), distances.size()});
     if (FitsLanes(*this) && e2 != 0) {
-        FastestBatchKernels().distance(*this, firstLats.data(), firstLons.data(), secondLats.data(), secondLons.data(),
-                                       distances.data(), count);
+        BatchKernelsHere().front()->distance(*this, firstLats.data(), firstLons.data(), secondLats.data(),
+                                             secondLons.data(), distances.data(), count);
         return true;
     }
     for (std::size_t i = 0; i < count; i++) {

@@ -11,17 +11,12 @@ namespace quillon {
 /// not of type 13); positions out of the reach of its mathematics it hands to the one-point form.
 struct BatchKernels {
     const char* name;
-    int lanes;
-    bool (*runsHere)();
     void (*forward)(CGrid& grid, const double* lat, const double* lon, double* east, double* north, std::size_t count);
     void (*distance)(const CEllipsoid& ellipsoid, const double* lat1, const double* lon1, const double* lat2,
                      const double* lon2, double* distances, std::size_t count);
 };
 
-/// All that this program was built with, the fastest first. The last one runs everywhere.
-std::span<const BatchKernels* const> AllBatchKernels();
-
-/// The fastest that runs on this processor, chosen once.
-const BatchKernels& FastestBatchKernels();
+/// Those of this program that the processor runs, the fastest first. Found once.
+std::span<const BatchKernels* const> BatchKernelsHere();
 
 }  // namespace quillon

@@ -43,7 +43,7 @@ struct Formulas {
     }
 
     /// e atanh(e sin lat), the part of the ellipsoid in the isometric latitude. As a series it is good to 1e-15 up to
-    /// a flattening of 1/200; rounder shapes have no need of the logarithm.
+    /// a flattening of 1/200; flatter shapes take the logarithm, one position at a time.
     static V EllipsoidTerm(const CEllipsoid& ellipsoid, V s) {
         const double e2 = ellipsoid.e2;
         if constexpr (sizeof(V) == sizeof(double)) {
