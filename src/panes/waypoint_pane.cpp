@@ -1,0 +1,278 @@
+#include "panes/waypoint_pane.h"
+
+#include <array>
+
+#include "panes/row_values.h"
+#include "panes/table_texts.h"
+#include "platform/platform.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::uint8_t kSaveSettings = 1;
+constexpr UINT kRelockTimer = 1;
+constexpr int kSymbolsOffered = 13;
+constexpr int kMostRings = 25;
+
+// clang-format off
+constexpr std::array<RowEffect, 15> kEffects = {{
+    // row                        equal value          save           changed  messages
+    {WAYPOINT_DISPLAY,          EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
+    {WAYPOINT_ORDER,            EQUAL_VALUE::COUNTS, 0,             false, ROW_MESSAGES::REDRAW_RECOMPUTE},
+    {WAYPOINT_SYMBOL,           EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
+    {WAYPOINT_COLOUR,           EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
+    {WAYPOINT_SIZE,             EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
+    {WAYPOINT_LABEL_MODE,       EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
+    {WAYPOINT_LABEL_POSITION,   EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
+    {WAYPOINT_RINGS,            EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
+    {WAYPOINT_RING_COUNT,       EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
+    {WAYPOINT_RING_SIZE,        EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
+    {WAYPOINT_RING_COLOUR,      EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
+    {WAYPOINT_CLEARANCE,        EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::RECOMPUTE},
+    {WAYPOINT_TOLERANCE,        EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::RECOMPUTE_REDRAW},
+    {WAYPOINT_TOLERANCE_CIRCLE, EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
+    {WAYPOINT_PASSWORD,         EQUAL_VALUE::COUNTS, 0,             false, ROW_MESSAGES::NONE},
+}};
+// clang-format on
+
+constexpr FeaturePaneTraits kTraits = {.comboId = 12035,
+                                       .addId = 12053,
+                                       .removeId = 12054,
+                                       .tableId = 12018,
+                                       .fileKind = "Waypoint",
+                                       .listRows = 20,
+                                       .type = FEATURE_TYPES::WAYPOINT,
+                                       .addMessages = LIST_MESSAGES::REDRAW_RECOMPUTE_UPDATE,
+                                       .removeMessages = LIST_MESSAGES::REDRAW_RECOMPUTE_UPDATE,
+                                       .cursor = COMBO_CURSOR::FOLLOWS_ZERO,
+                                       .removeMovesCursor = false,
+                                       .effects = kEffects};
+
+/// What a column shows, one letter each as in the data orders: T name, E easting, N northing, H height, R radius.
+std::string ColumnFields(const WaypointOrder& order) {
+    std::string fields = "TEN";
+    if (order.HasHeight()) fields += 'H';
+    if (order.HasRadius()) fields += 'R';
+    return fields;
+}
+
+std::string ColumnHeader(char field) {
+    switch (field) {
+        case 'T':
+            return "Name";
+        case 'E':
+            return "Easting";
+        case 'N':
+            return "Northing";
+        case 'H':
+            return "Ht";
+        default:
+            return "Radius";
+    }
+}
+
+double FieldNumber(const GridWaypointDef& point, char field) {
+    switch (field) {
+        case 'E':
+            return point.easting;
+        case 'N':
+            return point.northing;
+        case 'H':
+            return point.height;
+        default:
+            return point.radius;
+    }
+}
+
+std::string FieldText(const GridWaypointDef& point, char field) {
+    return field == 'T' ? point.name : MetresText(FieldNumber(point, field));
+}
+
+}  // namespace
+
+CGridWaypointPane::CGridWaypointPane(Platform& owner) : CFeaturePane(owner, kTraits) {}
+
+bool CGridWaypointPane::Create(CWnd* parent, UINT id, std::string_view title, CGridWaypointList& features,
+                               bool catenaryForm) {
+    catenary = catenaryForm;
+    return CFeaturePane::Create(parent, id, title, features);
+}
+
+// ---- Rows ----
+
+void CGridWaypointPane::BuildRows(int index) {
+    const CGridWaypoint& waypoints = Member(index);
+    auto& properties = GetPropertyList().AddGroup("Properties");
+    properties.Add<CMFCPropertyGridProperty>("Display", waypoints.display, "Determine whether to display Waypoint File",
+                                             WAYPOINT_DISPLAY);
+    auto& order = properties.Add<CMFCPropertyGridProperty>("Data Order", std::string(waypoints.Order().text),
+                                                           "Order of data within Waypoint File", WAYPOINT_ORDER);
+    for (const WaypointOrder& offered : kWaypointOrders) order.AddOption(offered.text);
+    order.AllowEdit(false);
+
+    auto& waypoint = GetPropertyList().AddGroup("Waypoint");
+    waypoint
+        .Add<CMFCPropertyGridVectorSymbolProperty>("Symbol", waypoints.symbol, kSymbolsOffered,
+                                                   "Select Symbol for Obstruction", WAYPOINT_SYMBOL)
+        .SetColour(waypoints.colour);
+    waypoint.Add<CMFCPropertyGridPrimaryColourProperty>("Colour", waypoints.colour, kPaletteCount,
+                                                        "Specifies the pen colour of the Waypoint", WAYPOINT_COLOUR);
+    waypoint.Add<CMFCPropertyGridSymbolSizeProperty>(waypoints.symbolSize, WAYPOINT_SIZE);
+    waypoint.Add<CMFCPropertyGridLabelModeProperty>(waypoints.labelMode, WAYPOINT_LABEL_MODE);
+    waypoint.Add<CMFCPropertyGridLabelPositionProperty>(waypoints.labelPosition, WAYPOINT_LABEL_POSITION);
+
+    if (catenary) {
+        BuildAlarmRows(waypoints);
+    } else {
+        BuildRingRows(waypoints);
+    }
+}
+
+void CGridWaypointPane::BuildRingRows(const CGridWaypoint& waypoints) {
+    auto& rings = GetPropertyList().AddGroup("Rings");
+    rings.Add<CMFCPropertyGridProperty>("Display", waypoints.drawRings,
+                                        "Determine whether to display ring(s) around the waypoint", WAYPOINT_RINGS);
+    rings
+        .Add<CMFCPropertyGridInteger>("Number of Rings", waypoints.ringCount, "", "Number of Range rings to display",
+                                      WAYPOINT_RING_COUNT)
+        .EnableSpinControl(true, 0, kMostRings);
+    rings.Add<CMFCPropertyGridDouble>("Ring Size", waypoints.ringSizeMetres, "%4.0lfm", "Ring size in metres",
+                                      WAYPOINT_RING_SIZE);
+    rings.Add<CMFCPropertyGridPrimaryColourProperty>("Ring Colour", waypoints.ringColour, kPaletteCount,
+                                                     "Specifies the pen color of the range rings",
+                                                     WAYPOINT_RING_COLOUR);
+}
+
+void CGridWaypointPane::BuildAlarmRows(const CGridWaypoint& waypoints) {
+    const bool locked = CMFCPropertyGridPasswordProperty::IsPasswordPresent(GetPlatform());
+    auto& alarm = GetPropertyList().AddGroup("Anchor Cable Alarm");
+    alarm
+        .Add<CMFCPropertyGridDouble>("Clearance", waypoints.clearance, "%7.1lfm",
+                                     "WARNING if cable gets close than this distance", WAYPOINT_CLEARANCE)
+        .SetLock(locked);
+    alarm
+        .Add<CMFCPropertyGridDouble>("Tolerance", waypoints.tolerance, "%7.1lfm",
+                                     "Default Tolerance by default it uses the Radius attached to the obstruction "
+                                     "ERROR if cable gets close than clearance + tolerance distance",
+                                     WAYPOINT_TOLERANCE)
+        .SetLock(locked);
+    alarm.Add<CMFCPropertyGridBool>("Draw Tolerance Circle", waypoints.drawRings, "Add Label to Display",
+                                    WAYPOINT_TOLERANCE_CIRCLE);
+    if (locked) alarm.Add<CMFCPropertyGridPasswordProperty>(GetPlatform(), WAYPOINT_PASSWORD);
+}
+
+bool CGridWaypointPane::StoreRow(int index, CMFCPropertyGridProperty& row) {
+    CGridWaypoint& waypoints = Member(index);
+    switch (static_cast<WAYPOINT_ROW>(row.GetData())) {
+        case WAYPOINT_DISPLAY:
+            return Take(waypoints.display, row);
+        case WAYPOINT_ORDER:
+            ReadAnew(waypoints, ChosenOption(row));
+            return true;
+        case WAYPOINT_SYMBOL:
+            return Take(waypoints.symbol, row);
+        case WAYPOINT_COLOUR: {
+            const bool differed = Take(waypoints.colour, row);
+            ColourRow(GetPropertyList(), WAYPOINT_SYMBOL, waypoints.colour);
+            return differed;
+        }
+        case WAYPOINT_SIZE:
+            return Take(waypoints.symbolSize, row);
+        case WAYPOINT_LABEL_MODE:
+            return Take(waypoints.labelMode, row);
+        case WAYPOINT_LABEL_POSITION:
+            return Take(waypoints.labelPosition, row);
+        case WAYPOINT_RINGS:
+        case WAYPOINT_TOLERANCE_CIRCLE:
+            return Take(waypoints.drawRings, row);
+        case WAYPOINT_RING_COUNT:
+            return Take(waypoints.ringCount, row);
+        case WAYPOINT_RING_SIZE:
+            waypoints.tolerance = 0.0;
+            return Take(waypoints.ringSizeMetres, row);
+        case WAYPOINT_RING_COLOUR:
+            return Take(waypoints.ringColour, row);
+        case WAYPOINT_CLEARANCE:
+            return Take(waypoints.clearance, row);
+        case WAYPOINT_TOLERANCE:
+            return Take(waypoints.tolerance, row);
+        case WAYPOINT_PASSWORD:
+            if (static_cast<CMFCPropertyGridPasswordProperty&>(row).IsPasswordOk()) {
+                LockAlarmRows(false);
+                SetTimer(kRelockTimer, kOpenTime);
+            }
+            return false;
+    }
+    return false;
+}
+
+void CGridWaypointPane::ReadAnew(CGridWaypoint& waypoints, int order) {
+    if (order < 0) return;
+    waypoints.dataOrder = order;
+    waypoints.SaveSettings();
+    waypoints.ReadData(std::string(waypoints.GetPath()));
+    CreateTable();
+}
+
+void CGridWaypointPane::SaveMember(int index, std::uint8_t) {
+    Member(index).SaveSettings();
+}
+
+// ---- The lock ----
+
+void CGridWaypointPane::LockAlarmRows(bool lock) {
+    for (const UINT id : {WAYPOINT_CLEARANCE, WAYPOINT_TOLERANCE}) {
+        if (CMFCPropertyGridProperty* const row = GetPropertyList().FindItemByData(id)) row->SetLock(lock);
+    }
+}
+
+void CGridWaypointPane::OnTimer(UINT timer) {
+    if (timer != kRelockTimer || !catenary) return;
+    LockAlarmRows(true);
+    KillTimer(kRelockTimer);
+}
+
+// ---- Points ----
+
+std::vector<std::string> CGridWaypointPane::TableColumns(int index) const {
+    std::vector<std::string> headers;
+    if (index < 0) return headers;
+    for (const char field : ColumnFields(Member(index).Order())) headers.push_back(ColumnHeader(field));
+    return headers;
+}
+
+TableRows CGridWaypointPane::MakeTableRows(int index) {
+    Member(index).FillNames();
+    const std::string fields = ColumnFields(Member(index).Order());
+    const int count = static_cast<int>(Member(index).GetSize());
+    const auto text = [this, index, fields](std::ptrdiff_t row, int column) {
+        if (!List().IsValidIndex(index) || !Member(index).IsValidIndex(row)) return std::string();
+        return FieldText(Member(index)[row], fields[static_cast<std::size_t>(column)]);
+    };
+    const auto widest = [this, index, fields](int column) {
+        const char field = fields[static_cast<std::size_t>(column)];
+        const CGridWaypoint& waypoints = Member(index);
+        if (field == 'T') return std::vector<std::string>{LongestName(waypoints)};
+        return ExtremeTexts(
+            waypoints.GetSize(), [&](std::ptrdiff_t i) { return FieldNumber(waypoints[i], field); }, MetresText);
+    };
+    return {.count = count, .cell = text, .widest = widest};
+}
+
+bool CGridWaypointPane::PointOfRow(int index, int row, tagXY& point) const {
+    if (!Member(index).IsValidIndex(row)) return false;
+    point = {Member(index)[row].easting, Member(index)[row].northing};
+    return true;
+}
+
+// ---- Files ----
+
+void CGridWaypointPane::AddPaths(const std::vector<std::string>& paths) {
+    CFeaturePane::AddPaths(paths);
+    for (int i = 0; i < List().GetCount(); ++i) {
+        Member(i).catenaryMode = catenary;
+        Member(i).SaveSettings();
+    }
+}
+
+}  // namespace quillon
