@@ -21,7 +21,7 @@ std::string PenText(const CPen& pen) {
 
 std::string BrushText(const CBrush& brush) {
     if (brush.fill == kFillNone) return "";
-    if (brush.fill == kFillSolid) return " brush " + ColourText(brush.colour);
+    if (brush.fill == kFillSolid) return Format(" brush %s", ColourText(brush.colour).c_str());
     return Format(" brush hatch %d ", brush.fill) + ColourText(brush.colour);
 }
 
@@ -44,24 +44,25 @@ std::string RecorderDevice::Take() {
 }
 
 void RecorderDevice::Polyline(const CPen& pen, std::span<const tagPOINT> points) {
-    calls.push_back("line" + PointsText(points) + PenText(pen));
+    calls.push_back(std::string("line").append(PointsText(points)).append(PenText(pen)));
 }
 
 void RecorderDevice::Polygon(const CPen& pen, const CBrush& brush, int fillMode, std::span<const tagPOINT> points) {
-    calls.push_back("polygon" + PointsText(points) + PenText(pen) + BrushText(brush) +
-                    (fillMode == WINDING && brush.fill != kFillNone ? " winding" : ""));
+    std::string call = std::string("polygon").append(PointsText(points)).append(PenText(pen)).append(BrushText(brush));
+    if (fillMode == WINDING && brush.fill != kFillNone) call += " winding";
+    calls.push_back(std::move(call));
 }
 
 void RecorderDevice::Ellipse(const CPen& pen, const CBrush& brush, const tagRECT& box) {
-    calls.push_back("ellipse" + BoxText(box) + PenText(pen) + BrushText(brush));
+    calls.push_back(std::string("ellipse").append(BoxText(box)).append(PenText(pen)).append(BrushText(brush)));
 }
 
 void RecorderDevice::Rectangle(const CPen& pen, const CBrush& brush, const tagRECT& box) {
-    calls.push_back("rectangle" + BoxText(box) + PenText(pen) + BrushText(brush));
+    calls.push_back(std::string("rectangle").append(BoxText(box)).append(PenText(pen)).append(BrushText(brush)));
 }
 
 void RecorderDevice::FillRect(const CBrush& brush, const tagRECT& box) {
-    calls.push_back("fill" + BoxText(box) + BrushText(brush));
+    calls.push_back(std::string("fill").append(BoxText(box)).append(BrushText(brush)));
 }
 
 void RecorderDevice::SetPixel(int x, int y, COLORREF colour) {
@@ -72,11 +73,11 @@ void RecorderDevice::Text(const CFont& font, COLORREF colour, std::optional<COLO
                           std::string_view text) {
     std::string call = Format("text %d,%d \"", x, y);
     call.append(text);
-    call += "\" " + font.face + Format(" %d", font.height);
+    call += Format("\" %s %d", font.face.c_str(), font.height);
     if (font.weight != FW_NORMAL) call += Format(" weight %d", font.weight);
     if (font.escapement != 0) call += Format(" turned %d", font.escapement);
-    call += " " + ColourText(colour);
-    if (ground) call += " on " + ColourText(*ground);
+    call += Format(" %s", ColourText(colour).c_str());
+    if (ground) call += Format(" on %s", ColourText(*ground).c_str());
     calls.push_back(std::move(call));
 }
 
@@ -86,7 +87,7 @@ tagSIZE RecorderDevice::TextSize(const CFont& font, std::string_view text) const
 }
 
 void RecorderDevice::SetClip(const tagRECT* box) {
-    calls.push_back(box ? "clip" + BoxText(*box) : std::string("no clip"));
+    calls.push_back(box ? std::string("clip").append(BoxText(*box)) : "no clip");
 }
 
 }  // namespace quillon

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/palette.h"
+
+namespace quillon {
+
+/// The chart's own colours, by day and by night.
+struct ChartColours {
+    COLORREF ground;
+    COLORREF gridLine;
+    COLORREF gridText;
+    COLORREF scaleBar;
+    COLORREF labelGround;
+    COLORREF labelInk;
+    COLORREF shown;        ///< the ring round the point shown
+    COLORREF shownCasing;  ///< the line either side of it that sets it off from anything below
+};
+
+const ChartColours& ColoursOf(bool night);
+
+/// 0 for black, 1 for white: the light that a colour gives (ITU-R BT.709 weights, without gamma).
+double Lightness(COLORREF colour);
+
+/// A feature's colour as the chart shows it. By day the operator's own, unless it would vanish in the ground, when it
+/// is darkened. At night dimmed, but never so dark that it would vanish in the black.
+COLORREF FeatureColour(COLORREF colour, bool night);
+
+}  // namespace quillon

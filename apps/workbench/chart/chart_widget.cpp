@@ -1,0 +1,240 @@
+#include "chart/chart_widget.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QWheelEvent>
+#include <cmath>
+#include <utility>
+
+#include "chart/qpainter_device.h"
+
+namespace quillon {
+namespace {
+
+constexpr double kHitRadius = 8.0;
+/// A press that moves less is a click.
+constexpr double kDragPixels = 4.0;
+/// One notch of a common wheel; two of them double the scale.
+constexpr double kNotch = 120.0;
+constexpr double kKeyZoom = 1.5;
+constexpr double kKeyPan = 0.15;
+constexpr double kFineKeyPan = 0.02;
+constexpr double kRoomRoundShown = 40.0;
+
+PixelPoint PixelOf(QPointF point) {
+    return {point.x(), point.y()};
+}
+
+}  // namespace
+
+ChartWidget::ChartWidget(QWidget* parent) : QWidget(parent) {
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setCursor(Qt::CrossCursor);
+    setMinimumSize(120, 80);
+}
+
+void ChartWidget::Redraw() {
+    isFrameOld = true;
+    update();
+}
+
+void ChartWidget::ViewChanged() {
+    Redraw();
+    if (onViewChanged) onViewChanged();
+    TellCursor();
+}
+
+void ChartWidget::SetScene(ChartScene newScene) {
+    scene = std::move(newScene);
+    painter.Paths().Update(scene);
+    if (waitsForFirstView && !painter.Paths().Extent(scene).IsEmpty()) ZoomToAll();
+    Redraw();
+}
+
+void ChartWidget::SetShown(std::optional<tagXY> point) {
+    if (scene.shown == point) return;
+    scene.shown = point;
+    Redraw();
+}
+
+void ChartWidget::SetNight(bool on) {
+    isNight = on;
+    Redraw();
+}
+
+void ChartWidget::SetView(tagXY centre, double metresPerPixel) {
+    waitsForFirstView = false;
+    view.SetCentre(centre);
+    view.SetScale(metresPerPixel);
+    ViewChanged();
+}
+
+void ChartWidget::ZoomToAll() {
+    ZoomTo(painter.Paths().Extent(scene));
+}
+
+void ChartWidget::ZoomTo(const ChartBox& box) {
+    if (box.IsEmpty()) return;
+    // before it was laid out the widget has no size worth fitting to
+    waitsForFirstView = !isVisible() && view.Width() == 1;
+    view.ZoomTo(box);
+    ViewChanged();
+}
+
+void ChartWidget::BringIntoView(tagXY point) {
+    if (!IsPlace(point)) return;
+    const PixelPoint at = view.ToPixel(point);
+    if (view.PixelBox(-kRoomRoundShown).Contains(at.x, at.y)) return;
+    view.SetCentre(point);
+    ViewChanged();
+}
+
+void ChartWidget::ZoomBy(double factor) {
+    view.Zoom(factor, {0.5 * view.Width(), 0.5 * view.Height()});
+    ViewChanged();
+}
+
+void ChartWidget::PanBy(double dx, double dy) {
+    view.Pan(dx, dy);
+    ViewChanged();
+}
+
+void ChartWidget::PaintFrame() {
+    const double scale = devicePixelRatioF();
+    const QSize wanted = (QSizeF(size()) * scale).toSize();
+    if (frame.size() != wanted) frame = QImage(wanted, QImage::Format_RGB32);
+    frame.setDevicePixelRatio(scale);
+    QPainter target(&frame);
+    painter.Paint(target, view, scene, isNight);
+    isFrameOld = false;
+}
+
+void ChartWidget::PaintBox(QPainter& target) const {
+    const QRectF box = QRectF(pressedAt, cursorAt).normalized();
+    QColor colour = ToQColor(ColoursOf(isNight).scaleBar);
+    target.setPen(QPen(colour, 1.0, Qt::DashLine));
+    colour.setAlpha(32);
+    target.setBrush(colour);
+    target.drawRect(box.toRect());
+}
+
+void ChartWidget::paintEvent(QPaintEvent* event) {
+    if (isFrameOld || frame.devicePixelRatio() != devicePixelRatioF()) PaintFrame();
+    QPainter target(this);
+    const double scale = frame.devicePixelRatio();
+    const QRectF part = event->rect();
+    target.drawImage(part, frame, QRectF(part.topLeft() * scale, part.size() * scale));
+    if (drag == DRAG::BOX) PaintBox(target);
+    if (hasFocus()) {
+        target.setPen(ToQColor(ColoursOf(isNight).gridText));
+        target.setBrush(Qt::NoBrush);
+        target.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+}
+
+void ChartWidget::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    view.SetSize(width(), height());
+    if (std::exchange(waitsForFirstView, waitsForFirstView && scene.layers.empty())) ZoomToAll();
+    ViewChanged();
+}
+
+void ChartWidget::wheelEvent(QWheelEvent* event) {
+    const double notches = event->angleDelta().y() / kNotch;
+    view.Zoom(std::exp2(0.5 * notches), PixelOf(event->position()));
+    ViewChanged();
+    event->accept();
+}
+
+void ChartWidget::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton && event->button() != Qt::MiddleButton) return event->ignore();
+    pressedAt = cursorAt = event->position();
+    drag = DRAG::PRESSED;
+    event->accept();
+}
+
+void ChartWidget::BeginDrag(Qt::KeyboardModifiers modifiers) {
+    const bool isBox = modifiers & (Qt::ShiftModifier | Qt::ControlModifier);
+    drag = isBox ? DRAG::BOX : DRAG::PAN;
+    if (!isBox) setCursor(Qt::ClosedHandCursor);
+}
+
+void ChartWidget::mouseMoveEvent(QMouseEvent* event) {
+    const QPointF before = std::exchange(cursorAt, event->position());
+    isCursorInside = true;
+    if (drag == DRAG::PRESSED && (cursorAt - pressedAt).manhattanLength() >= kDragPixels) {
+        BeginDrag(event->modifiers());
+        if (drag == DRAG::PAN) PanBy(cursorAt.x() - pressedAt.x(), cursorAt.y() - pressedAt.y());
+    } else if (drag == DRAG::PAN) {
+        PanBy(cursorAt.x() - before.x(), cursorAt.y() - before.y());
+    }
+    if (drag == DRAG::BOX) update();
+    TellCursor();
+}
+
+void ChartWidget::mouseReleaseEvent(QMouseEvent* event) {
+    const DRAG ended = drag;
+    const QPointF from = pressedAt, to = event->position();
+    EndDrag();
+    if (ended == DRAG::PRESSED && event->button() == Qt::LeftButton) Click(to);
+    if (ended == DRAG::BOX && std::abs(to.x() - from.x()) + std::abs(to.y() - from.y()) >= kDragPixels) {
+        view.ZoomToPixels(PixelOf(from), PixelOf(to));
+        ViewChanged();
+    }
+}
+
+void ChartWidget::EndDrag() {
+    drag = DRAG::NONE;
+    setCursor(Qt::CrossCursor);
+    update();
+}
+
+void ChartWidget::Click(QPointF at) {
+    if (!onClick) return;
+    painter.Paths().Update(scene);
+    onClick(view.ToWorld(PixelOf(at)), painter.Paths().Hit(scene, view, PixelOf(at), kHitRadius));
+}
+
+void ChartWidget::keyPressEvent(QKeyEvent* event) {
+    const double part = event->modifiers() & Qt::ShiftModifier ? kFineKeyPan : kKeyPan;
+    const double step = part * std::min(width(), height());
+    switch (event->key()) {
+        case Qt::Key_Plus:
+        case Qt::Key_Equal:
+            return ZoomBy(kKeyZoom);
+        case Qt::Key_Minus:
+            return ZoomBy(1.0 / kKeyZoom);
+        case Qt::Key_Left:
+            return PanBy(step, 0);
+        case Qt::Key_Right:
+            return PanBy(-step, 0);
+        case Qt::Key_Up:
+            return PanBy(0, step);
+        case Qt::Key_Down:
+            return PanBy(0, -step);
+        case Qt::Key_Home:
+            return ZoomToAll();
+        case Qt::Key_Escape:
+            if (drag != DRAG::NONE) return EndDrag();
+            break;
+        default:
+            break;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void ChartWidget::leaveEvent(QEvent* event) {
+    isCursorInside = false;
+    TellCursor();
+    QWidget::leaveEvent(event);
+}
+
+void ChartWidget::TellCursor() {
+    if (!onCursor) return;
+    onCursor(isCursorInside ? std::optional(view.ToWorld(PixelOf(cursorAt))) : std::nullopt);
+}
+
+}  // namespace quillon
