@@ -2,6 +2,10 @@
 
 namespace quillon {
 
+CDockablePane::~CDockablePane() {
+    if (observer) observer->OnPaneGone(*this);
+}
+
 bool CDockablePane::Create(std::string_view paneTitle, tagSIZE size, UINT paneId) {
     if (created) return false;
     title = paneTitle;

@@ -18,12 +18,15 @@ public:
     virtual void OnPaneChanged(CDockablePane& pane) = 0;
     /// The pane wants the keyboard on this control.
     virtual void OnPaneFocus(CDockablePane& pane, CControl& control) = 0;
+    /// The pane is about to go; its controls have gone already. The observer must forget it.
+    virtual void OnPaneGone(CDockablePane& pane) = 0;
 };
 
 /// A window that docks: a title, a client area and controls in it. The host gives it its size.
 class CDockablePane : public CWnd {
 public:
     using CWnd::CWnd;
+    ~CDockablePane() override;
 
     bool Create(std::string_view title, tagSIZE size, UINT id);
     UINT GetDlgCtrlID() const { return id; }

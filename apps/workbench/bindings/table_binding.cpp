@@ -1,0 +1,208 @@
+#include "workbench/bindings/table_binding.h"
+
+#include <QAbstractItemDelegate>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+
+#include "platform/platform.h"
+#include "platform/user_actions.h"
+#include "workbench/bindings/colours.h"
+#include "workbench/text_edge.h"
+
+namespace quillon {
+namespace {
+
+/// The column captions, drawn flat in the colours of the table's header.
+class CaptionBar : public QHeaderView {
+public:
+    explicit CaptionBar(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) { setSectionsClickable(false); }
+
+protected:
+    void paintSection(QPainter* painter, const QRect& rect, int section) const override {
+        painter->fillRect(rect, palette().color(QPalette::Button));
+        painter->setPen(Mix(palette().color(QPalette::Button), palette().color(QPalette::ButtonText), 0.35));
+        painter->drawLine(rect.topRight(), rect.bottomRight());
+        painter->setPen(palette().color(QPalette::ButtonText));
+        const QVariant caption = model()->headerData(section, orientation(), Qt::DisplayRole);
+        const QVariant alignment = model()->headerData(section, orientation(), Qt::TextAlignmentRole);
+        painter->drawText(rect.adjusted(4, 0, -5, 0), alignment.toInt(), caption.toString());
+    }
+    void paintEvent(QPaintEvent* event) override {
+        QPainter(viewport()).fillRect(viewport()->rect(), palette().color(QPalette::Button));
+        QHeaderView::paintEvent(event);
+    }
+};
+
+/// Draws a cell: ground, text and the lines to its right and below.
+class CellPainter : public QAbstractItemDelegate {
+public:
+    using QAbstractItemDelegate::QAbstractItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
+        return {kCellInset * 2, option.fontMetrics.height() + 4};
+    }
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const bool selected = option.state & QStyle::State_Selected;
+        const bool active = option.state & QStyle::State_HasFocus || option.widget->hasFocus();
+        const QPalette& colours = option.palette;
+        const SelectionColours selection = SelectionOn(colours.color(QPalette::Base), active);
+        const QColor ground = selected ? selection.ground : colours.color(QPalette::Base);
+        const QColor text = selected ? selection.text : colours.color(QPalette::Text);
+        painter->fillRect(option.rect, ground);
+        painter->setPen(Mix(colours.color(QPalette::Base), colours.color(QPalette::Text), 0.22));
+        painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
+        painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+        painter->setPen(text);
+        const QRect room = option.rect.adjusted(kCellInset, 0, -kCellInset - 1, -1);
+        const QString whole = index.data(Qt::DisplayRole).toString();
+        const QString fitting = option.fontMetrics.elidedText(whole, Qt::ElideRight, room.width());
+        painter->drawText(room, AlignmentOf(whole), fitting);
+    }
+
+private:
+    static constexpr int kCellInset = 4;
+    static int AlignmentOf(const QString& cell) {
+        return Qt::AlignVCenter | (LooksNumeric(FromQString(cell)) ? Qt::AlignRight : Qt::AlignLeft);
+    }
+};
+
+}  // namespace
+
+TableBinding::TableBinding(CListCtrl& bound, QWidget* parent)
+    : QTableView(parent), ControlBinding(bound), table(&bound), rows(bound) {
+    auto* captions = new CaptionBar(this);
+    setHorizontalHeader(captions);
+    captions->setHighlightSections(false);
+    captions->setMinimumSectionSize(16);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(bound.GetOwner().GetPlatform().GetMetric(SYSTEM_METRIC::ROW_HEIGHT));
+    setModel(&rows);
+    setFrameShape(QFrame::NoFrame);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setShowGrid(false);
+    setItemDelegate(new CellPainter(this));
+    setCornerButtonEnabled(false);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    connect(captions, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        if (!syncing && table && column < table->GetColumnCount()) table->SetColumnWidth(column, width);
+    });
+    ApplyColours();
+    ApplyColumns();
+    ApplySelection();
+}
+
+void TableBinding::ApplyColumns() {
+    const QScopedValueRollback<bool> quiet(syncing, true);
+    for (int i = 0; i < table->GetColumnCount(); ++i) {
+        const int width = table->GetColumn(i).width;
+        if (width > 0 && width != columnWidth(i)) setColumnWidth(i, width);
+    }
+}
+
+void TableBinding::ApplySelection() {
+    const QScopedValueRollback<bool> quiet(syncing, true);
+    const int row = table->GetSelection();
+    if (row < 0) {
+        clearSelection();
+        setCurrentIndex({});
+    } else if (row != currentIndex().row() || !selectionModel()->hasSelection()) {
+        selectRow(row);
+        scrollTo(rows.index(row, 0));
+    }
+}
+
+void TableBinding::ApplyColours() {
+    const QColor ground = ToQColor(table->GetBkColor());
+    const QColor text = ToQColor(table->GetTextColor());
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, ground);
+    colours.setColor(QPalette::Text, text);
+    setPalette(colours);
+    QPalette header = horizontalHeader()->palette();
+    header.setColor(QPalette::Button, ToQColor(table->GetHeaderBkColor()));
+    header.setColor(QPalette::ButtonText, ToQColor(table->GetHeaderTextColor()));
+    header.setColor(QPalette::Base, ToQColor(table->GetHeaderBkColor()));
+    horizontalHeader()->setPalette(header);
+}
+
+void TableBinding::Refresh(CONTROL_CHANGE change) {
+    if (!table) return;
+    switch (change) {
+        case CONTROL_CHANGE::LAYOUT:
+            ApplyColumns();
+            break;
+        case CONTROL_CHANGE::CONTENT: {
+            const QScopedValueRollback<bool> quiet(syncing, true);
+            rows.Reset();
+            ApplyColumns();
+            ApplySelection();
+            break;
+        }
+        case CONTROL_CHANGE::VALUE:
+            viewport()->update();
+            break;
+        case CONTROL_CHANGE::SELECTION:
+            ApplySelection();
+            break;
+        case CONTROL_CHANGE::COLOURS:
+            ApplyColours();
+            break;
+    }
+}
+
+void TableBinding::Forget() {
+    table = nullptr;
+    rows.Forget();
+}
+
+void TableBinding::ClickCurrent() {
+    if (table && currentIndex().isValid()) user::Click(*table, currentIndex().row());
+}
+
+void TableBinding::CopyCurrent() {
+    const int row = currentIndex().row();
+    if (!table || row < 0) return;
+    std::string line;
+    for (int i = 0; i < table->GetColumnCount(); ++i) line += (i ? "\t" : "") + table->GetItemText(row, i);
+    table->GetOwner().GetPlatform().SetClipboardText(line);
+}
+
+void TableBinding::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    const QModelIndex hit = indexAt(event->position().toPoint());
+    if (!hit.isValid()) {
+        if (table) user::Click(*table, -1);
+        return;
+    }
+    QTableView::mousePressEvent(event);
+    ClickCurrent();
+}
+
+void TableBinding::mouseMoveEvent(QMouseEvent* event) {
+    // A drag with the button held would run through the rows without clicking them.
+    if (event->buttons() == Qt::NoButton) QTableView::mouseMoveEvent(event);
+}
+
+void TableBinding::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        CopyCurrent();
+        return;
+    }
+    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        ClickCurrent();
+        return;
+    }
+    const int before = currentIndex().row();
+    QTableView::keyPressEvent(event);
+    if (currentIndex().row() != before) ClickCurrent();
+}
+
+}  // namespace quillon

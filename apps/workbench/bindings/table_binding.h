@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QTableView>
+
+#include "workbench/bindings/control_binding.h"
+#include "workbench/bindings/table_model.h"
+
+namespace quillon {
+
+/// A report table: whole rows are selected, lines stand between the cells. A click on a row, and the keyboard moving to
+/// one, is a click of the operator in the model; the space bar and Return click the current row again. Ctrl+C copies
+/// the row, its cells parted by tabs.
+///
+/// Only the rows in sight are ever asked for.
+class TableBinding : public QTableView, public ControlBinding {
+public:
+    TableBinding(CListCtrl& table, QWidget* parent);
+
+    QWidget& Widget() override { return *this; }
+
+protected:
+    void Refresh(CONTROL_CHANGE change) override;
+    void Forget() override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    /// Typing would search the table, and so make a row of every point.
+    void keyboardSearch(const QString&) override {}
+
+private:
+    void ApplyColumns();
+    void ApplySelection();
+    void ApplyColours();
+    void ClickCurrent();
+    void CopyCurrent();
+
+    CListCtrl* table;
+    TableModel rows;
+    bool syncing = false;
+};
+
+}  // namespace quillon

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QAbstractTableModel>
+
+#include "platform/controls.h"
+
+namespace quillon {
+
+/// The rows of a table control for a view. A cell is asked for when it is drawn and kept nowhere.
+class TableModel : public QAbstractTableModel {
+public:
+    explicit TableModel(CListCtrl& bound) : table(&bound) {}
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    /// Rows or columns have changed; the view starts anew.
+    void Reset();
+    /// The table is about to go.
+    void Forget();
+
+private:
+    CListCtrl* table;
+};
+
+/// Whether a cell reads as a number or an angle, and so stands at the right edge: it has a digit, and nothing but
+/// digits, signs, points, blanks, units of angle and a letter of the compass.
+bool LooksNumeric(std::string_view cell);
+
+}  // namespace quillon
