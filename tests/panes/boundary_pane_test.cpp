@@ -1,6 +1,7 @@
 #include "panes/boundary_pane.h"
 
 #include "frame/colour_schemes.h"
+#include "platform/property_rows.h"
 #include "support/job_fixture.h"
 
 namespace quillon {

@@ -11,13 +11,15 @@
 namespace quillon {
 namespace {
 
-constexpr int kFocusInset = 5;
+constexpr int kFocusInset = CColourButton::kFocusInset;
 constexpr int kCaptionInset = 4;
+/// The brightest that a text is at night.
+constexpr int kNightText = 192;
 
 }  // namespace
 
 ButtonBinding::ButtonBinding(CButton& bound, QWidget* parent)
-    : QAbstractButton(parent), ControlBinding(bound), button(&bound) {
+    : QAbstractButton(parent), ControlBinding(bound), button(&bound), coloured(dynamic_cast<CColourButton*>(&bound)) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -40,16 +42,22 @@ void ButtonBinding::Refresh(CONTROL_CHANGE) {
     update();
 }
 
+void ButtonBinding::Forget() {
+    button = nullptr;
+    coloured = nullptr;
+}
+
 ButtonBinding::Look ButtonBinding::CurrentLook() const {
     const bool night = IsDark(palette().color(QPalette::Window));
-    const bool hot = isEnabled() && underMouse();
-    Look look = night ? Look{ToQColor(hot ? 0x995C00 : 0x663D00), ToQColor(0xC0C0C0)}
-                      : Look{ToQColor(hot ? 0xFF0000 : 0xCC7B00), ToQColor(0xFFFFFF)};
-    if (isDown()) look.face = look.face.darker(125);
     if (!isEnabled()) {
-        look.face = night ? QColor(42, 42, 42) : QColor(150, 150, 150);
-        look.text = night ? QColor(110, 110, 110) : QColor(205, 205, 205);
+        return night ? Look{QColor(42, 42, 42), QColor(110, 110, 110)}
+                     : Look{QColor(150, 150, 150), QColor(205, 205, 205)};
     }
+    Look look{palette().color(QPalette::Button), palette().color(QPalette::ButtonText)};
+    if (coloured) look = {ToQColor(coloured->GetFaceColour()), ToQColor(coloured->GetTextColour())};
+    if (night && Luminance(look.text) > kNightText)
+        look = {look.face.darker(200), QColor(kNightText, kNightText, kNightText)};
+    if (isDown()) look.face = look.face.darker(125);
     return look;
 }
 
@@ -78,7 +86,9 @@ void ButtonBinding::keyPressEvent(QKeyEvent* event) {
 }
 
 bool ButtonBinding::event(QEvent* event) {
-    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) update();
+    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave) {
+        if (coloured) coloured->SetHot(event->type() == QEvent::HoverEnter);
+    }
     return QAbstractButton::event(event);
 }
 

@@ -71,7 +71,8 @@ void PropertyListView::ContentChanged() {
     if (settling) return;
     // A pane fills its list row by row; the view follows once it is done.
     settling = true;
-    QMetaObject::invokeMethod(this, [this] { Settle(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { Settle(); }, Qt::QueuedConnection);
 }
 
 void PropertyListView::Settle() {
@@ -232,7 +233,8 @@ bool PropertyListView::viewportEvent(QEvent* event) {
     const int index = IndexAt(help.pos());
     if (index >= 0 && painter.IsClipped(rows.At(index), PartsOf(index), font())) {
         const CMFCPropertyGridProperty& row = *rows.At(index).row;
-        QToolTip::showText(help.globalPos(), ToQString(row.GetName()) + ": " + PropertyRowPainter::ValueText(row), this);
+        QToolTip::showText(help.globalPos(), ToQString(row.GetName()) + ": " + PropertyRowPainter::ValueText(row),
+                           this);
     } else {
         QToolTip::hideText();
     }

@@ -114,12 +114,14 @@ void PropertyRowPainter::PaintHeading(QPainter& painter, const ShownRow& shown, 
     PaintFold(painter, shown, parts, text);
     painter.setFont(Bold(painter.font(), true));
     painter.setPen(text);
-    DrawElided(painter, QRect(parts.name.left() + kInset, parts.line.top(), parts.line.right() - parts.name.left() - kInset,
-                              parts.line.height() - 1),
+    DrawElided(painter,
+               QRect(parts.name.left() + kInset, parts.line.top(), parts.line.right() - parts.name.left() - kInset,
+                     parts.line.height() - 1),
                ToQString(shown.row->GetName()));
     if (state.current && state.active) {
         painter.setPen(QPen(text, 1, Qt::DotLine));
-        painter.drawRect(QRect(QPoint(parts.name.left() + 1, parts.line.top() + 1), parts.line.bottomRight() - QPoint(2, 2)));
+        painter.drawRect(
+            QRect(QPoint(parts.name.left() + 1, parts.line.top() + 1), parts.line.bottomRight() - QPoint(2, 2)));
     }
 }
 
@@ -189,9 +191,9 @@ void PropertyRowPainter::PaintButtons(QPainter& painter, const CMFCPropertyGridP
         const QColor text = IsOpen(row) ? ToQColor(night ? 0xC0C0C0 : 0xFFFFFF) : ValueColour(row);
         painter.fillRect(place, face);
         painter.setPen(text);
-        painter.drawText(place, Qt::AlignCenter,
-                         painter.fontMetrics().elidedText(ToQString(dual->GetCaption(button)), Qt::ElideRight,
-                                                          place.width() - 4));
+        painter.drawText(
+            place, Qt::AlignCenter,
+            painter.fontMetrics().elidedText(ToQString(dual->GetCaption(button)), Qt::ElideRight, place.width() - 4));
         if (marked && state.active) {
             painter.setPen(QPen(text, 1, Qt::DotLine));
             painter.drawRect(place.adjusted(2, 2, -3, -3));

@@ -46,10 +46,12 @@ constexpr std::array<unsigned, 6> kHatches = {ACROSS, DOWN, FALLING, RISING, ACR
 void DrawHatch(QPainter& painter, const QRect& area, unsigned strokes) {
     const int height = area.height();
     if (strokes & ACROSS) {
-        for (int y = area.top() + 2; y <= area.bottom(); y += kHatchStep) painter.drawLine(area.left(), y, area.right(), y);
+        for (int y = area.top() + 2; y <= area.bottom(); y += kHatchStep)
+            painter.drawLine(area.left(), y, area.right(), y);
     }
     if (strokes & DOWN) {
-        for (int x = area.left() + 2; x <= area.right(); x += kHatchStep) painter.drawLine(x, area.top(), x, area.bottom());
+        for (int x = area.left() + 2; x <= area.right(); x += kHatchStep)
+            painter.drawLine(x, area.top(), x, area.bottom());
     }
     for (int x = area.left() - height; x <= area.right(); x += kHatchStep + 1) {
         if (strokes & FALLING) painter.drawLine(x, area.top(), x + height, area.top() + height);
@@ -77,7 +79,8 @@ void DrawThickness(QPainter& painter, const QRect& place, int thickness, const Q
     const QColor below = GroundFor(colour, ground);
     if (below != ground) painter.fillRect(area, below);
     const int width = std::clamp(thickness, 1, kSwatch - 2);
-    painter.fillRect(QRect(area.left() + 2, area.center().y() - width / 2 + (width > 1 ? 1 : 0), kWide - 4, width), colour);
+    painter.fillRect(QRect(area.left() + 2, area.center().y() - width / 2 + (width > 1 ? 1 : 0), kWide - 4, width),
+                     colour);
 }
 
 void DrawSymbol(QPainter& painter, const QRect& place, int symbol, COLORREF colour, const QColor& ground,
@@ -244,7 +247,8 @@ void DrawCheck(QPainter& painter, const QRect& place, bool checked, const QColor
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(text, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         const QPointF corner = box.topLeft();
-        painter.drawPolyline(QPolygonF({corner + QPointF(3, 6.5), corner + QPointF(5.3, 9), corner + QPointF(10, 3.7)}));
+        painter.drawPolyline(
+            QPolygonF({corner + QPointF(3, 6.5), corner + QPointF(5.3, 9), corner + QPointF(10, 3.7)}));
     }
     painter.restore();
 }
