@@ -25,6 +25,7 @@ constexpr const char* kFolderKey = "LastFolder";
 constexpr int kStretchMs = 12;
 constexpr int kRowPadding = 6;
 constexpr int kComboPadding = 8;
+constexpr QSize kFileDialogSize(860, 520);
 
 std::vector<std::string_view> SplitAtBars(std::string_view filter) {
     std::vector<std::string_view> parts;
@@ -138,6 +139,7 @@ bool QtPlatform::ChooseFiles(const FileQuestion& question, std::vector<std::stri
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setNameFilter(ToQtFilter(question.filter));
     dialog.setFileMode(question.multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    dialog.resize(kFileDialogSize);
     dialog.setSidebarUrls(SidebarPlaces(Files()));
     if (dialog.exec() != QDialog::Accepted) return false;
     for (const QString& file : dialog.selectedFiles()) paths.push_back(Files().LibraryPath(file.toStdString()));

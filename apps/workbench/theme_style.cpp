@@ -35,7 +35,6 @@ bool IsFrame(QStyle::PrimitiveElement element) {
         case QStyle::PE_FrameLineEdit:
         case QStyle::PE_PanelLineEdit:
         case QStyle::PE_FrameGroupBox:
-        case QStyle::PE_FrameTabWidget:
         case QStyle::PE_FrameMenu:
         case QStyle::PE_PanelButtonCommand:
         case QStyle::PE_PanelButtonTool:
@@ -82,6 +81,13 @@ ThemeStyle::ThemeStyle() : QProxyStyle("Fusion") {}
 
 void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
+    if (option && element == PE_FrameTabWidget) {
+        painter->save();
+        painter->setPen(option->palette.color(QPalette::Mid));
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        painter->restore();
+        return;
+    }
     if (!option || !IsFrame(element)) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         return;

@@ -12,7 +12,7 @@ namespace quillon {
 namespace {
 
 constexpr int kInset = 6;
-constexpr int kDescriptionLines = 3;
+constexpr int kDescriptionLines = 4;
 
 }  // namespace
 

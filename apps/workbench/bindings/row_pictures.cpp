@@ -10,7 +10,7 @@ namespace quillon {
 namespace {
 
 constexpr int kSwatch = 16;
-constexpr int kWide = 40;
+constexpr int kWide = 28;
 constexpr int kHatchStep = 5;
 /// Two colours closer than this look like one.
 constexpr int kLeastContrast = 45;
@@ -163,12 +163,10 @@ void DrawPosition(QPainter& painter, const QRect& place, int position, const QCo
 QSize PictureSize(ROW_KIND kind) {
     switch (kind) {
         case ROW_KIND::COLOUR:
-            return {kSwatch, kSwatch};
         case ROW_KIND::SYMBOL:
         case ROW_KIND::SIZE:
         case ROW_KIND::LABEL:
         case ROW_KIND::POSITION:
-            return {kSwatch + 2, kSwatch + 2};
         case ROW_KIND::FILL:
         case ROW_KIND::THICKNESS:
             return {kWide, kSwatch};
@@ -180,11 +178,13 @@ QSize PictureSize(ROW_KIND kind) {
 void DrawRowPicture(QPainter& painter, const QRect& place, const RowPicture& picture, const QColor& ground,
                     const QColor& text, const SymbolPainter& symbols) {
     painter.save();
+    // All take the same room, so that their texts stand in line.
+    const QRect small(place.left(), place.top(), kSwatch + 2, place.height());
     const int number = NumberOf(picture.value);
     const QColor colour = ToQColor(picture.drawnIn);
     switch (picture.kind) {
         case ROW_KIND::COLOUR:
-            DrawSwatch(painter, place, ToQColor(static_cast<COLORREF>(number)), ground);
+            DrawSwatch(painter, small, ToQColor(static_cast<COLORREF>(number)), ground);
             break;
         case ROW_KIND::FILL:
             DrawFill(painter, place, static_cast<FILL_STYLE>(number), colour, ground);
@@ -193,16 +193,16 @@ void DrawRowPicture(QPainter& painter, const QRect& place, const RowPicture& pic
             DrawThickness(painter, place, number, colour, ground);
             break;
         case ROW_KIND::SYMBOL:
-            DrawSymbol(painter, place, number, picture.drawnIn, ground, symbols);
+            DrawSymbol(painter, small, number, picture.drawnIn, ground, symbols);
             break;
         case ROW_KIND::SIZE:
-            DrawSize(painter, place, number, text);
+            DrawSize(painter, small, number, text);
             break;
         case ROW_KIND::LABEL:
-            DrawLabelMode(painter, place, number, text);
+            DrawLabelMode(painter, small, number, text);
             break;
         case ROW_KIND::POSITION:
-            DrawPosition(painter, place, number, text);
+            DrawPosition(painter, small, number, text);
             break;
         default:
             break;
