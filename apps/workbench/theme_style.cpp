@@ -35,7 +35,6 @@ bool IsFrame(QStyle::PrimitiveElement element) {
         case QStyle::PE_FrameLineEdit:
         case QStyle::PE_PanelLineEdit:
         case QStyle::PE_FrameGroupBox:
-        case QStyle::PE_FrameMenu:
         case QStyle::PE_PanelButtonCommand:
         case QStyle::PE_PanelButtonTool:
         case QStyle::PE_IndicatorCheckBox:
@@ -81,7 +80,7 @@ ThemeStyle::ThemeStyle() : QProxyStyle("Fusion") {}
 
 void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
-    if (option && element == PE_FrameTabWidget) {
+    if (option && (element == PE_FrameTabWidget || element == PE_FrameMenu)) {
         painter->save();
         painter->setPen(option->palette.color(QPalette::Mid));
         painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
@@ -101,6 +100,14 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option,
     const auto* dock = qstyleoption_cast<const QStyleOptionDockWidget*>(option);
     if (element == CE_DockWidgetTitle && dock && !dock->verticalTitleBar) {
         DrawDockTitle(*dock, *painter, subElementRect(SE_DockWidgetTitleBarText, option, widget));
+        return;
+    }
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element == CE_MenuItem && item && item->menuItemType == QStyleOptionMenuItem::Separator &&
+        item->text.isEmpty()) {
+        const int middle = item->rect.center().y();
+        painter->fillRect(QRect(item->rect.left() + 5, middle, item->rect.width() - 10, 1),
+                          item->palette.color(QPalette::Mid));
         return;
     }
     if (option && (element == CE_ProgressBarGroove || element == CE_TabBarTabShape)) {
@@ -132,6 +139,7 @@ int ThemeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
                           QStyleHintReturn* answer) const {
     switch (hint) {
         case SH_Widget_Animation_Duration:
+        case SH_EtchDisabledText:
             return 0;
         case SH_ComboBox_Popup:
             // A list below the box, as everywhere else in the program, in place of a menu over it.

@@ -38,7 +38,7 @@ namespace {
 
 void DrawPolygonSymbol(QPainter& painter, const QRect& place, int symbol, COLORREF colour) {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(ToQColor(colour), 1.2));
+    painter.setPen(QPen(QColorOf(colour), 1.2));
     QPolygonF corners;
     for (int i = 0; i < symbol + 2; ++i) {
         const double turn = 6.283185307 * i / (symbol + 2);

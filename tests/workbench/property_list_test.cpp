@@ -247,15 +247,14 @@ TEST_F(PropertyListTest, TheListMayBeMadeAnewInAnswerToEachAct) {
 }
 
 TEST_F(PropertyListTest, AListMadeAnewKeepsFoldsAndTheOpenEdit) {
-    GoTo(DISPLAY_ROW);
+    GoTo(COLOUR_ROW);
     Key(Qt::Key_Up);
     Key(Qt::Key_Left);
-    GoTo(LOCKED_ROW);
-    pane.Row(LOCKED_ROW).SetLock(false);
+    GoTo(DEPTH_ROW);
     Write("77");
     pane.FillList();
     QCoreApplication::processEvents();
-    EXPECT_TRUE(List().ValueRect(pane.Row(DISPLAY_ROW)).isEmpty());
+    EXPECT_TRUE(List().ValueRect(pane.Row(COLOUR_ROW)).isEmpty());
     ASSERT_TRUE(List().Editor());
     EXPECT_EQ(List().Editor()->text(), "77");
     // The row is gone from the list: so is the edit.

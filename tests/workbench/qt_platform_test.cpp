@@ -71,7 +71,7 @@ TEST_F(QtPlatformTest, ChosenFilesComeBackAsDrivePathsAndTheFolderIsRemembered) 
     WhenOpen<QFileDialog>([&](QFileDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Boundary Files ....");
         EXPECT_EQ(dialog.nameFilters(), (QStringList{"CSV Files (*.csv)", "All Files (*)"}));
-        dialog.findChild<QLineEdit*>()->setText("\"a.csv\" \"b.csv\"");
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText("\"a.csv\" \"b.csv\"");
         static_cast<QDialog&>(dialog).accept();
         if (dialog.isVisible()) dialog.reject();
     });

@@ -54,7 +54,7 @@ ButtonBinding::Look ButtonBinding::CurrentLook() const {
                      : Look{QColor(150, 150, 150), QColor(205, 205, 205)};
     }
     Look look{palette().color(QPalette::Button), palette().color(QPalette::ButtonText)};
-    if (coloured) look = {ToQColor(coloured->GetFaceColour()), ToQColor(coloured->GetTextColour())};
+    if (coloured) look = {QColorOf(coloured->GetFaceColour()), QColorOf(coloured->GetTextColour())};
     if (night && Luminance(look.text) > kNightText)
         look = {look.face.darker(200), QColor(kNightText, kNightText, kNightText)};
     if (isDown()) look.face = look.face.darker(125);

@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-inline QColor ToQColor(COLORREF colour) {
+inline QColor QColorOf(COLORREF colour) {
     return QColor(static_cast<int>(GetRValue(colour)), static_cast<int>(GetGValue(colour)),
                   static_cast<int>(GetBValue(colour)));
 }

@@ -87,8 +87,8 @@ void PropertyListBinding::paintEvent(QPaintEvent*) {
     if (!list) return;
     const PropertyColours& colours = list->GetCustomColors();
     if (const int top = HeaderHeight()) {
-        painter.fillRect(0, 0, width(), top, ToQColor(colours.groupBackground));
-        painter.setPen(ToQColor(colours.groupText));
+        painter.fillRect(0, 0, width(), top, QColorOf(colours.groupBackground));
+        painter.setPen(QColorOf(colours.groupText));
         const int split = view->NameWidth();
         painter.drawText(QRect(kInset, 0, split - kInset, top), Qt::AlignVCenter, ToQString(list->GetHeader(0)));
         painter.drawText(QRect(split + kInset, 0, width() - split - kInset, top), Qt::AlignVCenter,
@@ -96,8 +96,8 @@ void PropertyListBinding::paintEvent(QPaintEvent*) {
     }
     const QRect area = DescriptionRect();
     if (area.isEmpty()) return;
-    const QColor ground = ToQColor(colours.descriptionBackground);
-    const QColor text = ToQColor(colours.descriptionText);
+    const QColor ground = QColorOf(colours.descriptionBackground);
+    const QColor text = QColorOf(colours.descriptionText);
     painter.fillRect(area, ground);
     painter.setPen(Mix(ground, text, 0.3));
     painter.drawLine(area.topLeft(), area.topRight());

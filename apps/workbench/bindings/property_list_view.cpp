@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
+#include <cstring>
 
 #include "platform/platform.h"
 #include "platform/text.h"
@@ -109,8 +110,8 @@ void PropertyListView::SelectionChanged() {
 void PropertyListView::ColoursChanged() {
     if (!list) return;
     QPalette colours = palette();
-    colours.setColor(QPalette::Base, ToQColor(list->GetCustomColors().background));
-    colours.setColor(QPalette::Text, ToQColor(list->GetCustomColors().text));
+    colours.setColor(QPalette::Base, QColorOf(list->GetCustomColors().background));
+    colours.setColor(QPalette::Text, QColorOf(list->GetCustomColors().text));
     viewport()->setPalette(colours);
     viewport()->update();
 }
@@ -182,7 +183,7 @@ void PropertyListView::paintEvent(QPaintEvent* event) {
         if (parts.line.top() > event->rect().bottom()) break;
         RowState state;
         state.current = rows.At(i).row == list->GetCurSel();
-        state.active = hasFocus() || editor || popup;
+        state.active = hasFocus() || editor || Popup();
         state.markedButton = markedButton;
         state.buttonDown = buttonDown;
         state.edited = editor && rows.At(i).path == editPath;
@@ -480,7 +481,7 @@ void PropertyListView::OpenPicker() {
         values.push_back(choice.value);
     }
     if (items.empty()) return;
-    const PickerLook look{ToQColor(list->GetCustomColors().background), ToQColor(list->GetCustomColors().text),
+    const PickerLook look{QColorOf(list->GetCustomColors().background), QColorOf(list->GetCustomColors().text),
                           rowHeight};
     popup = new PickerPopup(this, std::move(items), current, look, symbols,
                             [this, path = rows.At(index).path, values = std::move(values)](int chosen) {
@@ -509,8 +510,8 @@ void PropertyListView::StartEdit(const QString* typed) {
     editPath = rows.At(index).path;
     editor = new RowEdit(viewport(), hidden ? QString() : ToQString(Trim(row.FormatProperty())), hidden);
     QPalette colours = editor->palette();
-    const QColor ground = ToQColor(list->GetCustomColors().background);
-    const QColor text = ToQColor(list->GetCustomColors().text);
+    const QColor ground = QColorOf(list->GetCustomColors().background);
+    const QColor text = QColorOf(list->GetCustomColors().text);
     colours.setColor(QPalette::Base, Mix(ground, IsDark(ground) ? QColor(128, 128, 128) : QColor(255, 255, 255),
                                          IsDark(ground) ? 0.2 : 0.7));
     colours.setColor(QPalette::Text, text);
@@ -534,7 +535,7 @@ void PropertyListView::PlaceEditor() {
     if (!editor) return;
     EnsureRows();
     const int index = rows.Find(editPath);
-    if (index < 0) {
+    if (index < 0 || !IsOpen(*rows.At(index).row)) {
         CloseEditor();
         return;
     }
@@ -557,7 +558,7 @@ bool PropertyListView::CommitEdit() {
     if (!editor || committing) return true;
     EnsureRows();
     const int index = rows.Find(editPath);
-    const std::string text = FromQString(editor->text());
+    std::string text = FromQString(editor->text());
     const bool password = editor->echoMode() == QLineEdit::Password;
     const bool unchanged = editor->text() == editor->StartText();
     if (index < 0 || !list || unchanged) {
@@ -568,6 +569,7 @@ bool PropertyListView::CommitEdit() {
     committing = true;
     const QPointer<PropertyListView> self(this);
     const bool taken = user::Type(*list, *rows.At(index).row, text);
+    if (password) ::explicit_bzero(text.data(), text.size());
     if (!self) return true;
     committing = false;
     if (taken || password) CloseEditor();
@@ -602,11 +604,11 @@ void PropertyListView::CloseEditor() {
     editPath.clear();
     closing->onEnd = nullptr;
     closing->onStep = nullptr;
-    const bool hadKeyboard = closing->hasFocus();
+    // Before it hides, or the keyboard would wander to a neighbour on its way here.
+    if (closing->hasFocus()) setFocus();
     closing->hide();
     // The edit may be in the middle of an event of its own.
     closing->deleteLater();
-    if (hadKeyboard) setFocus();
     viewport()->update();
 }
 

@@ -31,7 +31,8 @@ public:
     /// Width from the left edge to the value column.
     int NameWidth() const;
     RowEdit* Editor() const { return editor; }
-    PickerPopup* Popup() const { return popup; }
+    /// The list that is open, or null.
+    PickerPopup* Popup() const { return popup && popup->isVisible() ? popup.data() : nullptr; }
     /// Where a row's value stands, in the viewport. Empty if the row isn't shown.
     QRect ValueRect(const CMFCPropertyGridProperty& row);
 

@@ -63,12 +63,12 @@ QString PropertyRowPainter::ValueText(const CMFCPropertyGridProperty& row) {
 
 QColor PropertyRowPainter::LineColour() const {
     // The list's lines, softened: at full strength they would outshout the values.
-    return Mix(ToQColor(list->GetCustomColors().background), ToQColor(list->GetCustomColors().line), 0.45);
+    return Mix(QColorOf(list->GetCustomColors().background), QColorOf(list->GetCustomColors().line), 0.45);
 }
 
 QColor PropertyRowPainter::ValueColour(const CMFCPropertyGridProperty& row) const {
-    const QColor ground = ToQColor(list->GetCustomColors().background);
-    const QColor text = ToQColor(list->GetCustomColors().text);
+    const QColor ground = QColorOf(list->GetCustomColors().background);
+    const QColor text = QColorOf(list->GetCustomColors().text);
     if (!row.IsEnabled()) return Mix(text, ground, 0.55);
     return row.IsLocked() ? Mix(text, ground, 0.3) : text;
 }
@@ -82,8 +82,8 @@ void PropertyRowPainter::Paint(QPainter& painter, const ShownRow& shown, const R
         return;
     }
     const PropertyColours& colours = list->GetCustomColors();
-    painter.fillRect(parts.line, ToQColor(colours.background));
-    if (list->IsVSDotNetLook()) painter.fillRect(parts.gutter, ToQColor(colours.groupBackground));
+    painter.fillRect(parts.line, QColorOf(colours.background));
+    if (list->IsVSDotNetLook()) painter.fillRect(parts.gutter, QColorOf(colours.groupBackground));
     painter.setPen(LineColour());
     painter.drawLine(parts.gutter.right() + 1, parts.line.bottom(), parts.line.right(), parts.line.bottom());
     if (shown.row->GetKind() == ROW_KIND::DUAL_BUTTON) {
@@ -106,8 +106,8 @@ void PropertyRowPainter::PaintFold(QPainter& painter, const ShownRow& shown, con
 void PropertyRowPainter::PaintHeading(QPainter& painter, const ShownRow& shown, const RowParts& parts,
                                       const RowState& state) const {
     const PropertyColours& colours = list->GetCustomColors();
-    const QColor ground = ToQColor(colours.groupBackground);
-    const QColor text = ToQColor(colours.groupText);
+    const QColor ground = QColorOf(colours.groupBackground);
+    const QColor text = QColorOf(colours.groupText);
     painter.fillRect(parts.line, ground);
     painter.setPen(Mix(ground, text, 0.25));
     painter.drawLine(parts.line.bottomLeft(), parts.line.bottomRight());
@@ -129,12 +129,12 @@ void PropertyRowPainter::PaintName(QPainter& painter, const ShownRow& shown, con
                                    const RowState& state) const {
     QColor text = ValueColour(*shown.row);
     if (state.current) {
-        const SelectionColours selection = SelectionOn(ToQColor(list->GetCustomColors().background), state.active);
+        const SelectionColours selection = SelectionOn(QColorOf(list->GetCustomColors().background), state.active);
         painter.fillRect(parts.name.adjusted(0, 0, 0, -1), selection.ground);
         text = selection.text;
     }
     PaintFold(painter, shown, parts,
-              ToQColor(list->IsVSDotNetLook() ? list->GetCustomColors().groupText : list->GetCustomColors().text));
+              QColorOf(list->IsVSDotNetLook() ? list->GetCustomColors().groupText : list->GetCustomColors().text));
     painter.setPen(text);
     DrawElided(painter, parts.name.adjusted(kInset, 0, -kInset, -1), ToQString(shown.row->GetName()));
 }
@@ -150,7 +150,7 @@ void PropertyRowPainter::PaintArrows(QPainter& painter, const CMFCPropertyGridPr
 
 void PropertyRowPainter::PaintValue(QPainter& painter, const CMFCPropertyGridProperty& row, const RowParts& parts,
                                     const RowState& state) const {
-    const QColor ground = ToQColor(list->GetCustomColors().background);
+    const QColor ground = QColorOf(list->GetCustomColors().background);
     const QColor text = ValueColour(row);
     QRect room = parts.value.adjusted(kInset, 0, -kInset, -1);
     if (row.IsLocked()) {
@@ -181,14 +181,14 @@ void PropertyRowPainter::PaintButtons(QPainter& painter, const CMFCPropertyGridP
                                       const RowState& state) const {
     const auto* dual = dynamic_cast<const CMFCPropertyGridDualButton*>(&row);
     if (!dual) return;
-    const QColor ground = ToQColor(list->GetCustomColors().background);
+    const QColor ground = QColorOf(list->GetCustomColors().background);
     const bool night = IsDark(ground);
     for (int button = 0; button < 2; ++button) {
         const QRect place = parts.Button(button);
         const bool marked = state.current && state.markedButton == button;
-        QColor face = IsOpen(row) ? ToQColor(night ? 0x663D00 : 0xCC7B00) : Mix(ground, QColor(128, 128, 128), 0.4);
+        QColor face = IsOpen(row) ? QColorOf(night ? 0x663D00 : 0xCC7B00) : Mix(ground, QColor(128, 128, 128), 0.4);
         if (marked && state.buttonDown) face = face.darker(130);
-        const QColor text = IsOpen(row) ? ToQColor(night ? 0xC0C0C0 : 0xFFFFFF) : ValueColour(row);
+        const QColor text = IsOpen(row) ? QColorOf(night ? 0xC0C0C0 : 0xFFFFFF) : ValueColour(row);
         painter.fillRect(place, face);
         painter.setPen(text);
         painter.drawText(

@@ -87,7 +87,7 @@ void DrawSymbol(QPainter& painter, const QRect& place, int symbol, COLORREF colo
                 const SymbolPainter& symbols) {
     QRect area(0, 0, kSwatch + 2, kSwatch + 2);
     area.moveCenter(place.center());
-    const QColor below = GroundFor(ToQColor(colour), ground);
+    const QColor below = GroundFor(QColorOf(colour), ground);
     if (below != ground && symbol > 0) painter.fillRect(area, below);
     if (symbol > 0 && symbols) symbols(painter, area.adjusted(1, 1, -1, -1), symbol, colour);
 }
@@ -181,10 +181,10 @@ void DrawRowPicture(QPainter& painter, const QRect& place, const RowPicture& pic
     // All take the same room, so that their texts stand in line.
     const QRect small(place.left(), place.top(), kSwatch + 2, place.height());
     const int number = NumberOf(picture.value);
-    const QColor colour = ToQColor(picture.drawnIn);
+    const QColor colour = QColorOf(picture.drawnIn);
     switch (picture.kind) {
         case ROW_KIND::COLOUR:
-            DrawSwatch(painter, small, ToQColor(static_cast<COLORREF>(number)), ground);
+            DrawSwatch(painter, small, QColorOf(static_cast<COLORREF>(number)), ground);
             break;
         case ROW_KIND::FILL:
             DrawFill(painter, place, static_cast<FILL_STYLE>(number), colour, ground);

@@ -120,16 +120,16 @@ void TableBinding::ApplySelection() {
 }
 
 void TableBinding::ApplyColours() {
-    const QColor ground = ToQColor(table->GetBkColor());
-    const QColor text = ToQColor(table->GetTextColor());
+    const QColor ground = QColorOf(table->GetBkColor());
+    const QColor text = QColorOf(table->GetTextColor());
     QPalette colours = palette();
     colours.setColor(QPalette::Base, ground);
     colours.setColor(QPalette::Text, text);
     setPalette(colours);
     QPalette header = horizontalHeader()->palette();
-    header.setColor(QPalette::Button, ToQColor(table->GetHeaderBkColor()));
-    header.setColor(QPalette::ButtonText, ToQColor(table->GetHeaderTextColor()));
-    header.setColor(QPalette::Base, ToQColor(table->GetHeaderBkColor()));
+    header.setColor(QPalette::Button, QColorOf(table->GetHeaderBkColor()));
+    header.setColor(QPalette::ButtonText, QColorOf(table->GetHeaderTextColor()));
+    header.setColor(QPalette::Base, QColorOf(table->GetHeaderBkColor()));
     horizontalHeader()->setPalette(header);
 }
 
