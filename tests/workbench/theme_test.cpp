@@ -72,6 +72,19 @@ TEST_F(NightTest, APaneIsDarkInEveryState) {
     }
 }
 
+// Colours that a control was given by day must not hold fast what isn't its own, such as its scroll bars.
+TEST_F(NightTest, APaneThatWasMadeByDayTurnsDarkWhole) {
+    theme.SetNight(false);
+    SamplePane pane(platform);
+    PaneBinding view(pane, factory);
+    view.resize(300, 640);
+    view.show();
+    EXPECT_GT(BrightShare(view), 0.2);
+    pane.SetNight(true);
+    theme.SetNight(true);
+    EXPECT_LT(BrightShare(view), kMostBright);
+}
+
 TEST_F(NightTest, TheFrameOfTheProgramIsDark) {
     QMainWindow window;
     QMenu* const menu = window.menuBar()->addMenu("File");

@@ -49,7 +49,8 @@ private:
     SymbolPainter symbols;
 };
 
-QPalette PopupPalette(QPalette palette, const PickerLook& look) {
+QPalette PopupPalette(const PickerLook& look) {
+    QPalette palette;
     palette.setColor(QPalette::Base, look.ground);
     palette.setColor(QPalette::Text, look.text);
     palette.setColor(QPalette::Window, Mix(look.ground, look.text, 0.45));
@@ -66,9 +67,9 @@ PickerPopup::PickerPopup(QWidget* parent, std::vector<PickerItem> offered, int c
       chosen(std::move(onChosen)),
       list(new QListWidget(this)) {
     setAttribute(Qt::WA_DeleteOnClose);
-    setPalette(PopupPalette(palette(), look));
+    setPalette(PopupPalette(look));
     setAutoFillBackground(true);
-    list->setPalette(PopupPalette(list->palette(), look));
+    list->setPalette(PopupPalette(look));
     list->setFrameShape(QFrame::NoFrame);
     list->setUniformItemSizes(true);
     list->setMouseTracking(true);

@@ -109,7 +109,7 @@ void PropertyListView::SelectionChanged() {
 
 void PropertyListView::ColoursChanged() {
     if (!list) return;
-    QPalette colours = palette();
+    QPalette colours;
     colours.setColor(QPalette::Base, QColorOf(list->GetCustomColors().background));
     colours.setColor(QPalette::Text, QColorOf(list->GetCustomColors().text));
     viewport()->setPalette(colours);
@@ -509,7 +509,7 @@ void PropertyListView::StartEdit(const QString* typed) {
     const bool hidden = row.GetKind() == ROW_KIND::PASSWORD;
     editPath = rows.At(index).path;
     editor = new RowEdit(viewport(), hidden ? QString() : ToQString(Trim(row.FormatProperty())), hidden);
-    QPalette colours = editor->palette();
+    QPalette colours;
     const QColor ground = QColorOf(list->GetCustomColors().background);
     const QColor text = QColorOf(list->GetCustomColors().text);
     colours.setColor(QPalette::Base, Mix(ground, IsDark(ground) ? QColor(128, 128, 128) : QColor(255, 255, 255),

@@ -122,11 +122,12 @@ void TableBinding::ApplySelection() {
 void TableBinding::ApplyColours() {
     const QColor ground = QColorOf(table->GetBkColor());
     const QColor text = QColorOf(table->GetTextColor());
-    QPalette colours = palette();
+    // Only what is the table's own: all else must follow the program's colours when they turn.
+    QPalette colours;
     colours.setColor(QPalette::Base, ground);
     colours.setColor(QPalette::Text, text);
     setPalette(colours);
-    QPalette header = horizontalHeader()->palette();
+    QPalette header;
     header.setColor(QPalette::Button, QColorOf(table->GetHeaderBkColor()));
     header.setColor(QPalette::ButtonText, QColorOf(table->GetHeaderTextColor()));
     header.setColor(QPalette::Base, QColorOf(table->GetHeaderBkColor()));
