@@ -9,23 +9,22 @@
 #include <string>
 
 #include "geodesy/gsb_bytes.h"
-#include "geodesy/scratch.h"
+#include "support/scratch_drives.h"
 
 namespace quillon {
 namespace {
 
-constexpr const char* kForward = "OSTN15_NTv2_ETRStoOSGB.gsb";
-constexpr const char* kReverse = "OSTN15_NTv2_OSGBtoETRS.gsb";
+constexpr const char* kForward = "C:\\Programs\\OSTN15_NTv2_ETRStoOSGB.gsb";
+constexpr const char* kSettings = "C:\\MySettings\\Host\\NTv2.INI";
+constexpr const char* kReverse = "C:\\Programs\\OSTN15_NTv2_OSGBtoETRS.gsb";
 
-class GridToGridTest : public ScratchTest {
+class GridToGridTest : public testing::Test {
 protected:
-    std::string Settings() const { return Read(Drives() / "c/MySettings/Survey/NTv2.INI"); }
-
-    FileSystem files{Drives(), Program()};
+    ScratchDrives drives;
 };
 
 TEST_F(GridToGridTest, IsBuiltReadyForTheIdentity) {
-    CGridToGrid conversion(files);
+    CGridToGrid conversion(drives);
     EXPECT_EQ(conversion.ellipsoid.name, "WGS84");
     EXPECT_EQ(conversion.grid.name, "Grid Zone 31 (3\xB0 E)");
     EXPECT_EQ(conversion.grid.ellipsoid, &conversion.ellipsoid);
@@ -67,7 +66,7 @@ TEST_F(GridToGridTest, AnUnknownKindKeepsTheNamesAndStillMatchesTheGrids) {
     grid.ellipsoid = &ellipsoid;
     grid.SetGrid(34, GAUSS_KRUGER, 0);
     ellipsoid.SetEllipsoid(CEllipsoid::kWgs84);
-    CGridToGrid conversion(files);
+    CGridToGrid conversion(drives);
     conversion.linkedGrid = &grid;
     conversion.transformationName = "Of a file";
     conversion.sourceDatum = "Source";
@@ -80,7 +79,7 @@ TEST_F(GridToGridTest, AnUnknownKindKeepsTheNamesAndStillMatchesTheGrids) {
 }
 
 TEST_F(GridToGridTest, AFlatteningOutOfRangeBecomesTheInternationalOneOnTheLinkedSide) {
-    CGridToGrid conversion(files);
+    CGridToGrid conversion(drives);
     CEllipsoid ellipsoid;
     conversion.linkedEllipsoid = &ellipsoid;
     conversion.ellipsoid.rf = 320;
@@ -89,10 +88,10 @@ TEST_F(GridToGridTest, AFlatteningOutOfRangeBecomesTheInternationalOneOnTheLinke
 }
 
 TEST_F(GridToGridTest, LoadsTheOstnPairBesideTheProgram) {
-    Write(Beside(kForward), GsbBytes{.count = 6}.Make());
-    Write(Beside(kReverse), GsbBytes{.majorT = 6378388, .minorT = 6356911.9461279465, .wLong = -6900}.Make());
-    FileSystem quoted(Drives(), "\"" + Program() + "\"");
-    for (FileSystem* system : {&files, &quoted}) {
+    drives.Write(kForward, GsbBytes{.count = 6}.Make());
+    drives.Write(kReverse, GsbBytes{.majorT = 6378388, .minorT = 6356911.9461279465, .wLong = -6900}.Make());
+    FileSystem quoted(drives.Root(), "\"C:\\Programs\\Host.exe\"");
+    for (FileSystem* system : {&drives.Files(), &quoted}) {
         COstnShift ostn;
         ostn.Load(*system);
         ASSERT_TRUE(ostn.forwardNodes && ostn.reverseNodes);
@@ -119,10 +118,10 @@ TEST_F(GridToGridTest, HalfAPairIsNone) {
     for (const Case& pair : {Case{"nothing", "", ""}, Case{"the first only", whole, ""},
                              Case{"the second only", "", whole}, Case{"a short second", whole, whole.substr(0, 400)},
                              Case{"a second of a false count", whole, GsbBytes{.count = 1 << 30, .nodes = 4}.Make()}}) {
-        Write(Beside(kForward), pair.forward);
-        Write(Beside(kReverse), pair.reverse);
+        drives.Write(kForward, pair.forward);
+        drives.Write(kReverse, pair.reverse);
         COstnShift ostn;
-        ostn.Load(files);
+        ostn.Load(drives);
         EXPECT_TRUE(ostn.forwardHeader.IsEmpty() && ostn.reverseHeader.IsEmpty()) << pair.what;
         EXPECT_FALSE(ostn.forwardNodes || ostn.reverseNodes) << pair.what;
         EXPECT_EQ(ostn.columns, 0) << pair.what;
@@ -137,36 +136,36 @@ TEST_F(GridToGridTest, ColumnsOfSenselessWindowsStayInRange) {
     std::chrono::seconds age{0};
     for (const Case& window : {Case{0, 300, 3, 101}, Case{0, 299, 3, 100}, Case{0, 65536, 1, 1}, Case{0, -1, 1, 65536},
                                Case{0, 300, 0, 1}, Case{0, 1e300, 1, 1}, Case{0, 0, 0, 1}}) {
-        Write(Beside(kForward), GsbBytes{}.Make());
-        Write(Beside(kReverse),
-              GsbBytes{.eLong = window.eLong, .wLong = window.wLong, .longInc = window.longInc}.Make());
+        drives.Write(kForward, GsbBytes{}.Make());
+        drives.Write(kReverse,
+                     GsbBytes{.eLong = window.eLong, .wLong = window.wLong, .longInc = window.longInc}.Make());
         // The size is the same each time, and the clock of some file systems is coarse.
-        std::filesystem::last_write_time(Beside(kReverse), std::filesystem::file_time_type{} + ++age);
+        std::filesystem::last_write_time(drives.Files().Native(kReverse), std::filesystem::file_time_type{} + ++age);
         COstnShift ostn;
-        ostn.Load(files);
+        ostn.Load(drives);
         EXPECT_EQ(ostn.columns, window.columns) << window.wLong << " by " << window.longInc;
     }
 }
 
 TEST_F(GridToGridTest, LeavesTheReferencePointInTheSettings) {
-    { CNTv2 ntv2(files); }
-    EXPECT_EQ(Settings(),
+    { CNTv2 ntv2(drives); }
+    EXPECT_EQ(drives.Read(kSettings),
               "NAD27 Latitude = 0.0000000000000000\r\nNAD27 Longitude = 0.0000000000000000\r\n"
               "NAD83 Latitude = 0.0000000000000000\r\nNAD83 Longitude = 0.0000000000000000\r\n");
     {
-        CGridToGrid conversion(files);
+        CGridToGrid conversion(drives);
         conversion.ntv2.reference = {29.5, -90.125, 29.25, -90.0625};
         auto set = std::make_unique<DataSetDef>();
         set->nodes.SetSize(3);
         conversion.ntv2.Add(std::move(set));
     }
-    EXPECT_EQ(Settings(),
+    EXPECT_EQ(drives.Read(kSettings),
               "NAD27 Latitude = 29.5000000000000000\r\nNAD27 Longitude = -90.1250000000000000\r\n"
               "NAD83 Latitude = 29.2500000000000000\r\nNAD83 Longitude = -90.0625000000000000\r\n");
-    Write(Drives() / "c/MySettings/Survey/NTv2.INI", Settings() + "more\r\n");
-    { CNTv2 ntv2(files); }
-    EXPECT_EQ(Settings().substr(0, 40), "NAD27 Latitude = 0.0000000000000000\r\nNAD");
-    EXPECT_EQ(Settings().find("more"), std::string::npos);
+    drives.Write(kSettings, drives.Read(kSettings) + "more\r\n");
+    { CNTv2 ntv2(drives); }
+    EXPECT_EQ(drives.Read(kSettings).substr(0, 40), "NAD27 Latitude = 0.0000000000000000\r\nNAD");
+    EXPECT_EQ(drives.Read(kSettings).find("more"), std::string::npos);
 }
 
 }  // namespace

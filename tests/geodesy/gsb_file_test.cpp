@@ -3,25 +3,23 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "geodesy/gsb_bytes.h"
-#include "geodesy/scratch.h"
+#include "support/scratch_drives.h"
 
 namespace quillon {
 namespace {
 
-class GsbFileTest : public ScratchTest {
+class GsbFileTest : public testing::Test {
 protected:
     std::shared_ptr<const GsbFile> Decode(std::string_view bytes) {
-        CStdioFile file(files);
+        CStdioFile file(drives);
         file.OpenBytes(bytes, FILE_MODE::BINARY);
         return ReadGsb(file);
     }
 
-    FileSystem files{Drives()};
+    ScratchDrives drives;
 };
 
 TEST_F(GsbFileTest, ReadsHeaderAndNodes) {
@@ -50,21 +48,21 @@ TEST_F(GsbFileTest, LoadsNothingThatTheFileCannotHold) {
 }
 
 TEST_F(GsbFileTest, OwnersShareOneReading) {
-    const std::string path = Beside("a.gsb").string();
-    Write(path, GsbBytes{}.Make());
-    const auto first = LoadGsb(files, path);
+    const std::string path = "C:\\a.gsb";
+    drives.Write(path, GsbBytes{}.Make());
+    const auto first = LoadGsb(drives, path);
     ASSERT_TRUE(first);
-    EXPECT_EQ(LoadGsb(files, path), first);
+    EXPECT_EQ(LoadGsb(drives, path), first);
 
-    Write(path, GsbBytes{.count = 9}.Make());
-    const auto second = LoadGsb(files, path);
+    drives.Write(path, GsbBytes{.count = 9}.Make());
+    const auto second = LoadGsb(drives, path);
     ASSERT_TRUE(second);
     EXPECT_EQ(second->nodes.size(), 9u) << "a changed file is read again";
     EXPECT_EQ(first->nodes.size(), 4u) << "and leaves those who hold the old one alone";
 
-    std::filesystem::remove(path);
-    EXPECT_FALSE(LoadGsb(files, path));
-    EXPECT_FALSE(LoadGsb(files, Beside("").string())) << "a folder";
+    std::filesystem::remove(drives.Files().Native(path));
+    EXPECT_FALSE(LoadGsb(drives, path));
+    EXPECT_FALSE(LoadGsb(drives, "C:\\")) << "a folder";
 }
 
 struct Sample {
@@ -79,7 +77,7 @@ TEST_F(GsbFileTest, ReadsPublicSamples) {
     for (const Sample& sample : {Sample{"test_hgrid_little_endian.gsb", 16}, Sample{"test_hgrid_big_endian.gsb", 0},
                                  Sample{"ntv2_0_downsampled.gsb", 1248}, Sample{"test_ntv2_le.gsb", 4},
                                  Sample{"truncated_header.gsb", 0}, Sample{"truncated_nodes.gsb", 0}}) {
-        const auto file = LoadGsb(files, (folder / sample.name).string());
+        const auto file = LoadGsb(drives, (folder / sample.name).string());
         EXPECT_EQ(file ? file->nodes.size() : 0, sample.nodes) << sample.name;
         if (!file) continue;
         for (std::size_t i = 0; i < kGsbRecords.size(); ++i) {

@@ -1,0 +1,78 @@
+#include "json_text.h"
+
+#include <cmath>
+
+#include "platform/text.h"
+
+namespace quillon {
+
+namespace {
+
+void AppendQuoted(std::string& text, std::string_view value) {
+    text += '"';
+    for (const char c : Utf8FromText(value)) {
+        if (c == '"' || c == '\\') {
+            text += '\\';
+            text += c;
+        } else if (static_cast<unsigned char>(c) < 0x20) {
+            text += Format("\\u%04x", static_cast<unsigned>(c));
+        } else {
+            text += c;
+        }
+    }
+    text += '"';
+}
+
+void AppendReal(std::string& text, double value) {
+    text += std::isfinite(value) ? ShortestText(value) : "null";
+}
+
+}  // namespace
+
+std::string ShortestText(double value) {
+    std::string text;
+    for (int digits = 15; digits <= 17; ++digits) {
+        text = Format("%.*g", digits, value);
+        if (Atof(text) == value) break;
+    }
+    return text;
+}
+
+void JsonObject::Key(std::string_view key) {
+    text += text.empty() ? "{" : ", ";
+    AppendQuoted(text, key);
+    text += ": ";
+}
+
+void JsonObject::Text(std::string_view key, std::string_view value) {
+    Key(key);
+    AppendQuoted(text, value);
+}
+void JsonObject::Int(std::string_view key, long long value) {
+    Key(key);
+    text += Format("%lld", value);
+}
+void JsonObject::Real(std::string_view key, double value) {
+    Key(key);
+    AppendReal(text, value);
+}
+void JsonObject::Reals(std::string_view key, std::span<const double> values) {
+    Key(key);
+    text += '[';
+    for (const double value : values) {
+        if (text.back() != '[') text += ", ";
+        AppendReal(text, value);
+    }
+    text += ']';
+}
+void JsonObject::Bool(std::string_view key, bool value) {
+    Key(key);
+    text += value ? "true" : "false";
+}
+
+void JsonArray::Add(const JsonObject& object) {
+    text += text.empty() ? "[\n" : ",\n";
+    text += object.End();
+}
+
+}  // namespace quillon
