@@ -3,6 +3,7 @@
 
 #include "angle_command.h"
 #include "cli_context.h"
+#include "geodesy_commands.h"
 
 int main(int argc, char** argv) {
     using namespace quillon;
@@ -16,6 +17,7 @@ int main(int argc, char** argv) {
     app.fallthrough();
     app.footer("Examples:\n  quillon show boundary area.csv\n  quillon show --help");
     AddAngleCommand(app, context);
+    AddGeodesyCommands(app, context);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
