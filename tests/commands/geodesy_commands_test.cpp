@@ -132,7 +132,9 @@ TEST(NumberLines, KeepsEveryLineOfALongInput) {
     double last = 0;
     const auto bad = lines.Run([&](std::span<const std::span<double>> columns) {
         for (const double value : columns[0]) {
-            if (next < kLines) EXPECT_EQ(value, next);
+            if (next < kLines) {
+                EXPECT_EQ(value, next);
+            }
             last = value;
             ++next;
         }
