@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QToolTip>
 #include <QWidget>
+#include <QWindow>
 #include <vector>
 
 #include "workbench/theme_style.h"
@@ -92,6 +93,11 @@ void Theme::SetNight(bool on) {
     const QPalette palette = PaletteOf(on);
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
+    // The toolkit posts the change to each window. It is delivered here, before anything is painted: half a window in
+    // the old colours would flash.
+    for (QWindow* const window : QGuiApplication::allWindows()) {
+        QCoreApplication::sendPostedEvents(window, QEvent::ApplicationPaletteChange);
+    }
     application.setProperty("night", on);
 }
 

@@ -67,6 +67,44 @@ QIcon TitleIcon(bool close, const QColor& colour) {
     return icon;
 }
 
+enum class SIGN { INFORMATION, QUESTION, WARNING, CRITICAL };
+
+/// The picture of a message box: as clear as the toolkit's, without its white.
+void DrawSign(QPainter& painter, SIGN sign) {
+    const QColor ink = sign == SIGN::WARNING ? QColor(20, 20, 20) : QColor(0xC0, 0xC0, 0xC0);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(sign == SIGN::WARNING    ? QColor(190, 140, 0)
+                     : sign == SIGN::CRITICAL ? QColor(150, 30, 20)
+                                              : QColor(0, 85, 140));
+    if (sign == SIGN::WARNING) {
+        painter.drawPolygon(QPolygonF({{16, 3}, {30, 28}, {2, 28}}));
+    } else {
+        painter.drawEllipse(QRectF(3, 3, 26, 26));
+    }
+    QFont font("DejaVu Sans");
+    font.setPixelSize(sign == SIGN::WARNING ? 18 : 20);
+    font.setBold(true);
+    painter.setFont(font);
+    painter.setPen(ink);
+    const char* const letter = sign == SIGN::INFORMATION ? "i" : sign == SIGN::QUESTION ? "?" : "!";
+    painter.drawText(sign == SIGN::WARNING ? QRectF(0, 9, 32, 20) : QRectF(3, 3, 26, 26), Qt::AlignCenter, letter);
+}
+
+QIcon SignIcon(SIGN sign) {
+    constexpr int kSize = 32;
+    QIcon icon;
+    for (const int scale : {1, 2}) {
+        QPixmap picture(kSize * scale, kSize * scale);
+        picture.setDevicePixelRatio(scale);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        DrawSign(painter, sign);
+        icon.addPixmap(picture);
+    }
+    return icon;
+}
+
 void DrawDockTitle(const QStyleOptionDockWidget& dock, QPainter& painter, const QRect& text) {
     painter.fillRect(dock.rect, kHeading);
     painter.setPen(IsDark(dock.palette.color(QPalette::Window)) ? kHeadingTextNight : kHeadingText);
@@ -129,10 +167,21 @@ void ThemeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
 }
 
 QIcon ThemeStyle::standardIcon(StandardPixmap pixmap, const QStyleOption* option, const QWidget* widget) const {
-    if (pixmap != SP_TitleBarCloseButton && pixmap != SP_TitleBarNormalButton) {
-        return QProxyStyle::standardIcon(pixmap, option, widget);
+    switch (pixmap) {
+        case SP_TitleBarCloseButton:
+        case SP_TitleBarNormalButton:
+            return TitleIcon(pixmap == SP_TitleBarCloseButton, kHeadingTextNight);
+        case SP_MessageBoxInformation:
+            return SignIcon(SIGN::INFORMATION);
+        case SP_MessageBoxQuestion:
+            return SignIcon(SIGN::QUESTION);
+        case SP_MessageBoxWarning:
+            return SignIcon(SIGN::WARNING);
+        case SP_MessageBoxCritical:
+            return SignIcon(SIGN::CRITICAL);
+        default:
+            return QProxyStyle::standardIcon(pixmap, option, widget);
     }
-    return TitleIcon(pixmap == SP_TitleBarCloseButton, kHeadingTextNight);
 }
 
 int ThemeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -133,9 +133,9 @@ TEST_F(BindingTest, AMillionRowsAreNeverAllAskedFor) {
     pane->cellsAsked = 0;
     pane->FillTable(1'000'000);
     table.grab();
-    QTest::keyClick(&table, Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClick(&table, Qt::Key_End);
     table.grab();
-    QTest::keyClicks(&table, "WP 99999");
+    QTest::keyClicks(&table, "WP77");
     EXPECT_EQ(table.currentIndex().row(), 999'999);
     EXPECT_LT(pane->cellsAsked, 2000);
 }

@@ -144,15 +144,14 @@ TEST_P(PlatformContract, TimersComeAgainUntilTheyAreKilled) {
 TEST_P(PlatformContract, AModalLoopDeliversMessagesAndEndsWithinAMessage) {
     LoggingWindow window(Get());
     bool ended = false;
+    bool innerEnded = false;
     window.onMessage = [&](UINT message) {
-        if (message == 1) {
-            window.PostMessage(2);
-            // A loop within the handling of a message must get messages too.
-            bool innerEnded = false;
-            window.onMessage = [&](UINT inner) { innerEnded = inner == 2; };
-            Get().RunModal([&] { return innerEnded; });
-            ended = true;
-        }
+        if (message == 2) innerEnded = true;
+        if (message != 1) return;
+        // A loop within the handling of a message must get messages too.
+        window.PostMessage(2);
+        Get().RunModal([&] { return innerEnded; });
+        ended = true;
     };
     window.PostMessage(1);
     Get().RunModal([&] { return ended; });

@@ -104,7 +104,7 @@ TEST_F(PropertyListTest, TypingEntersANumber) {
         bool told;
     };
     const Case cases[] = {
-        {DEPTH_ROW, "88.25", Qt::Key_Return, "88.3m", true},
+        {DEPTH_ROW, "88.26", Qt::Key_Return, "88.3m", true},
         {DEPTH_ROW, "7.5m", Qt::Key_Tab, "7.5m", true},
         {DEPTH_ROW, "55", Qt::Key_Escape, "7.5m", false},
         {COUNT_ROW, "15", Qt::Key_Return, "15", true},

@@ -202,7 +202,12 @@ void TableBinding::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const int before = currentIndex().row();
-    QTableView::keyPressEvent(event);
+    if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End) {
+        // Whole rows are selected: the ends are those of the table, not of the row.
+        setCurrentIndex(rows.index(event->key() == Qt::Key_Home ? 0 : rows.rowCount() - 1, 0));
+    } else {
+        QTableView::keyPressEvent(event);
+    }
     if (currentIndex().row() != before) ClickCurrent();
 }
 
