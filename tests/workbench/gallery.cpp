@@ -23,29 +23,18 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 #include <clocale>
-#include <cmath>
 #include <filesystem>
 
 #include "sample_pane.h"
 #include "workbench/bindings/colours.h"
 #include "workbench/bindings/pane_binding.h"
 #include "workbench/bindings/property_list_binding.h"
+#include "workbench/chart_symbols.h"
 #include "workbench/qt_platform.h"
 #include "workbench/theme.h"
 
 namespace quillon::test {
 namespace {
-
-void DrawPolygonSymbol(QPainter& painter, const QRect& place, int symbol, COLORREF colour) {
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColorOf(colour), 1.2));
-    QPolygonF corners;
-    for (int i = 0; i < symbol + 2; ++i) {
-        const double turn = 6.283185307 * i / (symbol + 2);
-        corners << QRectF(place).center() + QPointF(std::sin(turn), -std::cos(turn)) * 6.5;
-    }
-    painter.drawPolygon(corners);
-}
 
 class Gallery {
 public:
@@ -54,7 +43,7 @@ public:
           target(folder),
           drives(std::filesystem::temp_directory_path() / "quillon-gallery"),
           platform(drives, drives / "profile.ini"),
-          factory(DrawPolygonSymbol) {}
+          factory(DrawChartSymbol) {}
     ~Gallery() { std::filesystem::remove_all(drives); }
 
     void Shoot(bool night) {

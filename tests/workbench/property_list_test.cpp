@@ -216,6 +216,7 @@ TEST_F(PropertyListTest, APasswordIsHiddenWhileTypedAndNeverKept) {
     EXPECT_EQ(List().Editor()->echoMode(), QLineEdit::Password);
     Key(Qt::Key_Return);
     EXPECT_THAT(pane.changedRows, ElementsAre(PASSWORD_ROW));
+    EXPECT_EQ(pane.Row(PASSWORD_ROW).Get<std::string>(), "");
     Key(Qt::Key_F2);
     EXPECT_EQ(List().Editor()->text(), "");
     Key(Qt::Key_Escape);

@@ -12,15 +12,6 @@
 
 namespace quillon::test {
 
-/// A row for a password, as a list holds one.
-class PasswordRow : public CMFCPropertyGridProperty {
-public:
-    PasswordRow(std::string_view name, UINT id)
-        : CMFCPropertyGridProperty(name, std::string(), "Opens the locked rows", id) {}
-    ROW_KIND GetKind() const override { return ROW_KIND::PASSWORD; }
-    std::string FormatProperty() const override { return {}; }
-};
-
 enum SAMPLE_ID : UINT {
     ADD_BUTTON = 1,
     REMOVE_BUTTON,
@@ -175,7 +166,7 @@ private:
         group.Add<CMFCPropertyGridLabelPositionProperty>(4, POSITION_ROW);
     }
     void AddRest(CMFCPropertyGridProperty& group) {
-        group.Add<PasswordRow>("Password", PASSWORD_ROW);
+        group.Add<CMFCPropertyGridPasswordProperty>(GetPlatform(), PASSWORD_ROW);
         group.Add<CMFCPropertyGridDualButton>("Reverse", "Recompute", "Turns the order of the points round",
                                               BUTTONS_ROW);
         auto& locked = group.Add<CMFCPropertyGridDouble>("Length", 1234.5, "%.2lfm", "From the points", LOCKED_ROW);
