@@ -1,5 +1,5 @@
-// Painting a boundary of 1 000 000 points on a raster of 1600 by 1000: from afar, from the middle and from near, for the
-// first time and again; and what a painter takes for the same line without levels of detail.
+// Painting a boundary of 1 000 000 points on a raster of 1600 by 1000: from afar, from the middle and from near, for
+// the first time and again; and what a painter takes for the same line without levels of detail.
 
 #include <benchmark/benchmark.h>
 
@@ -35,8 +35,7 @@ const std::vector<tagXY>& Boundary(int shape) {
             for (double waves = 3.0, height = 1500.0; height > 0.1; waves = waves * 2.3 + 1.0, height *= 0.45) {
                 radius += height * std::sin(waves * t + waves);
             }
-            points[i] = {500000.0 + 1.6 * radius * std::sin(t) + jitter(),
-                         6000000.0 + radius * std::cos(t) + jitter()};
+            points[i] = {500000.0 + 1.6 * radius * std::sin(t) + jitter(), 6000000.0 + radius * std::cos(t) + jitter()};
         }
         return points;
     };
@@ -136,7 +135,10 @@ BENCHMARK(PaintAgain)
     ->ArgsProduct({{COAST, NOISE}, {0, 6}, {3}, {LINE, LINE | FILL | MARKS | LABELS}})
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(PaintFirst)->ArgNames({"noise"})->Arg(COAST)->Arg(NOISE)->Unit(benchmark::kMillisecond);
-BENCHMARK(Hit)->ArgNames({"noise", "halvings"})->ArgsProduct({{COAST, NOISE}, {0, 6, 12}})->Unit(benchmark::kMillisecond);
+BENCHMARK(Hit)
+    ->ArgNames({"noise", "halvings"})
+    ->ArgsProduct({{COAST, NOISE}, {0, 6, 12}})
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(PaintEveryPoint)
     ->ArgNames({"noise", "halvings", "thick"})
     ->ArgsProduct({{COAST}, {0, 6, 12}, {1}})

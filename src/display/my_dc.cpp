@@ -295,7 +295,7 @@ void CMyDC::DrawLabel(std::string_view text, int gap, LABEL_POSITION position, i
     if (!blackOnly) FillRect(box, labelBrush);
     box = {box.left - 1, box.top - 1, box.right + 1, box.bottom + 1};
     const COLORREF ink = blackOnly ? kBlack : labelInk;
-    FrameRect(box, CBrush{kFillSolid, ink});
+    FrameRect(box, blackOnly ? CBrush{kFillSolid, kBlack} : blackBrush);
     const int oldMode = SetBkMode(TRANSPARENT);
     const COLORREF oldColour = SetTextColor(ink);
     DrawText(label, box, DT_CENTER | DT_VCENTER);

@@ -11,6 +11,7 @@ struct ChartColours {
     COLORREF gridText;
     COLORREF scaleBar;
     COLORREF labelGround;
+    COLORREF labelFrame;
     COLORREF labelInk;
     COLORREF shown;        ///< the ring round the point shown
     COLORREF shownCasing;  ///< the line either side of it that sets it off from anything below

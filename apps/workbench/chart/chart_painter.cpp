@@ -20,14 +20,18 @@ constexpr double kTolerance = 0.4;
 constexpr double kAreaTolerance = 0.8;
 constexpr std::size_t kMostAreaVertices = 6000;
 constexpr std::size_t kMostSmoothAreaVertices = 1500;
-/// Solid areas let show through what they cover.
+/// Areas let show through what they cover, and never outshine the lines round them.
 constexpr int kSolidAlpha = 84;
+constexpr int kHatchAlphaByDay = 96;
+constexpr int kHatchAlphaByNight = 128;
 constexpr int kHatchPixels = 8;
 /// Cells for labels of points without a symbol.
 constexpr double kLeastCell = 14.0;
 constexpr double kRoomRoundLabels = 3.0;
 constexpr double kLeastLegPixels = 56.0;
 constexpr int kLegTextGap = 3;
+/// Of the ground behind texts without a frame.
+constexpr int kPatchAlpha = 208;
 constexpr double kLeastCirclePixels = 1.0;
 
 const CFont kTextFont{"Tahoma", -11, FW_NORMAL, 0};
@@ -93,6 +97,7 @@ public:
           dc(&device) {
         dc.background = colours.ground;
         dc.labelBrush = {kFillSolid, colours.labelGround};
+        dc.blackBrush = {kFillSolid, colours.labelFrame};
         dc.labelInk = colours.labelInk;
     }
 
@@ -190,14 +195,10 @@ QPointF ChartPaint::HatchOrigin() const {
 }
 
 void ChartPaint::Area(const ChartFill& fill, bool hasLine, const PixelLines& areas) {
-    const COLORREF colour = FeatureColour(fill.colour, night);
     const bool isHatch = fill.style <= 5;
-    QBrush brush = ToQBrush({fill.style, colour}, isHatch && reach.isRaster ? reach.scale : 1.0);
-    if (!isHatch) {
-        QColor translucent = ToQColor(colour);
-        translucent.setAlpha(kSolidAlpha);
-        brush = translucent;
-    }
+    QColor colour = ToQColor(FeatureColour(fill.colour, night));
+    colour.setAlpha(!isHatch ? kSolidAlpha : night ? kHatchAlphaByNight : kHatchAlphaByDay);
+    const QBrush brush = FillBrush(fill.style, colour, reach.isRaster ? reach.scale : 1.0);
     PaintAreas(painter, brush, !hasLine && areas.points.size() <= kMostSmoothAreaVertices, areas);
 }
 
@@ -400,8 +401,11 @@ void ChartPaint::Turned(PixelPoint at, double angle, double room, LABEL_POSITION
     painter.translate(turned.middle.x, turned.middle.y);
     painter.rotate(turned.angle * 180.0 / std::numbers::pi);
     painter.setFont(measures.Font());
+    QColor patch = ToQColor(colours.ground);
+    patch.setAlpha(kPatchAlpha);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(QRectF(-0.5 * turned.width - 2.0, -0.5 * turned.height, turned.width + 4.0, turned.height), patch);
     painter.setPen(ToQColor(FeatureColour(colour, night)));
-    painter.setRenderHint(QPainter::TextAntialiasing);
     painter.drawText(QPointF(-0.5 * turned.width, measures.Ascent() - 0.5 * turned.height),
                      QString::fromStdString(Utf8FromText(text)));
     painter.setTransform(before);
@@ -430,7 +434,7 @@ void ChartPaint::Shown() {
 /// Small figures of the chart itself, on a patch of its ground.
 void ChartPaint::PlainText(const QRect& box, const std::string& text) {
     QColor patch = ToQColor(colours.ground);
-    patch.setAlpha(208);
+    patch.setAlpha(kPatchAlpha);
     painter.fillRect(box, patch);
     painter.drawText(box, Qt::AlignCenter, QString::fromStdString(text));
 }
@@ -459,7 +463,7 @@ void ChartPaint::ScaleBar() {
     const int length = static_cast<int>(std::lround(bar.pixels));
     const FontMeasures& measures = FontMeasures::Of(kTextFont);
     QColor patch = ToQColor(colours.ground);
-    patch.setAlpha(208);
+    patch.setAlpha(kPatchAlpha);
     painter.fillRect(QRect(kLeft - 8, y - measures.Height() - 9, std::max(length, measures.Width(bar.label)) + 16,
                            measures.Height() + kThick + 17),
                      patch);

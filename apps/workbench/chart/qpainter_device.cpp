@@ -17,7 +17,7 @@ QString Unicode(std::string_view text) {
     return QString::fromStdString(Utf8FromText(text));
 }
 
-/// One square of a hatch. Lines that leave it on one side come in on the other.
+/// One square of a hatch in a premultiplied colour. Lines that leave it on one side come in on the other.
 QImage HatchTile(FILL_STYLE hatch, QRgb colour, double scale) {
     const int side = static_cast<int>(std::lround(8.0 * scale));
     const int wide = std::max(1, static_cast<int>(std::lround(scale)));
@@ -30,7 +30,7 @@ QImage HatchTile(FILL_STYLE hatch, QRgb colour, double scale) {
             const bool down = (x - y + side) % side < wide;
             const bool up = (x + y) % side < wide;
             const bool inked[] = {level, upright, down, up, level || upright, down || up};
-            if (inked[hatch]) tile.setPixel(x, y, colour);
+            if (inked[hatch]) reinterpret_cast<QRgb*>(tile.scanLine(y))[x] = colour;
         }
     }
     return tile;
@@ -48,11 +48,10 @@ QPen ToQPen(const CPen& pen) {
     return result;
 }
 
-QBrush ToQBrush(const CBrush& brush, double scale) {
-    if (brush.fill == kFillNone) return Qt::NoBrush;
-    const QColor colour = ToQColor(brush.colour);
-    if (brush.fill > 5) return colour;
-    QBrush hatch(HatchTile(brush.fill, colour.rgba(), scale));
+QBrush FillBrush(FILL_STYLE fill, const QColor& colour, double scale) {
+    if (fill == kFillNone) return Qt::NoBrush;
+    if (fill > 5) return colour;
+    QBrush hatch(HatchTile(fill, qPremultiply(colour.rgba()), scale));
     hatch.setTransform(QTransform::fromScale(1.0 / scale, 1.0 / scale));
     return hatch;
 }
@@ -105,7 +104,7 @@ void QPainterDevice::UsePen(const CPen& pen) {
 }
 
 void QPainterDevice::UseBrush(const CBrush& brush) {
-    painter.setBrush(ToQBrush(brush));
+    painter.setBrush(FillBrush(brush.fill, ToQColor(brush.colour)));
 }
 
 /// A line of even width is centred between pixels, one of odd width on one: crisp either way.
@@ -146,7 +145,8 @@ void QPainterDevice::Rectangle(const CPen& pen, const CBrush& brush, const tagRE
 }
 
 void QPainterDevice::FillRect(const CBrush& brush, const tagRECT& box) {
-    painter.fillRect(QRect(box.left, box.top, box.Width(), box.Height()), ToQBrush(brush));
+    painter.fillRect(QRect(box.left, box.top, box.Width(), box.Height()),
+                     FillBrush(brush.fill, ToQColor(brush.colour)));
 }
 
 void QPainterDevice::SetPixel(int x, int y, COLORREF colour) {

@@ -72,6 +72,6 @@ QPen ToQPen(const CPen& pen);
 
 /// A solid brush, one of the six hatches, or none. Hatch lines are `scale` device pixels wide, so that they look the
 /// same on every screen; a brush of a scale other than 1 is meant for a painter scaled by as much.
-QBrush ToQBrush(const CBrush& brush, double scale = 1.0);
+QBrush FillBrush(FILL_STYLE fill, const QColor& colour, double scale = 1.0);
 
 }  // namespace quillon
