@@ -6,8 +6,8 @@ namespace quillon::catalogue {
 
 // Cassini-Soldner grids.
 //
-// International Association of Oil and Gas Producers, EPSG Geodetic Parameter Dataset: Qatar Grid (its false northing is
-// 100000 m there), Singapore Grid.
+// International Association of Oil and Gas Producers, EPSG Geodetic Parameter Dataset: Qatar Grid (its false northing
+// is 100000 m there), Singapore Grid.
 
 // clang-format off
 inline constexpr ProjectionDef kCassini[] = {

@@ -5,8 +5,8 @@ namespace quillon::catalogue {
 // Gauss-Kruger, by rule: four DHDN zones of three degrees, then 32 zones of six degrees counted eastwards round the
 // earth from 3 E. The zone's number stands before the false easting.
 //
-// International Association of Oil and Gas Producers, EPSG Geodetic Parameter Dataset: 3-degree Gauss-Kruger zones 2 to 5
-// (DHDN), 6-degree Gauss-Kruger zones 1 to 32 (Pulkovo 1942).
+// International Association of Oil and Gas Producers, EPSG Geodetic Parameter Dataset: 3-degree Gauss-Kruger zones 2 to
+// 5 (DHDN), 6-degree Gauss-Kruger zones 1 to 32 (Pulkovo 1942).
 
 inline constexpr int kDhdnZones = 4;
 inline constexpr int kGaussKrugerZones = 36;

@@ -7,8 +7,8 @@ namespace quillon::catalogue {
 // Lambert conformal conic grids. Zones 0 to 7; the State Plane zones of 1983 follow them.
 //
 // International Association of Oil and Gas Producers, EPSG Geodetic Parameter Dataset: Jamaica National Grid, Nord and
-// Sud Tunisie, Iraq zone; Puerto Rico CS27, which is defined by two parallels in US survey feet there. Syria has another
-// origin than the Syria Lambert published.
+// Sud Tunisie, Iraq zone; Puerto Rico CS27, which is defined by two parallels in US survey feet there. Syria has
+// another origin than the Syria Lambert published.
 
 // clang-format off
 inline constexpr LambertDef kLambert[] = {
