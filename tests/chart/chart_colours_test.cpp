@@ -19,6 +19,8 @@ TEST(ChartColours, EveryPaletteColourShowsByDayAndByNight) {
         EXPECT_GE(Contrast(FeatureColour(entry.colour, false), ColoursOf(false).ground), 44) << entry.name;
         const COLORREF night = FeatureColour(entry.colour, true);
         EXPECT_GE(Contrast(night, ColoursOf(true).ground), 90) << entry.name;
+        EXPECT_GE(Lightness(TextColour(entry.colour, true)), 0.35) << entry.name;
+        EXPECT_LE(Lightness(TextColour(entry.colour, false)), 0.46) << entry.name;
         EXPECT_LE(std::max({GetRValue(night), GetGValue(night), GetBValue(night)}), 190u) << entry.name;
     }
     EXPECT_EQ(FeatureColour(RGB(255, 0, 0), false), RGB(255, 0, 0));

@@ -35,6 +35,9 @@ constexpr double kNightLeast = 0.16;
 /// A line lighter than this is lost on the day's ground.
 constexpr double kDayMost = 0.86;
 
+constexpr double kNightLeastText = 0.36;
+constexpr double kDayMostText = 0.45;
+
 COLORREF Blend(COLORREF from, COLORREF to, double part) {
     const auto mix = [part](unsigned a, unsigned b) {
         return static_cast<unsigned>(std::lround(a + (static_cast<double>(b) - a) * part));
@@ -72,6 +75,14 @@ COLORREF FeatureColour(COLORREF colour, bool night) {
     const double light = Lightness(colour);
     if (light <= kDayMost || Chroma(colour) > 160) return colour;
     return Blend(colour, 0, 1.0 - 0.6 * kDayMost / light);
+}
+
+COLORREF TextColour(COLORREF colour, bool night) {
+    const COLORREF line = FeatureColour(colour, night);
+    const double light = Lightness(line);
+    if (night)
+        return light >= kNightLeastText ? line : Blend(line, 0xFFFFFF, (kNightLeastText - light) / (1.0 - light));
+    return light <= kDayMostText ? line : Blend(line, 0, 1.0 - kDayMostText / light);
 }
 
 }  // namespace quillon

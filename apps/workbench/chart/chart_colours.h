@@ -26,4 +26,7 @@ double Lightness(COLORREF colour);
 /// is darkened. At night dimmed, but never so dark that it would vanish in the black.
 COLORREF FeatureColour(COLORREF colour, bool night);
 
+/// The same for thin letters, which need more of a contrast than lines do.
+COLORREF TextColour(COLORREF colour, bool night);
+
 }  // namespace quillon

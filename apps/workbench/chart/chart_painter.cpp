@@ -22,9 +22,10 @@ constexpr std::size_t kMostAreaVertices = 6000;
 constexpr std::size_t kMostSmoothAreaVertices = 1500;
 /// Areas let show through what they cover, and never outshine the lines round them.
 constexpr int kSolidAlpha = 84;
-constexpr int kHatchAlphaByDay = 96;
-constexpr int kHatchAlphaByNight = 128;
+constexpr int kHatchAlphaByDay = 76;
+constexpr int kHatchAlphaByNight = 104;
 constexpr int kHatchPixels = 8;
+constexpr int kBrightestAtNight = 184;
 /// Cells for labels of points without a symbol.
 constexpr double kLeastCell = 14.0;
 constexpr double kRoomRoundLabels = 3.0;
@@ -292,7 +293,13 @@ void ChartPaint::Symbol(const ChartMarks& style, PixelPoint at) {
                             static_cast<int>(std::lround(at.y)));
         return;
     }
-    const QImage& sprite = owner.sprites.Of({style.symbol, pixels, first, second, colours.ground, reach.scale});
+    const QImage& sprite = owner.sprites.Of({.symbol = style.symbol,
+                                             .pixels = pixels,
+                                             .first = first,
+                                             .second = second,
+                                             .ground = colours.ground,
+                                             .brightest = night ? kBrightestAtNight : 255,
+                                             .scale = reach.scale});
     const auto place = [&](double v) { return std::round((v - SymbolReach(pixels)) * reach.scale) / reach.scale; };
     painter.drawImage(QPointF(place(at.x), place(at.y)), sprite);
 }
@@ -383,7 +390,7 @@ void ChartPaint::Level(std::string_view text, const tagRECT& box, COLORREF colou
     tagRECT inner = box;
     const CFont old = dc.SelectObject(kTextFont);
     dc.SetBkMode(TRANSPARENT);
-    dc.SetTextColor(FeatureColour(colour, night));
+    dc.SetTextColor(TextColour(colour, night));
     dc.DrawText(text, inner, DT_CENTER | DT_VCENTER);
     dc.SelectObject(old);
 }
@@ -405,7 +412,7 @@ void ChartPaint::Turned(PixelPoint at, double angle, double room, LABEL_POSITION
     patch.setAlpha(kPatchAlpha);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(QRectF(-0.5 * turned.width - 2.0, -0.5 * turned.height, turned.width + 4.0, turned.height), patch);
-    painter.setPen(ToQColor(FeatureColour(colour, night)));
+    painter.setPen(ToQColor(TextColour(colour, night)));
     painter.drawText(QPointF(-0.5 * turned.width, measures.Ascent() - 0.5 * turned.height),
                      QString::fromStdString(Utf8FromText(text)));
     painter.setTransform(before);

@@ -67,14 +67,32 @@ void PathLod::MakeCoarserLevels() {
     const double extent = std::hypot(box.Width(), box.Height());
     double tolerance = std::max(FirstTolerance(), extent * 1e-9);
     for (; tolerance > 0 && tolerance < extent; tolerance *= 2.0) {
-        const Level& from = levels.back();
-        if (from.count <= kFewPoints + 2 * from.parts.size()) return;
+        const std::size_t last = levels.back().count;
+        if (last <= kFewPoints + 2 * levels.back().parts.size()) return;
+        // What a level is made from may be off already. An eighth of the tolerance costs next to no vertices, and a
+        // level as fine as that next to no time.
+        const Level& from = For(tolerance / 8.0);
+        if (ExpectedCount(from, tolerance) > 0.6 * static_cast<double>(last)) continue;
         Level coarser = Coarser(from, tolerance);
-        if (coarser.count > from.count / 2) continue;
+        if (coarser.count > last / 2) continue;
         coarser.vertices.shrink_to_fit();
         MakeChunks(coarser);
         levels.push_back(std::move(coarser));
     }
+}
+
+/// How many vertices a coarser level would have, going by a few stretches: most tolerances keep too many for a level to
+/// be worth its while, and a pass over a million points takes 50 to 100 ms.
+double PathLod::ExpectedCount(const Level& from, double tolerance) const {
+    constexpr std::size_t kStretches = 8, kLength = 2048;
+    if (from.count < 4 * kStretches * kLength) return 0.0;
+    std::vector<std::uint32_t> stretch(kLength), kept;
+    for (std::size_t i = 0; i < kStretches; ++i) {
+        const std::size_t first = (from.count - kLength) / kStretches * i;
+        for (std::size_t k = 0; k < kLength; ++k) stretch[k] = from.PointOf(first + k);
+        ThinPolyline(points, stretch, tolerance - from.tolerance, kept);
+    }
+    return static_cast<double>(kept.size()) / (kStretches * kLength) * static_cast<double>(from.count);
 }
 
 PathLod::Level PathLod::Coarser(const Level& from, double tolerance) const {
@@ -90,7 +108,6 @@ PathLod::Level PathLod::Coarser(const Level& from, double tolerance) const {
         const std::size_t first = from.parts[part];
         const std::size_t end = part + 1 < from.parts.size() ? from.parts[part + 1] : from.count;
         level.parts.push_back(level.vertices.size());
-        // What the level before left out may be off by its tolerance already.
         ThinPolyline(points, vertices.subspan(first, end - first), tolerance - from.tolerance, level.vertices);
     }
     level.count = level.vertices.size();

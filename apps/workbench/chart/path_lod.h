@@ -10,7 +10,7 @@ namespace quillon {
 
 /// A path at falling levels of detail, so that drawing it costs what can be seen of it, not what it has.
 ///
-/// Level 0 is the path itself. Each further level keeps some of the points of the one before, so that no point left out
+/// Level 0 is the path itself. Each further level keeps some of the points of a finer one, so that no point left out
 /// lies farther than the level's tolerance from the segment that stands for it. A level is kept only if it has at most
 /// half the points of the one before: all of them together never have more points than the path, four bytes each.
 ///
@@ -64,6 +64,8 @@ public:
 private:
     void MakeFullLevel(std::span<const std::uint32_t> starts);
     void MakeCoarserLevels();
+    double ExpectedCount(const Level& from, double tolerance) const;
+    /// True to `tolerance` whatever `from` is off by.
     Level Coarser(const Level& from, double tolerance) const;
     void MakeChunks(Level& level) const;
     double FirstTolerance() const;

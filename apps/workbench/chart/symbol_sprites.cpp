@@ -1,5 +1,6 @@
 #include "chart/symbol_sprites.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "chart/qpainter_device.h"
@@ -9,6 +10,19 @@ namespace quillon {
 namespace {
 
 constexpr std::size_t kMostSprites = 256;
+
+/// The white inside some symbols is no feature's colour, and too bright for the night.
+void Dim(QImage& image, int brightest) {
+    for (int y = 0; y < image.height(); ++y) {
+        QRgb* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const int strongest = std::max({qRed(line[x]), qGreen(line[x]), qBlue(line[x])});
+            if (strongest <= brightest) continue;
+            const auto dimmed = [&](int part) { return part * brightest / strongest; };
+            line[x] = qRgba(dimmed(qRed(line[x])), dimmed(qGreen(line[x])), dimmed(qBlue(line[x])), qAlpha(line[x]));
+        }
+    }
+}
 
 QImage Draw(const SymbolSprites::Key& key) {
     const int reach = SymbolReach(key.pixels);
@@ -22,6 +36,8 @@ QImage Draw(const SymbolSprites::Key& key) {
     CMyDC dc(&device);
     dc.background = key.ground;
     dc.DrawVectorSymbol(key.symbol, key.first, key.second, key.pixels, reach, reach);
+    painter.end();
+    if (key.brightest < 255) Dim(image, key.brightest);
     return image;
 }
 

@@ -17,7 +17,8 @@ public:
         COLORREF first = 0;
         COLORREF second = 0;
         COLORREF ground = 0;
-        double scale = 1.0;  ///< device pixels for a pixel
+        int brightest = 255;  ///< no part of any pixel is brighter
+        double scale = 1.0;   ///< device pixels for a pixel
         friend bool operator==(const Key&, const Key&) = default;
     };
 
