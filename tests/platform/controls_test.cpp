@@ -165,8 +165,10 @@ TEST_F(Controls, PanesTellTheirDock) {
     struct Dock : PaneObserver {
         void OnPaneChanged(CDockablePane& pane) override { shown.push_back(pane.IsVisible()); }
         void OnPaneFocus(CDockablePane&, CControl& control) override { focus = &control; }
+        void OnPaneGone(CDockablePane&) override { gone = true; }
         std::vector<bool> shown;
         CControl* focus = nullptr;
+        bool gone = false;
     } dock;
     ASSERT_TRUE(window.Create("Boundary", {200, 200}, 5));
     EXPECT_FALSE(window.Create("again", {1, 1}, 6));
@@ -184,6 +186,12 @@ TEST_F(Controls, PanesTellTheirDock) {
     window.SetFocusTo(button);
     EXPECT_EQ(dock.focus, &button);
     EXPECT_EQ(window.GetControls(), std::vector<CControl*>{&button});
+    window.SetObserver(nullptr);
+    {
+        CommandWindow passing(platform);
+        passing.SetObserver(&dock);
+    }
+    EXPECT_TRUE(dock.gone);
 }
 
 TEST(Palette, HoldsThe28ColoursInTheirOrder) {
