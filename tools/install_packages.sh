@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Installs from the distribution what building and testing need and the machine lacks. Nothing is touched, and no
+# network asked, where all is there.
+#
+#   tools/install_packages.sh [run|test]     what is installed for: the workbench alone, or all tests as well
+set -euo pipefail
+
+packages=(cmake ninja-build g++ pkg-config qt6-base-dev libgl-dev libcli11-dev fonts-dejavu-core libcrypt-dev)
+if [ "${1:-test}" = test ]; then
+  packages+=(git python3 libgtest-dev libgmock-dev locales clang libclang-rt-14-dev clang-format qt6-qpa-plugins)
+fi
+
+missing=()
+for package in "${packages[@]}"; do
+  # A package that another one provides (libgl-dev) counts as well.
+  dpkg-query -W -f='${Status}\n' "$package" 2>/dev/null | grep -q '^install ok installed$' || missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+as_root=()
+[ "$(id -u)" -eq 0 ] || as_root=(sudo)
+echo "Installing: ${missing[*]}"
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
