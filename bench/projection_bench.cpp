@@ -122,8 +122,8 @@ void Race(benchmark::State& state, Course& course, double tolerance, const std::
         benchmark::ClobberMemory();
     }
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * course.lats.size()));
-    state.counters["ns_per_point"] =
-        benchmark::Counter(static_cast<double>(course.lats.size()) * 1e-9,
+    state.counters["per_point"] =
+        benchmark::Counter(static_cast<double>(course.lats.size()),
                            benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
