@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QImage>
+
+#include "chart/chart_scene.h"
+#include "chart/chart_view.h"
+#include "workbench/bindings/row_pictures.h"
+
+namespace quillon {
+
+/// A picture of the whole scene, as large as asked for.
+QImage RenderChart(const ChartScene& scene, const QSize& size, bool night);
+
+/// A picture of what a view shows, with so many pixels of the picture to one of the view.
+QImage RenderChart(const ChartScene& scene, const ChartView& view, bool night, double pixelsToOne);
+
+/// Draws the chart's symbols in the rows that pick them.
+SymbolPainter ChartSymbols();
+
+}  // namespace quillon

@@ -1,0 +1,146 @@
+#include <unistd.h>
+
+#include <QApplication>
+#include <QLocale>
+#include <QTemporaryDir>
+#include <clocale>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+
+#include "workbench/chart_picture.h"
+#include "workbench/icons.h"
+#include "workbench/main_window.h"
+#include "workbench/options.h"
+#include "workbench/picture.h"
+#include "workbench/quit_signals.h"
+#include "workbench/startup.h"
+
+namespace quillon {
+namespace {
+
+constexpr int kFailure = 1;
+constexpr PixelSize kRenderSize = {1600, 1000};
+constexpr const char* kSamplePicture = "quillon-sample.png";
+constexpr const char* kSampleNote = "Sample job: nothing is kept after the end";
+
+/// The toolkit takes over the user's locale when it starts. Numbers are read and written the same everywhere, so all of
+/// it is put back but the kind of characters, which typing accents depends on.
+void KeepNumbersPlain() {
+    std::setlocale(LC_ALL, "C");
+    std::setlocale(LC_CTYPE, "");
+    QLocale::setDefault(QLocale::c());
+}
+
+int Fail(const std::string& what) {
+    std::cerr << "quillon-workbench: " << what << '\n';
+    return kFailure;
+}
+
+/// Writes and says where, or says why not.
+int Deliver(const QImage& picture, const std::filesystem::path& file) {
+    QString fault;
+    if (!SavePicture(picture, QString::fromStdString(file.string()), fault)) {
+        return Fail(file.string() + ": " + fault.toStdString());
+    }
+    std::cout << file.string() << '\n';
+    return 0;
+}
+
+int Render(QtPlatform& platform, const WorkbenchOptions& options) {
+    Job job(platform);
+    job.Open();
+    const PixelSize size = options.size.value_or(kRenderSize);
+    SceneBuilder scenes(job.Features());
+    return Deliver(RenderChart(scenes.Build(), QSize(size.width, size.height), options.night), options.render);
+}
+
+int Screenshot(QtPlatform& platform, Theme& theme, const WorkbenchOptions& options) {
+    Job job(platform);
+    job.Open();
+    MainWindow window(job, platform, theme);
+    window.SetNight(options.night);
+    if (options.sample) window.SetNote(kSampleNote);
+    if (options.size) window.resize(options.size->width, options.size->height);
+    window.show();
+    window.Settle();
+    return Deliver(window.grab().toImage(), options.screenshot);
+}
+
+int Run(QtPlatform& platform, Theme& theme, const WorkbenchOptions& options) {
+    Job job(platform);
+    job.Open();
+    MainWindow window(job, platform, theme);
+    window.SetNight(options.night || MainWindow::WasNight(platform.GetProfile()));
+    if (options.sample) window.SetNote(kSampleNote);
+    if (options.size) window.resize(options.size->width, options.size->height);
+    const QuitSignals quitSignals([&window] { window.close(); });
+    window.show();
+    return QApplication::exec();
+}
+
+/// Where the picture goes that stands in for the sample's window.
+std::filesystem::path SamplePicture() {
+    std::error_code failed;
+    const auto here = std::filesystem::current_path(failed);
+    const bool writable = !failed && ::access(here.c_str(), W_OK) == 0;
+    return (writable ? here : std::filesystem::temp_directory_path()) / kSamplePicture;
+}
+
+int Start(int argc, char** argv, WorkbenchOptions options) {
+    const DISPLAY_KIND display = FindDisplay();
+    const bool chosenByUser = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    if (display == DISPLAY_KIND::NONE && !chosenByUser && !options.MakesPicture()) {
+        if (!options.sample) {
+            return Fail("no display to open a window on; --render FILE.png draws the chart without one");
+        }
+        options.render = SamplePicture();
+        std::cerr << "quillon-workbench: no display to open a window on; drawing the chart to a picture\n";
+    }
+    const std::string toolkit = ChooseToolkitPlatform(options, display, chosenByUser);
+    if (!toolkit.empty()) qputenv("QT_QPA_PLATFORM", QByteArray::fromStdString(toolkit));
+
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("Quillon");
+    QApplication::setApplicationVersion(QUILLON_VERSION);
+    QApplication::setDesktopFileName("quillon-workbench");
+    QApplication::setWindowIcon(MakeIcon(ICON::APPLICATION));
+    KeepNumbersPlain();
+
+    std::optional<ScratchJob> scratch;
+    if (options.sample) {
+        const auto sample = FindSampleJob(QApplication::applicationFilePath().toStdString());
+        if (sample.empty()) return Fail("the sample job is not installed");
+        scratch.emplace(sample);
+    }
+    std::filesystem::path drives = scratch ? scratch->Drives() : options.drives;
+    if (drives.empty()) drives = DefaultDrives();
+    std::filesystem::create_directories(drives / "c");
+
+    // What is only looked at leaves the user's own profile alone.
+    const bool passing = options.sample || options.MakesPicture();
+    const QTemporaryDir passingFolder;
+    QtPlatform platform(std::filesystem::absolute(drives),
+                        passing ? std::filesystem::path(passingFolder.filePath("profile.ini").toStdString())
+                                : QtPlatform::DefaultProfileFile());
+    Theme theme(application);
+    if (!options.render.empty()) return Render(platform, options);
+    if (!options.screenshot.empty()) return Screenshot(platform, theme, options);
+    return Run(platform, theme, options);
+}
+
+}  // namespace
+}  // namespace quillon
+
+int main(int argc, char** argv) {
+    const quillon::ParsedOptions parsed = quillon::ParseOptions(argc, argv);
+    if (!parsed.options) {
+        (parsed.exitCode == 0 ? std::cout : std::cerr) << parsed.text;
+        return parsed.exitCode;
+    }
+    try {
+        return quillon::Start(argc, argv, *parsed.options);
+    } catch (const std::exception& error) {
+        return quillon::Fail(error.what());
+    }
+}
