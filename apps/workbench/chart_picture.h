@@ -4,7 +4,6 @@
 
 #include "chart/chart_scene.h"
 #include "chart/chart_view.h"
-#include "workbench/bindings/row_pictures.h"
 
 namespace quillon {
 
@@ -13,8 +12,5 @@ QImage RenderChart(const ChartScene& scene, const QSize& size, bool night);
 
 /// A picture of what a view shows, with so many pixels of the picture to one of the view.
 QImage RenderChart(const ChartScene& scene, const ChartView& view, bool night, double pixelsToOne);
-
-/// Draws the chart's symbols in the rows that pick them.
-SymbolPainter ChartSymbols();
 
 }  // namespace quillon

@@ -14,6 +14,7 @@
 
 #include "chart/chart_widget.h"
 #include "workbench/chart_picture.h"
+#include "workbench/chart_symbols.h"
 #include "workbench/icons.h"
 #include "workbench/keyboard_help.h"
 #include "workbench/picture.h"
@@ -37,7 +38,7 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
       platform(qtPlatform),
       theme(appTheme),
       scenes(shownJob.Features()),
-      factory(ChartSymbols()),
+      factory(DrawChartSymbol),
       chart(new ChartWidget(this)),
       docks(*this, shownJob, factory),
       status(*statusBar()) {
