@@ -4,9 +4,11 @@
 
 namespace quillon {
 
-FileSystem& CliContext::Files() {
-    if (!files)
-        files = std::make_unique<FileSystem>(drives.empty() ? DefaultDrivesFolder() : std::filesystem::path(drives));
+FileSystem& CliContext::Files(FILE_ACCESS access) {
+    if (!files) {
+        files = std::make_unique<FileSystem>(drives.empty() ? DefaultDrivesFolder() : std::filesystem::path(drives),
+                                             "Quillon", access);
+    }
     return *files;
 }
 

@@ -17,8 +17,9 @@ class CliContext {
 public:
     CliContext(std::istream& input, std::ostream& output, std::ostream& errors) : in(input), out(output), err(errors) {}
 
-    /// The files under the drives folder in force. Made at the first call, so that `--help` touches no disk.
-    FileSystem& Files();
+    /// The files under the drives folder in force. Made at the first call, so that `--help` touches no disk. Looking at
+    /// files changes nothing: no folder is created and none of them can be written, unless the command asks first.
+    FileSystem& Files(FILE_ACCESS access = FILE_ACCESS::READ_ONLY);
 
     /// Names a file on the error stream, with what is wrong with it. The program will end with CLI_USELESS.
     void Fail(std::string_view path, std::string_view why);

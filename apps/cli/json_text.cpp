@@ -1,5 +1,6 @@
 #include "json_text.h"
 
+#include <array>
 #include <cmath>
 
 #include "platform/text.h"
@@ -24,24 +25,27 @@ void AppendQuoted(std::string& text, std::string_view value) {
 }
 
 void AppendReal(std::string& text, double value) {
-    text += std::isfinite(value) ? ShortestText(value) : "null";
+    if (std::isfinite(value) && !IsMissing(value)) {
+        AppendShortest(text, value);
+    } else {
+        text += "null";
+    }
 }
 
 }  // namespace
 
 std::string ShortestText(double value) {
     std::string text;
-    for (int digits = 15; digits <= 17; ++digits) {
-        text = Format("%.*g", digits, value);
-        if (Atof(text) == value) break;
-    }
+    AppendShortest(text, value);
     return text;
 }
 
 void JsonObject::Key(std::string_view key) {
-    text += text.empty() ? "{" : ", ";
-    AppendQuoted(text, key);
-    text += ": ";
+    text += begun ? ", " : "{";
+    begun = true;
+    text += '"';
+    text += key;
+    text += "\": ";
 }
 
 void JsonObject::Text(std::string_view key, std::string_view value) {
@@ -68,6 +72,38 @@ void JsonObject::Reals(std::string_view key, std::span<const double> values) {
 void JsonObject::Bool(std::string_view key, bool value) {
     Key(key);
     text += value ? "true" : "false";
+}
+
+void JsonObject::Object(std::string_view key, const JsonObject& value) {
+    Key(key);
+    text += value.End();
+}
+void JsonObject::Pair(std::string_view key, tagXY position) {
+    Reals(key, std::array{position.x, position.y});
+}
+
+void JsonObject::BeginRecords(std::string_view key) {
+    Key(key);
+    text += '[';
+    firstRecord = true;
+}
+void JsonObject::AddRecord(const JsonObject& record) {
+    text += firstRecord ? "\n" : ",\n";
+    firstRecord = false;
+    text += record.text;
+    text += record.begun ? "}" : "{}";
+}
+void JsonObject::EndRecords() {
+    text += firstRecord ? "]" : "\n]";
+}
+
+void JsonObject::TakeTo(std::string& out) {
+    out += text;
+    text.clear();
+}
+void JsonObject::Clear() {
+    text.clear();
+    begun = false;
 }
 
 void JsonArray::Add(const JsonObject& object) {

@@ -161,8 +161,9 @@ fs::path DefaultDrivesFolder() {
 
 // ---- FileSystem ----
 
-FileSystem::FileSystem(fs::path drivesFolder, std::string program)
-    : drives(std::move(drivesFolder)), commandLine(std::move(program)), calls(&SystemCalls()) {
+FileSystem::FileSystem(fs::path drivesFolder, std::string program, FILE_ACCESS fileAccess)
+    : drives(std::move(drivesFolder)), commandLine(std::move(program)), access(fileAccess), calls(&SystemCalls()) {
+    if (access == FILE_ACCESS::READ_ONLY) return;
     std::error_code ignored;
     fs::create_directories(drives / "c", ignored);
 }
@@ -200,6 +201,7 @@ bool FileSystem::DriveIsFixed(char letter) const {
 }
 
 FOLDER_RESULT FileSystem::CreateFolder(std::string_view path) const {
+    if (access == FILE_ACCESS::READ_ONLY) return FOLDER_RESULT::THERE;
     std::error_code error;
     fs::path native = Native(path);
     if (native.filename().empty()) native = native.parent_path();
@@ -424,6 +426,7 @@ void CStdioFile::OpenBytes(std::string_view bytes, FILE_MODE mode) {
 
 bool CStdioFile::OpenForWriting(std::string_view path, FILE_MODE mode) {
     Close();
+    if (files.Access() == FILE_ACCESS::READ_ONLY) return false;
     writer = Writer::Open(files.Calls(), files.Native(path), std::string(path), mode);
     return writer != nullptr;
 }

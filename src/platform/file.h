@@ -34,6 +34,13 @@ class FileCalls;
 
 enum class FOLDER_RESULT { CREATED, THERE, FAILED };
 
+enum class FILE_ACCESS {
+    READ_WRITE,
+    /// Nothing is created and no file can be written. A folder that would be created counts as there, so that paths
+    /// come out as they would, and opening below it fails.
+    READ_ONLY
+};
+
 /// Where the drives are if nobody says otherwise: "quillon/drives" in the user's data folder.
 std::filesystem::path DefaultDrivesFolder();
 
@@ -47,7 +54,8 @@ std::filesystem::path DefaultDrivesFolder();
 class FileSystem {
 public:
     /// `commandLine` names the program; the settings folder is called after it.
-    explicit FileSystem(std::filesystem::path drives, std::string commandLine = "Quillon");
+    explicit FileSystem(std::filesystem::path drives, std::string commandLine = "Quillon",
+                        FILE_ACCESS access = FILE_ACCESS::READ_WRITE);
     FileSystem(const FileSystem&) = delete;
     FileSystem& operator=(const FileSystem&) = delete;
 
@@ -57,6 +65,7 @@ public:
 
     const std::filesystem::path& Drives() const { return drives; }
     const std::string& CommandLine() const { return commandLine; }
+    FILE_ACCESS Access() const { return access; }
 
     bool Exists(std::string_view path) const;
     bool DriveIsFixed(char letter) const;
@@ -73,6 +82,7 @@ public:
 private:
     std::filesystem::path drives;
     std::string commandLine;
+    FILE_ACCESS access;
     CommitObserver* commitObserver = nullptr;
     FileCalls* calls;
 };

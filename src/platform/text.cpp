@@ -313,6 +313,17 @@ void AppendFixed(std::string& text, double value, int decimals) {
     text.append(buffer.data(), end.ptr);
 }
 
+void AppendShortest(std::string& text, double value) {
+    constexpr double kLeastPlain = 1e-5;
+    constexpr double kMostPlain = 1e15;
+    std::array<char, 32> buffer;
+    const double size = std::fabs(value);
+    const bool plain = size == 0.0 || (size >= kLeastPlain && size < kMostPlain);
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                   plain ? std::chars_format::fixed : std::chars_format::scientific);
+    text.append(buffer.data(), end.ptr);
+}
+
 namespace {
 
 /// Power of ten of the first digit that isn't 0 in a number without a sign.

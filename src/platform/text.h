@@ -18,6 +18,9 @@ namespace quillon {
 /// and "nan".
 void AppendFixed(std::string& text, double value, int decimals);
 
+/// Appends the fewest digits that Atof reads back as the same number; with an exponent below 1e-5 and from 1e15 on.
+void AppendShortest(std::string& text, double value);
+
 /// The number at the front of a text, after white space: sign, digits, point, exponent. 0 when there is none, an
 /// infinity on overflow, 0 on underflow. Unlike strtod it takes neither "inf", "nan" nor hexadecimal digits.
 double Atof(std::string_view text);

@@ -1,0 +1,195 @@
+#include "feature_sheets.h"
+
+#include <algorithm>
+#include <array>
+
+#include "foundation/paths.h"
+#include "platform/display_options.h"
+#include "platform/text.h"
+
+namespace quillon {
+namespace {
+
+constexpr int kKpRateDecimals = 9;
+
+std::string_view FillName(long long fill) {
+    const auto choice =
+        std::find_if(kFillChoices.begin(), kFillChoices.end(), [fill](const FillChoice& c) { return c.style == fill; });
+    return choice == kFillChoices.end() ? std::string_view() : choice->name;
+}
+
+void Put(Sheet& sheet, std::string_view key, const tagPen& pen) {
+    sheet.BeginGroup(key);
+    sheet.Int("style", pen.style);
+    sheet.Int("thickness", pen.thickness);
+    sheet.Colour("colour", pen.colour);
+    sheet.Choice("fill", pen.fill, FillName(pen.fill));
+    sheet.EndGroup();
+}
+
+void PutDrawing(Sheet& sheet, const CDrawingOptions& options) {
+    sheet.Int("symbol", options.symbol);
+    sheet.Choice("symbol_size", options.symbolSize, m_SymbolSizeTxt);
+    Put(sheet, "pen", options.pen);
+    sheet.Choice("label_mode", options.labelMode, m_LabelModeTxt);
+    sheet.Choice("label_position", options.labelPosition, m_LabelPositionTxt);
+    sheet.Bool("show_leg_label", options.showLegLabel);
+}
+
+void PutCommon(Sheet& sheet, const CFeatureCommon& feature) {
+    sheet.Text("path", feature.GetPath());
+    sheet.Text("name", feature.GetName());
+    sheet.Bool("status", feature.Status);
+    sheet.Bool("highlight", feature.Highlight);
+}
+
+void PutPath(Sheet& sheet, const std::string& path) {
+    sheet.Text("path", path);
+    sheet.Text("name", SplitPath(path).name);
+}
+
+void PutCorridor(Sheet& sheet, const CCorridor& corridor) {
+    sheet.Bool("display_corridor", corridor.displayCorridor);
+    sheet.Metres("port_width", corridor.portWidth);
+    sheet.Metres("starboard_width", corridor.starboardWidth);
+    sheet.Choice("corridor_fill", corridor.fill, FillName(corridor.fill));
+    sheet.Colour("corridor_colour", corridor.corridorColour);
+}
+
+void PutPosition(Sheet& sheet, tagXY position) {
+    sheet.Metres("easting", position.x);
+    sheet.Metres("northing", position.y);
+}
+
+/// The rows of an array, each as `put` writes it.
+template <class Records, class PutRecord>
+void PutTable(Sheet& sheet, std::string_view key, const Records& records, PutRecord put) {
+    sheet.BeginTable(key, records.GetSize());
+    for (const auto& record : records) {
+        sheet.BeginRow();
+        put(record);
+        sheet.EndRow();
+    }
+    sheet.EndTable();
+}
+
+}  // namespace
+
+void FillSheet(Sheet& sheet, const CBoundary& boundary) {
+    PutCommon(sheet, boundary);
+    PutDrawing(sheet, boundary);
+    sheet.Bool("has_polygon", !boundary.GetPolygon().IsEmpty());
+    PutTable(sheet, "points", boundary, [&](tagXY point) { PutPosition(sheet, point); });
+    sheet.Finish();
+}
+
+void FillSheet(Sheet& sheet, const CGridWaypoint& waypoints) {
+    PutPath(sheet, waypoints.GetPath());
+    sheet.Choice("data_order", waypoints.dataOrder, waypoints.Order().text);
+    sheet.Bool("display", waypoints.display);
+    sheet.Metres("clearance", waypoints.clearance);
+    sheet.Metres("tolerance", waypoints.tolerance);
+    sheet.Int("symbol", waypoints.symbol);
+    sheet.Colour("colour", waypoints.colour);
+    sheet.Choice("symbol_size", waypoints.symbolSize, m_SymbolSizeTxt);
+    sheet.Choice("label_mode", waypoints.labelMode, m_LabelModeTxt);
+    sheet.Choice("label_position", waypoints.labelPosition, m_LabelPositionTxt);
+    sheet.Bool("draw_rings", waypoints.drawRings);
+    sheet.Int("ring_count", waypoints.ringCount);
+    sheet.Metres("ring_size_metres", waypoints.ringSizeMetres);
+    sheet.Metres("ring_size_nm", waypoints.ringSizeNm);
+    sheet.Colour("ring_colour", waypoints.ringColour);
+    sheet.Bool("catenary_mode", waypoints.catenaryMode);
+    PutTable(sheet, "points", waypoints, [&](const GridWaypointDef& point) {
+        PutPosition(sheet, {point.easting, point.northing});
+        sheet.Metres("height", point.height);
+        sheet.Metres("radius", point.radius);
+        sheet.Text("name", point.name);
+    });
+    sheet.Finish();
+}
+
+void FillSheet(Sheet& sheet, const CPipeline& pipeline) {
+    PutPath(sheet, pipeline.GetPath());
+    sheet.Choice("data_order", pipeline.dataOrder, kPipelineOrderTxt);
+    sheet.Bool("use", pipeline.use);
+    sheet.Int("diameter", pipeline.diameter);
+    sheet.Bool("display_corridor", pipeline.displayCorridor);
+    sheet.Metres("port_corridor", pipeline.portCorridor);
+    sheet.Metres("starboard_corridor", pipeline.starboardCorridor);
+    Put(sheet, "corridor_pen", pipeline.corridorPen);
+    sheet.Metres("clearance", pipeline.clearance);
+    sheet.Metres("tolerance", pipeline.tolerance);
+    Put(sheet, "line_pen", pipeline.linePen);
+    sheet.Metres("start_kp", pipeline.startKp);
+    sheet.Bool("increasing_kps", pipeline.increasingKps);
+    sheet.Bool("label_kps", pipeline.labelKps);
+    sheet.Metres("kp_interval", pipeline.kpInterval);
+    PutTable(sheet, "points", pipeline, [&](const PipelineDef& point) {
+        PutPosition(sheet, point.Position());
+        sheet.Metres("range", point.range);
+        sheet.Angle("bearing", point.bearing);
+        sheet.Angle("reverse_bearing", point.reverseBearing);
+        sheet.Metres("kp", point.kp);
+        sheet.Real("kp_rate", point.kpRate, kKpRateDecimals);
+        sheet.Pair("port_corridor", point.portCorridor);
+        sheet.Pair("starboard_corridor", point.starboardCorridor);
+    });
+    PutTable(sheet, "kp_listing", pipeline.GetKpListing(), [&](const KPListingDef& label) {
+        sheet.Metres("kp", label.kp);
+        sheet.Pair("position", label.position);
+        sheet.Int("offset_x", label.offsetX);
+        sheet.Int("offset_y", label.offsetY);
+        sheet.Int("rotation", label.rotation);
+        sheet.Text("text", label.text);
+    });
+    sheet.Finish();
+}
+
+void FillSheet(Sheet& sheet, const CRoute& route) {
+    PutCommon(sheet, route);
+    sheet.Choice("data_order", route.dataOrder, kRouteOrderTxt);
+    PutDrawing(sheet, route);
+    PutCorridor(sheet, route);
+    PutTable(sheet, "points", route, [&](const RouteDef& point) {
+        PutPosition(sheet, point.position);
+        sheet.Metres("range", point.range);
+        sheet.Angle("bearing", point.bearing);
+        sheet.Angle("reverse_bearing", point.reverseBearing);
+        sheet.Metres("kp", point.kp);
+        sheet.Real("kp_scale", point.kpScale, kKpRateDecimals);
+        sheet.Pair("port_corridor_start", point.portCorridorStart);
+        sheet.Pair("starboard_corridor_start", point.starboardCorridorStart);
+        sheet.Text("name", point.name);
+    });
+    sheet.Finish();
+}
+
+void FillSheet(Sheet& sheet, const CSailLine& lines) {
+    PutCommon(sheet, lines);
+    sheet.Choice("data_order", lines.dataOrder, kSailLineOrderTxt);
+    PutDrawing(sheet, lines);
+    PutTable(sheet, "lines", lines, [&](const SailLineDef& line) {
+        sheet.Pair("sol", line.sol);
+        sheet.Pair("eol", line.eol);
+        sheet.Metres("range", line.leg.range);
+        sheet.Angle("bearing", line.leg.bearing);
+    });
+    sheet.Finish();
+}
+
+std::string ReportText(std::string_view file, const ReadReport& report) {
+    std::string text(file);
+    text += Format(": %zu lines, %zu taken, %zu passed over\n", report.lines, report.taken, report.passedOver);
+    for (const ReadReport::PassedLine& line : report.named) {
+        text += Format("  line %zu: ", line.number);
+        text += ReasonText(line.reason);
+        text += '\n';
+    }
+    if (report.passedOver > report.named.size()) {
+        text += Format("  and %zu more\n", report.passedOver - report.named.size());
+    }
+    return text;
+}
+
+}  // namespace quillon

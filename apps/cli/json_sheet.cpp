@@ -1,0 +1,75 @@
+#include <cstddef>
+#include <ostream>
+
+#include "json_text.h"
+#include "sheet.h"
+
+namespace quillon {
+namespace {
+
+/// Characters gathered before they go out.
+constexpr std::size_t kBlock = std::size_t{1} << 16;
+
+class JsonSheet : public Sheet {
+public:
+    explicit JsonSheet(std::ostream& stream) : out(stream) {}
+
+    using Sheet::Choice;
+    void Text(std::string_view key, std::string_view value) override { target->Text(key, value); }
+    void Int(std::string_view key, long long value) override { target->Int(key, value); }
+    void Bool(std::string_view key, bool value) override { target->Bool(key, value); }
+    void Real(std::string_view key, double value, int) override { target->Real(key, value); }
+    void Angle(std::string_view key, double radians) override { target->Real(key, radians); }
+    void Pair(std::string_view key, tagXY position) override { target->Pair(key, position); }
+    void Choice(std::string_view key, long long value, std::string_view) override { target->Int(key, value); }
+    void Colour(std::string_view key, COLORREF colour) override { target->Int(key, colour); }
+
+    void BeginGroup(std::string_view key) override {
+        groupKey = key;
+        inner.Clear();
+        target = &inner;
+    }
+    void EndGroup() override {
+        head.Object(groupKey, inner);
+        target = &head;
+    }
+
+    void BeginTable(std::string_view key, std::ptrdiff_t) override { head.BeginRecords(key); }
+    void BeginRow() override {
+        inner.Clear();
+        target = &inner;
+    }
+    void EndRow() override {
+        head.AddRecord(inner);
+        target = &head;
+        if (head.Pending() >= kBlock) PutOut();
+    }
+    void EndTable() override { head.EndRecords(); }
+
+    void Finish() override {
+        PutOut();
+        out << head.End() << '\n';
+    }
+
+private:
+    void PutOut() {
+        block.clear();
+        head.TakeTo(block);
+        out << block;
+    }
+
+    std::ostream& out;
+    JsonObject head;
+    JsonObject inner;  ///< the row or group that is open
+    JsonObject* target = &head;
+    std::string groupKey;
+    std::string block;
+};
+
+}  // namespace
+
+std::unique_ptr<Sheet> MakeJsonSheet(std::ostream& out) {
+    return std::make_unique<JsonSheet>(out);
+}
+
+}  // namespace quillon

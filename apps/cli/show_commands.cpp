@@ -1,0 +1,189 @@
+#include "show_commands.h"
+
+#include <limits>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+
+#include "feature_sheets.h"
+#include "number_option.h"
+#include "platform/text.h"
+#include "sheet.h"
+
+namespace quillon {
+namespace {
+
+constexpr double kNotGiven = std::numeric_limits<double>::quiet_NaN();
+
+/// What the command line says in place of the settings.
+struct ShowOptions {
+    std::string file;  ///< UTF-8
+    bool json = false;
+    std::optional<int> order;
+    double port = kNotGiven;
+    double starboard = kNotGiven;
+    double startKp = kNotGiven;
+    double interval = kNotGiven;
+    bool decreasing = false;
+    bool labelKps = false;
+
+    std::string Path() const { return TextFromUtf8(file); }
+};
+
+void Override(double& setting, double given) {
+    if (given == given) setting = given;
+}
+
+// ---- Reading ----
+
+bool Load(CBoundary& boundary, const ShowOptions& options, ReadReport& report) {
+    return boundary.Read(options.Path(), &report);
+}
+
+bool Load(CGridWaypoint& waypoints, const ShowOptions& options, ReadReport& report) {
+    waypoints.SetPath(options.Path());
+    waypoints.LoadSettings();
+    if (options.order) waypoints.dataOrder = *options.order;
+    return waypoints.ReadData(options.Path(), &report);
+}
+
+bool Load(CPipeline& pipeline, const ShowOptions& options, ReadReport& report) {
+    pipeline.SetPath(options.Path());
+    pipeline.ReadSettings();
+    if (options.order) pipeline.dataOrder = *options.order;
+    Override(pipeline.portCorridor, options.port);
+    Override(pipeline.starboardCorridor, options.starboard);
+    Override(pipeline.startKp, options.startKp);
+    Override(pipeline.kpInterval, options.interval);
+    if (options.decreasing) pipeline.increasingKps = false;
+    if (options.labelKps) pipeline.labelKps = true;
+    return pipeline.LoadData(options.Path(), &report);
+}
+
+bool Load(CRoute& route, const ShowOptions& options, ReadReport& report) {
+    if (options.order) {
+        // Its settings first; then the points again, in the order asked for.
+        route.Read(options.Path());
+        route.dataOrder = *options.order;
+        route.ReadPoints(&report);
+    } else {
+        route.Read(options.Path(), &report);
+    }
+    Override(route.portWidth, options.port);
+    Override(route.starboardWidth, options.starboard);
+    route.ComputeCorridor();
+    return !route.IsEmpty();
+}
+
+bool Load(CSailLine& lines, const ShowOptions& options, ReadReport& report) {
+    if (!options.order) return lines.Read(options.Path(), &report);
+    lines.Read(options.Path());
+    lines.dataOrder = *options.order;
+    return lines.ReadLines(&report);
+}
+
+/// A file without a usable point prints its report and nothing else.
+template <class Feature>
+void Show(CliContext& context, const ShowOptions& options) {
+    Feature feature(context.Files());
+    ReadReport report;
+    const bool taken = Load(feature, options, report);
+    if (!report.opened) return context.Fail(options.file, "can't be read");
+    context.err << ReportText(options.file, report);
+    if (!taken) return context.Fail(options.file, "no usable point");
+    const std::unique_ptr<Sheet> sheet = options.json ? MakeJsonSheet(context.out) : MakeTextSheet(context.out);
+    FillSheet(*sheet, feature);
+}
+
+// ---- Commands ----
+
+/// A command with what all of them have. `orders` is how many data orders the kind knows; with one, there is no choice.
+template <class Feature>
+CLI::App& AddKind(CLI::App& show, CliContext& context, const std::shared_ptr<ShowOptions>& options,
+                  const std::string& name, const std::string& description, int orders) {
+    CLI::App& command = *show.add_subcommand(name, description);
+    command.add_option("FILE", options->file, "The data file")->required()->type_name("");
+    command.add_flag("--json", options->json, "As JSON, with bearings in radians");
+    if (orders > 0) {
+        command
+            .add_option_function<int>(
+                "--order", [options](int order) { options->order = order; },
+                "Data order to read by, in place of the stored one")
+            ->check(CLI::Range(0, orders - 1));
+    }
+    command.callback([&context, options] { Show<Feature>(context, *options); });
+    return command;
+}
+
+void AddCorridorOptions(CLI::App& command, ShowOptions& options) {
+    AddNumberOption(command, "--port", options.port, "Width of the corridor to port, metres");
+    AddNumberOption(command, "--starboard", options.starboard, "Width of the corridor to starboard, metres");
+}
+
+void AddPipeline(CLI::App& show, CliContext& context) {
+    const auto options = std::make_shared<ShowOptions>();
+    CLI::App& command = AddKind<CPipeline>(show, context, options, "pipeline", "Points, KPs, KP labels and corridor",
+                                           static_cast<int>(kPipelineOrderTxt.size()));
+    AddCorridorOptions(command, *options);
+    AddNumberOption(command, "--start-kp", options->startKp, "KP of the first point, kilometres; for data order 0");
+    command.add_flag("--decreasing", options->decreasing, "KPs fall along the pipeline");
+    command.add_flag("--label-kps", options->labelKps, "List the KP labels");
+    AddNumberOption(command, "--interval", options->interval, "Kilometres between KP labels");
+    command.footer(
+        "Data orders: 0 Easting, Northing; 1 KP, Easting, Northing; 2 Easting, Northing, KP.\n\n"
+        "Examples:\n"
+        "  quillon show pipeline export.csv\n"
+        "  quillon show pipeline export.csv --order 1 --json\n"
+        "  quillon show pipeline export.csv --start-kp 12.5 --decreasing --label-kps --interval 0.5");
+}
+
+void AddRoute(CLI::App& show, CliContext& context) {
+    const auto options = std::make_shared<ShowOptions>();
+    CLI::App& command = AddKind<CRoute>(show, context, options, "route", "Points, legs and corridor of a route",
+                                        static_cast<int>(kRouteOrderTxt.size()));
+    AddCorridorOptions(command, *options);
+    command.footer(
+        "Data orders: 0 Easting, Northing; 1 Name, Easting, Northing; 2 Easting, Northing, Name.\n\n"
+        "Examples:\n"
+        "  quillon show route transit.csv\n"
+        "  quillon show route transit.csv --order 1 --port 50 --starboard 75 --json");
+}
+
+std::string WaypointOrders() {
+    std::string text = "Data orders:\n";
+    for (std::size_t i = 0; i < kWaypointOrders.size(); ++i) {
+        text += Format("  %zu ", i);
+        text += kWaypointOrders[i].text;
+        text += '\n';
+    }
+    return text;
+}
+
+}  // namespace
+
+void AddShowCommands(CLI::App& app, CliContext& context) {
+    CLI::App& show = *app.add_subcommand("show", "What is made of a file, and which of its lines were passed over");
+    show.require_subcommand(1);
+    show.footer(
+        "The report on the lines goes to standard error. Nothing is written to any file.\n\n"
+        "Examples:\n"
+        "  quillon show boundary area.csv\n"
+        "  quillon show waypoint wrecks.csv --order 6 --json\n"
+        "  quillon show pipeline --help");
+
+    AddKind<CBoundary>(show, context, std::make_shared<ShowOptions>(), "boundary",
+                       "Points and drawing options of a boundary", 0)
+        .footer("Examples:\n  quillon show boundary area.csv\n  quillon show boundary 'C:\\Jobs\\area.csv' --json");
+    AddKind<CGridWaypoint>(show, context, std::make_shared<ShowOptions>(), "waypoint", "Points of a waypoint file",
+                           static_cast<int>(kWaypointOrders.size()))
+        .footer(WaypointOrders() +
+                "\nExamples:\n  quillon show waypoint wrecks.csv\n  quillon show waypoint wrecks.csv --order 6 --json");
+    AddPipeline(show, context);
+    AddRoute(show, context);
+    AddKind<CSailLine>(show, context, std::make_shared<ShowOptions>(), "sail-line", "Lines of a sail line file",
+                       static_cast<int>(kSailLineOrderTxt.size()))
+        .footer("Example:\n  quillon show sail-line block-4.csv --json");
+}
+
+}  // namespace quillon
