@@ -20,14 +20,18 @@ PASSED_OVER DecodePoint(std::string_view line, tagXY& point) {
 
 bool CBoundary::Read(std::string_view newPath, ReadReport* report) {
     RemoveAll();
+    RebuildPolygon();
     SetPathAndLoad(newPath);
     CStdioFile file(GetFiles());
-    if (file.OpenForReading(GetPath())) {
-        if (report) report->opened = true;
-        Adopt(ReadRecords<tagXY>(file, DecodePoint, report));
-    }
-    RebuildPolygon();
+    if (file.OpenForReading(GetPath())) ReadFrom(file, report);
     LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
+    return !IsEmpty();
+}
+
+bool CBoundary::ReadFrom(CStdioFile& file, ReadReport* report) {
+    if (report) report->opened = true;
+    Adopt(ReadRecords<tagXY>(file, DecodePoint, report));
+    RebuildPolygon();
     return !IsEmpty();
 }
 

@@ -22,6 +22,8 @@ public:
     /// Reads the file with its flags and drawing options. True if at least one point was taken; a file that can't be
     /// read gives no points and the defaults.
     bool Read(std::string_view path, ReadReport* report = nullptr);
+    /// The points alone, from an opened file. True if one was taken.
+    bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
     /// What stands in the list for a file of no use: its path and one point at 0, 0.
     void MakeStub(std::string_view path);
     void SaveDrawingOptions() const;

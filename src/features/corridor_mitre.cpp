@@ -5,8 +5,8 @@
 namespace quillon {
 namespace {
 
-/// One plus the cosine of a turn, below which it is a reversal: its lines cross beyond a million widths.
-constexpr double kReversal = 1e-12;
+/// The sine of a turn back, below which it is a reversal: its lines cross beyond a million widths.
+constexpr double kReversal = 1e-6;
 
 }  // namespace
 
@@ -25,10 +25,12 @@ CorridorCorner MitreCorner(tagXY before, tagXY at, tagXY after, CorridorWidths w
     CorridorCorner corner = SquareCorner(at, sine, cosine, widths);
     if (inLength == 0.0 || outLength == 0.0) return corner;
     const double lengths = inLength * outLength;
-    const double onePlusCosine = 1.0 + (in.x * out.x + in.y * out.y) / lengths;
-    if (!(onePlusCosine > kReversal)) return corner;
-    // Positive for a turn to starboard, where the starboard corner comes earlier and the port corner later.
-    const double halfTurn = (in.y * out.x - in.x * out.y) / lengths / onePlusCosine;
+    const double turnCosine = (in.x * out.x + in.y * out.y) / lengths;
+    const double turnSine = (in.y * out.x - in.x * out.y) / lengths;
+    if (turnCosine < 0.0 && std::fabs(turnSine) < kReversal) return corner;
+    // Positive for a turn to starboard, where the starboard corner comes earlier and the port corner later. Of the two
+    // forms of the tangent, each side of a right angle has the one that subtracts no nearly equal numbers.
+    const double halfTurn = turnCosine < 0.0 ? (1.0 - turnCosine) / turnSine : turnSine / (1.0 + turnCosine);
     const double port = widths.port * halfTurn;
     const double starboard = widths.starboard * halfTurn;
     corner.port.x += sine * port;

@@ -3,6 +3,7 @@
 #include "foundation/config_file.h"
 #include "foundation/paths.h"
 #include "foundation/settings_lines.h"
+#include "platform/text.h"
 
 namespace quillon {
 
@@ -10,6 +11,12 @@ template <class Lines>
 void EachLine(Lines& lines, RecordOf<CFeatureCommon> auto& feature) {
     lines.Bool("Status", feature.Status);
     lines.Bool("Highlight", feature.Highlight);
+}
+
+/// A data file that is called "INI" itself stands where its flags would: it is data, and neither read as flags nor
+/// replaced by them.
+bool CFeatureCommon::HasFlagsFile() const {
+    return !path.empty() && !EqualNoCase(SplitPath(path).extension, "INI");
 }
 
 void CFeatureCommon::SetPathAndLoad(std::string_view newPath) {
@@ -20,12 +27,12 @@ void CFeatureCommon::SetPathAndLoad(std::string_view newPath) {
     Status = true;
     Highlight = false;
     CConfigFile file(files);
-    if (!path.empty() && file.OpenForReadIn(folder, name)) ReadLines(file, *this);
+    if (HasFlagsFile() && file.OpenForReadIn(folder, name)) ReadLines(file, *this);
 }
 
 void CFeatureCommon::SaveCommon() const {
     CConfigFile file(files);
-    if (path.empty() || !file.OpenForWrite(folder, name)) return;
+    if (!HasFlagsFile() || !file.OpenForWrite(folder, name)) return;
     WriteLines(file, *this);
     file.Commit();
 }

@@ -30,6 +30,8 @@ public:
     bool Highlight = false;  ///< the feature is shown on the cross profile
 
 private:
+    bool HasFlagsFile() const;
+
     FileSystem& files;
     std::string path;
     std::string folder;

@@ -131,7 +131,7 @@ bool CGridWaypoint::Read(std::string_view newPath, ReadReport* report) {
     if (!file.OpenForReading(newPath, FILE_MODE::BINARY)) return false;
     path = newPath;
     LoadSettings();
-    return ReadOpened(file, report);
+    return ReadFrom(file, report);
 }
 
 bool CGridWaypoint::ReadData(std::string_view newPath, ReadReport* report) {
@@ -139,10 +139,10 @@ bool CGridWaypoint::ReadData(std::string_view newPath, ReadReport* report) {
     CStdioFile file(files);
     if (!file.OpenForReading(newPath, FILE_MODE::BINARY)) return false;
     path = newPath;
-    return ReadOpened(file, report);
+    return ReadFrom(file, report);
 }
 
-bool CGridWaypoint::ReadOpened(CStdioFile& file, ReadReport* report) {
+bool CGridWaypoint::ReadFrom(CStdioFile& file, ReadReport* report) {
     if (report) report->opened = true;
     const WaypointOrder& order = Order();
     std::string commas;

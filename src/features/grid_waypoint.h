@@ -83,6 +83,9 @@ public:
     /// As Read, but with the settings as they stand.
     bool ReadData(std::string_view path, ReadReport* report = nullptr);
 
+    /// The points alone, from an opened file, with the settings as they stand. True if one was taken.
+    bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
+
     void LoadSettings();
     /// Skipped if the file can't be written.
     void SaveSettings() const;
@@ -100,7 +103,6 @@ public:
 
 private:
     std::string SettingsName() const;
-    bool ReadOpened(CStdioFile& file, ReadReport* report);
 
     FileSystem& files;
     std::string path;

@@ -46,15 +46,16 @@ PipelineSettings WithoutFile() {
     return settings;
 }
 
-/// Fills the fields that the data order names. Any other order reads nothing.
-void DecodeFields(FieldScanner& fields, int order, PipelineDef& point) {
-    point.easting = point.northing = MISSING_VALUE;
-    if (order < 0 || order > 2) return;
+/// Fills the fields that the data order names. A missing KP is 0.
+PASSED_OVER DecodePoint(std::string_view line, int order, PipelineDef& point) {
+    if (order < 0 || order > 2) return PASSED_OVER::UNKNOWN_ORDER;
+    FieldScanner fields(line);
     if (order == 1) point.kp = fields.NextNumber();
     point.easting = fields.NextNumber();
     point.northing = fields.NextNumber();
     if (order == 2) point.kp = fields.NextNumber();
     if (IsMissing(point.kp)) point.kp = 0.0;
+    return PositionFault(point.easting, point.northing);
 }
 
 }  // namespace
@@ -88,21 +89,22 @@ bool CPipeline::Load(std::string_view newPath, ReadReport* report) {
 bool CPipeline::LoadData(std::string_view newPath, ReadReport* report) {
     path = newPath;
     RemoveAll();
+    kpListing.RemoveAll();
     CStdioFile file(files);
-    if (file.OpenForReading(path)) {
-        if (report) report->opened = true;
-        tagXY last{MISSING_VALUE, MISSING_VALUE};
-        const auto decode = [&](std::string_view line, PipelineDef& point) {
-            FieldScanner fields(line);
-            DecodeFields(fields, dataOrder, point);
-            const PASSED_OVER fault = PositionFault(point.easting, point.northing);
-            if (fault != PASSED_OVER::NO) return fault;
-            if (point.Position() == last) return PASSED_OVER::REPEATED_POSITION;
-            last = point.Position();
-            return PASSED_OVER::NO;
-        };
-        Adopt(ReadRecords<PipelineDef>(file, decode, report));
-    }
+    return file.OpenForReading(path) && ReadFrom(file, report);
+}
+
+bool CPipeline::ReadFrom(CStdioFile& file, ReadReport* report) {
+    if (report) report->opened = true;
+    tagXY last{MISSING_VALUE, MISSING_VALUE};
+    const auto decode = [&](std::string_view line, PipelineDef& point) {
+        const PASSED_OVER fault = DecodePoint(line, dataOrder, point);
+        if (fault != PASSED_OVER::NO) return fault;
+        if (point.Position() == last) return PASSED_OVER::REPEATED_POSITION;
+        last = point.Position();
+        return PASSED_OVER::NO;
+    };
+    Adopt(ReadRecords<PipelineDef>(file, decode, report));
     ComputeLegs();
     ComputeKps();
     ComputeCorridor();
@@ -200,7 +202,9 @@ void CPipeline::ListLeg(const PipelineDef& from, const PipelineDef& to, double& 
     while (increasingKps ? label < to.kp : label > to.kp) {
         // A KP so large that the interval is lost in it would never be passed.
         if (listed.size() >= kMostLabels || label + step == label) return;
-        const double fraction = (label - from.kp) / (to.kp - from.kp);
+        // A label rounded to just short of the first KP may stand in a leg without a length in KPs.
+        const double length = to.kp - from.kp;
+        const double fraction = length == 0.0 ? 0.0 : (label - from.kp) / length;
         entry.kp = label;
         entry.position = {from.easting + fraction * (to.easting - from.easting),
                           from.northing + fraction * (to.northing - from.northing)};

@@ -79,6 +79,8 @@ public:
     bool Load(std::string_view path, ReadReport* report = nullptr);
     /// As Load, but with the settings as they stand.
     bool LoadData(std::string_view path, ReadReport* report = nullptr);
+    /// The points alone, from an opened file, and what is worked out from them. True if one was taken.
+    bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
     /// Forgets the path, the points and the labels. The settings stay.
     void Clear();
 

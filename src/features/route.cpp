@@ -101,13 +101,15 @@ bool CRoute::ReadPoints(ReadReport* report) {
     firstWork = -2;
     secondWork = -1;
     CStdioFile file(GetFiles());
-    if (file.OpenForReading(GetPath())) {
-        if (report) report->opened = true;
-        const auto decode = [this](std::string_view line, RouteDef& record) {
-            return DecodePoint(line, dataOrder, record);
-        };
-        Adopt(ReadRecords<RouteDef>(file, decode, report));
-    }
+    return file.OpenForReading(GetPath()) && ReadFrom(file, report);
+}
+
+bool CRoute::ReadFrom(CStdioFile& file, ReadReport* report) {
+    if (report) report->opened = true;
+    const auto decode = [this](std::string_view line, RouteDef& record) {
+        return DecodePoint(line, dataOrder, record);
+    };
+    Adopt(ReadRecords<RouteDef>(file, decode, report));
     FillLegs();
     RenewNames();
     return !IsEmpty();

@@ -64,6 +64,8 @@ public:
     bool Read(std::string_view path, ReadReport* report = nullptr);
     /// The points alone, by the data order as it stands.
     bool ReadPoints(ReadReport* report = nullptr);
+    /// The same from an opened file.
+    bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
     /// What stands in the list for a file of no use: its path and one record of zeros.
     void MakeStub(std::string_view path);
 

@@ -39,13 +39,15 @@ bool CSailLine::Read(std::string_view newPath, ReadReport* report) {
 bool CSailLine::ReadLines(ReadReport* report) {
     RemoveAll();
     CStdioFile file(GetFiles());
-    if (file.OpenForReading(GetPath())) {
-        if (report) report->opened = true;
-        const auto decode = [this](std::string_view line, SailLineDef& record) {
-            return DecodeLine(line, dataOrder, record);
-        };
-        Adopt(ReadRecords<SailLineDef>(file, decode, report));
-    }
+    return file.OpenForReading(GetPath()) && ReadFrom(file, report);
+}
+
+bool CSailLine::ReadFrom(CStdioFile& file, ReadReport* report) {
+    if (report) report->opened = true;
+    const auto decode = [this](std::string_view line, SailLineDef& record) {
+        return DecodeLine(line, dataOrder, record);
+    };
+    Adopt(ReadRecords<SailLineDef>(file, decode, report));
     return !IsEmpty();
 }
 

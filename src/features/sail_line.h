@@ -34,6 +34,8 @@ public:
     bool Read(std::string_view path, ReadReport* report = nullptr);
     /// The lines alone, by the data order as it stands; any order but 0 gives none.
     bool ReadLines(ReadReport* report = nullptr);
+    /// The same from an opened file.
+    bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
     void AddEmpty() { Add(SailLineDef()); }
     /// What stands in the list for a file of no use: its path and one empty record.
     void MakeStub(std::string_view path);
