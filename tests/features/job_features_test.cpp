@@ -1,0 +1,92 @@
+#include "features/job_features.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "support/scratch_drives.h"
+
+namespace quillon {
+namespace {
+
+struct CommitCounter : CommitObserver {
+    void OnCommitted(const FileCommit& commit) override { paths.push_back(commit.path); }
+    std::vector<std::string> paths;
+};
+
+class JobFeaturesTest : public testing::Test {
+protected:
+    JobFeaturesTest() {
+        drives.MakeFolder("C:\\MyData");
+        drives.MakeFolder("C:\\MySettings");
+        for (const char* stem : {"A", "B"}) {
+            drives.Write(std::string("C:\\Job\\") + stem + ".csv", "1,2,3,4\n5,6,7,8\n9,9,9,9\n");
+        }
+        drives.AddDrive('d');
+        drives.Write("D:\\Job\\Away.csv", "1,2,3,4\n5,6,7,8\n");
+    }
+    std::vector<CFileListBase*> Lists(JobFeatures& job) {
+        return {&job.boundaries, &job.waypoints, &job.pipelines, &job.routes, &job.sailLines};
+    }
+
+    ScratchDrives drives;
+};
+
+// A start with a drive that isn't there, then one with it: every list is as it was, and the files on the disk too.
+TEST_F(JobFeaturesTest, MissingFilesKeepTheirPlace) {
+    const std::vector<std::string> paths = {"C:\\Job\\A.csv", "D:\\Job\\Away.csv", "C:\\Job\\B.csv"};
+    JobFeatures first(drives);
+    for (CFileListBase* list : Lists(first)) {
+        for (const std::string& path : paths) EXPECT_TRUE(list->Add(path));
+        list->SetEditCursor(2, 1);
+        list->Save();
+    }
+    first.pipeRoute.Load("D:\\Job\\Away.csv");
+    first.pipeRoute.WriteActive();
+
+    const auto away = drives.Root() / "d";
+    const auto hidden = drives.Root() / "elsewhere";
+    std::filesystem::rename(away, hidden);
+    CommitCounter commits;
+    drives.Files().SetCommitObserver(&commits);
+    for (const bool there : {false, true}) {
+        if (there) std::filesystem::rename(hidden, away);
+        JobFeatures job(drives);
+        job.Load();
+        for (CFileListBase* list : Lists(job)) {
+            SCOPED_TRACE(list->GetSettingsName());
+            ASSERT_EQ(list->GetCount(), 3);
+            for (int i = 0; i < 3; ++i) EXPECT_EQ(list->GetPath(i), paths[static_cast<std::size_t>(i)]);
+            EXPECT_GE(list->GetPointCount(2), 2);
+            const bool kept = list != &job.waypoints && list != &job.pipelines;
+            EXPECT_EQ(list->editState.editFileIndex, kept ? 2 : -1);
+            EXPECT_EQ(list->editState.editPointIndex, kept ? 1 : -1);
+        }
+        EXPECT_EQ(job.pipelines.GetPointCount(1), there ? 2 : 0);
+        EXPECT_EQ(job.pipeRoute.GetPath(), "D:\\Job\\Away.csv");
+        EXPECT_EQ(job.pipeRoute.GetSize(), there ? 2 : 0);
+    }
+    drives.Files().SetCommitObserver(nullptr);
+    EXPECT_EQ(commits.paths, std::vector<std::string>());
+}
+
+TEST_F(JobFeaturesTest, StandsUpToDamagedListFiles) {
+    for (const char* list :
+         {"", "[Boundary]", "\n\n", "[Boundary]\r\n\r\n  \r\nC:\\Job\\A.csv\r\nc:\\job\\a.CSV\r\n"}) {
+        drives.Write("C:\\MySettings\\Host\\Boundary_List.FLS", list);
+        for (const char* indexes : {"", "x", "a = 9\r\nb = 9\r\n", "a = -7\r\nb = -7\r\n", "a = 0\r\nb = 99999\r\n"}) {
+            drives.Write("C:\\MySettings\\Host\\Boundary_List.INI", indexes);
+            JobFeatures job(drives);
+            job.Load();
+            const FeatureEditState& state = job.boundaries.editState;
+            EXPECT_LE(job.boundaries.GetCount(), 1);
+            EXPECT_TRUE(state.editFileIndex == -1 || job.boundaries.IsValidIndex(state.editFileIndex));
+            EXPECT_EQ(state.editPointIndex, -1);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace quillon
