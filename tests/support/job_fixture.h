@@ -10,6 +10,7 @@
 #include "features/job_features.h"
 #include "frame/messages.h"
 #include "platform/headless.h"
+#include "platform/property_rows.h"
 #include "platform/text.h"
 #include "platform/user_actions.h"
 #include "support/scratch_drives.h"
