@@ -1,0 +1,47 @@
+#pragma once
+
+// What the fuzz targets of the feature readers share.
+
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <string_view>
+
+#include "features/read_report.h"
+#include "foundation/values.h"
+#include "platform/file.h"
+
+namespace fuzz {
+
+inline void Require(bool held) {
+    if (!held) std::abort();
+}
+
+inline quillon::FileSystem& Files() {
+    // Nothing is written to it; the file system only wants a drives folder.
+    static quillon::FileSystem files(std::filesystem::temp_directory_path() / "quillon-fuzz");
+    return files;
+}
+
+/// Reads the bytes into the feature and checks the count of what was taken against the report.
+template <class Feature>
+quillon::ReadReport ReadBytes(Feature& feature, std::string_view bytes) {
+    quillon::CStdioFile file(Files());
+    file.OpenBytes(bytes);
+    quillon::ReadReport report;
+    const bool taken = feature.ReadFrom(file, &report);
+    Require(taken == !feature.IsEmpty());
+    Require(report.taken == static_cast<std::size_t>(feature.GetSize()));
+    Require(report.lines == report.taken + report.passedOver);
+    Require(report.named.size() <= quillon::ReadReport::kMostNamed);
+    return report;
+}
+
+/// A position that may have been taken from a file.
+inline bool IsPosition(quillon::tagXY at) {
+    const bool missing = quillon::IsMissing(at.x) || quillon::IsMissing(at.y);
+    return !missing && !std::isnan(at.x) && !std::isnan(at.y) && !(at.x == 0.0 && at.y == 0.0);
+}
+
+}  // namespace fuzz
