@@ -99,6 +99,32 @@ TEST(VisibleLine, DrawsOnlyPartOfWhatLiesOverItselfButItsExtremes) {
     EXPECT_NEAR(drawn.maxY, low.y, 0.5);
 }
 
+TEST(VisibleLine, CoversAViewThatItsLinesCrossAllOverWithoutDrawingThemAll) {
+    const std::vector<tagXY> noise = Coast(100000, 5000);
+    const PathLod lod(noise, {}, true);
+    const DrawingLimits limits{.mostPixels = 1e5};
+    PixelLines lines;
+    for (const double scale : {60.0, 5.0, 0.5}) {
+        VisibleLine(lod, ViewOf({500000, 6010000}, scale), limits, lines);
+        double length = 0;
+        bool cells[4][3] = {};
+        for (std::size_t run = 0; run < lines.runs.size(); ++run) {
+            for (std::size_t i = lines.runs[run].first; i + 1 < lines.EndOf(run); ++i) {
+                const PixelPoint a = lines.points[i], b = lines.points[i + 1];
+                length += std::hypot(b.x - a.x, b.y - a.y);
+                for (double t = 0; t < 1; t += 0.02) {
+                    const double x = (a.x + (b.x - a.x) * t) / 100, y = (a.y + (b.y - a.y) * t) / 100;
+                    if (x >= 0 && x < 4 && y >= 0 && y < 3) cells[static_cast<int>(x)][static_cast<int>(y)] = true;
+                }
+            }
+        }
+        EXPECT_LE(length, 2e5) << scale;
+        if (scale < 10) {
+            for (const auto& column : cells) EXPECT_TRUE(column[0] && column[1] && column[2]) << scale;
+        }
+    }
+}
+
 int Winding(const PixelPoint* begin, const PixelPoint* end, double x, double y) {
     int winding = 0;
     for (const PixelPoint* p = begin; p != end; ++p) {

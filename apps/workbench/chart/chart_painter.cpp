@@ -19,6 +19,8 @@ constexpr double kTolerance = 0.4;
 /// An area's edge runs below its line, and may be coarser.
 constexpr double kAreaTolerance = 0.8;
 constexpr std::size_t kMostAreaVertices = 6000;
+/// Each row of pixels that an edge runs through costs 0.1 microseconds.
+constexpr double kMostAreaPixels = 1.2e5;
 constexpr std::size_t kMostSmoothAreaVertices = 1500;
 /// Areas let show through what they cover, and never outshine the lines round them.
 constexpr int kSolidAlpha = 84;
@@ -118,8 +120,11 @@ private:
         COLORREF colour = 0;
     };
 
-    DrawingLimits Limits(double tolerance, double width, std::size_t mostVertices) const {
-        return {tolerance / reach.scale, mostVertices, width + 4.0};
+    DrawingLimits AreaLimits() const {
+        return {kAreaTolerance / reach.scale, kMostAreaVertices, kMostAreaPixels / reach.scale, 4.0};
+    }
+    DrawingLimits LineLimits(double width) const {
+        return {kTolerance / reach.scale, MostLineVertices(width, reach), MostLinePixels(width, reach), width + 4.0};
     }
     void Ground();
     void GridLines(const ChartGrid& grid);
@@ -211,7 +216,7 @@ void ChartPaint::Areas() {
             const ChartPath& path = scene.layers[layer].paths[i];
             const PathLod& lod = owner.paths.Of(layer, i);
             if (path.fill.style == kFillNone || !lod.Box().Meets(world)) continue;
-            VisibleArea(lod, view, Limits(kAreaTolerance, 1.0, kMostAreaVertices), owner.lines);
+            VisibleArea(lod, view, AreaLimits(), owner.lines);
             Area(path.fill, IsUsable(path.line), owner.lines);
         }
         for (const ChartCircle& circle : scene.layers[layer].circles) CircleArea(circle);
@@ -252,8 +257,7 @@ void ChartPaint::LayerLinesAndMarks(std::size_t layer) {
         const ChartLine& line = source.paths[i].line;
         const PathLod& lod = owner.paths.Of(layer, i);
         if (!IsUsable(line) || !lod.Box().Meets(world)) continue;
-        VisibleLine(lod, view, Limits(kTolerance, line.thickness, MostLineVertices(line.thickness, reach)),
-                    owner.lines);
+        VisibleLine(lod, view, LineLimits(line.thickness), owner.lines);
         const CPen pen{line.style, line.thickness, FeatureColour(line.colour, night)};
         PaintLines(painter, reach, pen, owner.lines, owner.dashes);
     }

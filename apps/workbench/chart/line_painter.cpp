@@ -21,6 +21,9 @@ constexpr std::size_t kMostSmoothThin = 20000;
 constexpr std::size_t kMostSmoothWide = 5000;
 constexpr std::size_t kMostRoundJoins = 1500;
 constexpr std::size_t kPiece = 64;
+// A pixel of a smooth thin line costs about 10 nanoseconds.
+constexpr double kMostThinPixels = 8e5;
+constexpr double kMostWidePixels = 6e5;
 /// Beyond that many, level and upright segments are too short to matter.
 constexpr std::size_t kMostCrisp = 4000;
 /// Beyond that many vertices the gaps between dashes would be filled by neighbours.
@@ -86,6 +89,10 @@ PaintTarget::PaintTarget(const QPainter& painter) : scale(std::abs(painter.devic
 
 std::size_t MostLineVertices(double width, const PaintTarget& target) {
     return IsThin(width, target) ? kMostThin : kMostWide;
+}
+
+double MostLinePixels(double width, const PaintTarget& target) {
+    return (IsThin(width, target) ? kMostThinPixels : kMostWidePixels / (width * target.scale)) / target.scale;
 }
 
 void PaintLines(QPainter& painter, const PaintTarget& target, const CPen& pen, PixelLines& lines, PixelLines& scratch) {

@@ -16,6 +16,8 @@ struct PaintTarget {
 
 /// How many vertices of a line of some pixels can be drawn in a fraction of a frame.
 std::size_t MostLineVertices(double width, const PaintTarget& target);
+/// The same for their length in pixels.
+double MostLinePixels(double width, const PaintTarget& target);
 
 /// Draws lines, and as well as their number allows: with round joins and smooth where there are few, segment by segment
 /// and at last without smoothing where there are thousands. Level and upright lines are set on whole pixels. `lines` is

@@ -15,7 +15,7 @@ constexpr std::size_t kFewPoints = 128;
 constexpr std::size_t kSamples = 1024;
 
 double Distance(tagXY a, tagXY b) {
-    return std::hypot(b.x - a.x, b.y - a.y);
+    return std::sqrt((b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y));
 }
 
 }  // namespace
@@ -69,9 +69,9 @@ void PathLod::MakeCoarserLevels() {
     for (; tolerance > 0 && tolerance < extent; tolerance *= 2.0) {
         const std::size_t last = levels.back().count;
         if (last <= kFewPoints + 2 * levels.back().parts.size()) return;
-        // What a level is made from may be off already. An eighth of the tolerance costs next to no vertices, and a
-        // level as fine as that next to no time.
-        const Level& from = For(tolerance / 8.0);
+        // What a level is made from may be off already. A quarter of the tolerance costs few vertices more, and saves
+        // passes over the whole path.
+        const Level& from = For(tolerance / 4.0);
         if (ExpectedCount(from, tolerance) > 0.6 * static_cast<double>(last)) continue;
         Level coarser = Coarser(from, tolerance);
         if (coarser.count > last / 2) continue;

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <span>
+#include <utility>
 
 #include "chart/line_clip.h"
 
@@ -27,7 +28,7 @@ struct Projection {
 };
 
 double PixelDistance(PixelPoint a, PixelPoint b) {
-    return std::hypot(b.x - a.x, b.y - a.y);
+    return std::sqrt((b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y));
 }
 
 /// How many vertices make one stretch, so that of each its outermost points suffice; 1 to draw every one.
@@ -159,6 +160,34 @@ void EndArea(const ChartBox& box, bool isInside, std::vector<PixelPoint>& ring, 
     ring.clear();
 }
 
+double LengthOf(const PixelLines& lines, std::size_t run) {
+    double length = 0.0;
+    for (std::size_t i = lines.runs[run].first; i + 1 < lines.EndOf(run); ++i) {
+        length += PixelDistance(lines.points[i], lines.points[i + 1]);
+    }
+    return length;
+}
+
+/// Leaves of lines that are together too long about as much as may be drawn: of many short runs some, of long ones the
+/// outermost points of each stretch.
+void CutLength(double mostPixels, PixelLines& lines) {
+    constexpr std::size_t kShortRun = 16, kDrawnOfAStretch = 5;
+    double length = 0.0;
+    for (std::size_t run = 0; run < lines.runs.size(); ++run) length += LengthOf(lines, run);
+    if (length <= mostPixels) return;
+    const auto factor = static_cast<std::size_t>(std::ceil(length / mostPixels));
+    const bool areShort = lines.points.size() < kShortRun * lines.runs.size();
+    PixelLines kept;
+    const auto take = [&kept](PixelPoint p) { kept.points.push_back(p); };
+    for (std::size_t run = 0; run < lines.runs.size(); run += areShort ? factor : 1) {
+        kept.runs.push_back({kept.points.size(), lines.runs[run].distance});
+        Stretches reduced(areShort ? 1 : kDrawnOfAStretch * factor, take);
+        for (std::size_t i = lines.runs[run].first; i < lines.EndOf(run); ++i) reduced.Add(lines.points[i]);
+        reduced.Finish();
+    }
+    lines = std::move(kept);
+}
+
 /// Cells of the grid, each free or taken.
 class Cells {
 public:
@@ -216,6 +245,7 @@ void VisibleLine(const PathLod& path, const ChartView& view, const DrawingLimits
     }
     if (joined != PathLod::kNone) reduced.Add(project(points[joined]));
     reduced.Finish();
+    CutLength(limits.mostPixels, lines);
 }
 
 void ClipLine(std::span<const PixelPoint> points, const ChartBox& box, PixelLines& lines) {
@@ -252,6 +282,7 @@ void VisibleArea(const PathLod& path, const ChartView& view, const DrawingLimits
     }
     reduced.Finish();
     EndArea(box, isInside, ring, areas);
+    CutLength(limits.mostPixels, areas);
 }
 
 void VisibleMarks(const PathLod& path, const ChartView& view, double cellPixels, std::vector<PixelMark>& marks) {

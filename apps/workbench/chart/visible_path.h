@@ -18,6 +18,9 @@ struct DrawingLimits {
     /// More vertices than this are drawn only in part: of each stretch its ends and its outermost points, which looks
     /// like the whole where so many lines lie over one another.
     std::size_t mostVertices = 16000;
+    /// The same for the length of all that is drawn, in pixels: lines that cross the whole view cost more than their
+    /// number tells, and cover it long before.
+    double mostPixels = 1e6;
     /// Pixels round the view that are drawn too.
     double margin = 16.0;
 };
