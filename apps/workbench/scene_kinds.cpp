@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
+#include "foundation/angle_units.h"
 #include "panes/table_texts.h"
 #include "platform/text.h"
 #include "workbench/scene_builder.h"
@@ -17,7 +19,9 @@ constexpr int kOutsideGap = 3;
 /// the colours of areas are dimmed.
 constexpr COLORREF kAreaInk = RGB(48, 48, 48);
 constexpr COLORREF kSymbolOutline = RGB(0, 0, 0);
-/// The layer of the one active pipe route, which is no list.
+/// Range rings of one waypoint: as many as the pane offers.
+constexpr int kMostRings = 25;
+/// The layer of the one active pipe route: it is in no list, so no point of it can be chosen.
 constexpr std::uint64_t kPipeRouteLayer = 100;
 
 enum LABEL_MODE { LABEL_NONE, LABEL_NAME, LABEL_COORDINATES, LABEL_NAME_COORDINATES, LABEL_DESCRIPTION };
@@ -135,14 +139,16 @@ void AddBoundaries(SceneBuilder& scene) {
 
 // ---- Pipelines ----
 
+/// KPs stand across their line, on its starboard side, as far off as the listing says.
 void AddKpTexts(ChartLayer& layer, const CPipeline& pipeline) {
-    for (std::ptrdiff_t i = 0; i < pipeline.GetKpListing().GetSize(); ++i) {
-        const KPListingDef& kp = pipeline.GetKpListing()[i];
+    layer.texts.reserve(layer.texts.size() + static_cast<std::size_t>(pipeline.GetKpListing().GetSize()));
+    for (const KPListingDef& kp : pipeline.GetKpListing()) {
         ChartText text;
         text.at = kp.position;
         text.text = kp.text;
+        text.along = (90 - kp.rotation) * kRadiansPerDegree;
         text.position = SIDE_RIGHT;
-        text.gap = kOutsideGap + pipeline.linePen.thickness;
+        text.gap = static_cast<int>(std::lround(std::hypot(kp.offsetX, kp.offsetY)));
         text.colour = pipeline.linePen.colour;
         layer.texts.push_back(std::move(text));
     }
@@ -163,6 +169,7 @@ void AddPipeline(SceneBuilder& scene, const CPipeline& pipeline, int file) {
     ChartPath path = SceneBuilder::PathOver(
         KeepRecords(scene, pipeline.GetPath(), pipeline, [](const PipelineDef& point) { return point.Position(); }));
     path.line = {pipeline.linePen.colour, pipeline.linePen.thickness, pipeline.linePen.style};
+    path.canBeHit = file >= 0;
     AddKpTexts(scene.Layer(), pipeline);
     scene.AddPath(file, std::move(path));
 }
@@ -234,6 +241,7 @@ void AddSailLines(SceneBuilder& scene) {
         ChartPath path = SceneBuilder::PathOver(kept);
         for (std::size_t line = 1; line < count; ++line) path.starts.push_back(static_cast<std::uint32_t>(2 * line));
         path.line = {lines.pen.colour, lines.pen.thickness, lines.pen.style};
+        path.arrows = true;
         std::vector<std::string> names;
         for (std::size_t line = 0; line < count; ++line) {
             names.push_back(Format("%zu", line + 1));
@@ -249,23 +257,30 @@ void AddSailLines(SceneBuilder& scene) {
 
 // ---- Waypoints ----
 
-void AddRing(ChartLayer& layer, tagXY centre, double radius, COLORREF colour) {
-    if (radius > 0.0) layer.circles.push_back({centre, radius, {colour, 1, PS_SOLID}, {}});
+void AddRing(ChartLayer& layer, tagXY centre, double radius, COLORREF colour, int style = PS_SOLID) {
+    if (radius > 0.0 && !IsMissing(radius)) layer.circles.push_back({centre, radius, {colour, 1, style}, {}});
 }
 
-/// Range rings, or in the cable form the circle that the cable must keep clear of.
+/// What the cable alarm keeps an eye on: the obstruction itself, or the tolerance where it has no radius, and dashed
+/// round it the distance to stay clear of it.
+void AddAlarmCircles(ChartLayer& layer, const CGridWaypoint& waypoints, const GridWaypointDef& point) {
+    const tagXY centre{point.easting, point.northing};
+    const bool hasRadius = point.radius > 0.0 && !IsMissing(point.radius);
+    const double tolerance = hasRadius ? point.radius : waypoints.tolerance;
+    AddRing(layer, centre, tolerance, waypoints.colour);
+    if (waypoints.clearance > 0.0) AddRing(layer, centre, tolerance + waypoints.clearance, waypoints.colour, PS_DASH);
+}
+
 void AddRings(ChartLayer& layer, const CGridWaypoint& waypoints) {
     if (!waypoints.drawRings) return;
-    for (std::ptrdiff_t i = 0; i < waypoints.GetSize(); ++i) {
-        const GridWaypointDef& point = waypoints[i];
-        const tagXY centre{point.easting, point.northing};
+    const int count = std::min<int>(waypoints.ringCount, kMostRings);
+    for (const GridWaypointDef& point : waypoints) {
         if (waypoints.catenaryMode) {
-            const double tolerance = point.radius > 0.0 ? point.radius : waypoints.tolerance;
-            AddRing(layer, centre, tolerance, waypoints.colour);
+            AddAlarmCircles(layer, waypoints, point);
             continue;
         }
-        for (int ring = 1; ring <= waypoints.ringCount; ++ring) {
-            AddRing(layer, centre, ring * waypoints.ringSizeMetres, waypoints.ringColour);
+        for (int ring = 1; ring <= count; ++ring) {
+            AddRing(layer, {point.easting, point.northing}, ring * waypoints.ringSizeMetres, waypoints.ringColour);
         }
     }
 }

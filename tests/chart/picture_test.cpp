@@ -4,6 +4,7 @@
 
 #include <QGuiApplication>
 #include <QImage>
+#include <numbers>
 
 #include "chart/chart_painter.h"
 #include "chart/qpainter_device.h"
@@ -154,6 +155,42 @@ TEST_F(ChartPicture, RingsTextsAndThePointShown) {
     EXPECT_EQ(Others(image, QRect(122, 151, 60, 60), ColoursOf(false).ground), 0);
     EXPECT_EQ(ColourAt(image, 250 + 11, 200), ColoursOf(false).shown);
     EXPECT_EQ(ColourAt(image, 250, 200), ColoursOf(false).ground);  // the point itself stays free
+}
+
+TEST_F(ChartPicture, ATextAcrossALineBeginsOnTheSideItIsMeantFor) {
+    struct Row {
+        double along;
+        LABEL_POSITION position;
+        QRect drawn, free;  ///< east or west of the place at pixel 200,150
+    };
+    const QRect east(212, 143, 26, 14), west(162, 143, 26, 14);
+    for (const Row& row : {Row{0.5, 4, east, west}, Row{1.5, 4, west, east}, Row{0.5, 3, west, east}}) {
+        ChartScene scene;
+        scene.layers.push_back({.id = 1, .paths = {}, .circles = {}, .texts = {}});
+        scene.layers[0].texts.push_back({.at = {0, 0},
+                                         .text = "12.5",
+                                         .along = row.along * std::numbers::pi,
+                                         .position = row.position,
+                                         .gap = 10,
+                                         .colour = 0});
+        const QImage image = Paint(scene, false);
+        EXPECT_GT(Others(image, row.drawn, ColoursOf(false).ground), 20) << row.along << ' ' << row.position;
+        EXPECT_EQ(Others(image, row.free, ColoursOf(false).ground), 0) << row.along << ' ' << row.position;
+    }
+}
+
+TEST_F(ChartPicture, AnArrowPointsAlongItsLegAndIsLeftOutOnAShortOne) {
+    std::vector<tagXY> points = Points("-60,30 60,30 60,-40 90,-40");
+    ChartPath path;
+    path.points = points;
+    path.starts = {2};
+    path.line = {RGB(255, 0, 0), 1, PS_SOLID};
+    path.arrows = true;
+    const QImage image = Paint(SceneOf(path), false);
+    const auto height = [&](int x) { return Others(image, QRect(x, 110, 1, 21), ColoursOf(false).ground); };
+    EXPECT_GT(height(197), height(201)) << "wide behind, a point ahead";
+    EXPECT_GT(height(201), height(170));
+    EXPECT_EQ(Others(image, QRect(264, 180, 22, 8), ColoursOf(false).ground), 0) << "the short line has none";
 }
 
 TEST_F(ChartPicture, TakesPointsOfNoUse) {

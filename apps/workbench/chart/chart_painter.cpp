@@ -1,6 +1,7 @@
 #include "chart/chart_painter.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -33,6 +34,7 @@ constexpr double kLeastCell = 14.0;
 constexpr double kRoomRoundLabels = 3.0;
 constexpr double kLeastLegPixels = 56.0;
 constexpr int kLegTextGap = 3;
+constexpr double kLeastArrowLegPixels = 40.0;
 /// Of the ground behind texts without a frame.
 constexpr int kPatchAlpha = 208;
 constexpr double kLeastCirclePixels = 1.0;
@@ -133,6 +135,7 @@ private:
     void LayerLinesAndMarks(std::size_t layer);
     void Circle(const ChartCircle& circle);
     void CircleArea(const ChartCircle& circle);
+    void Arrows(std::size_t layer, std::size_t path);
     void Marks(std::size_t layer, std::size_t path);
     void Symbol(const ChartMarks& style, PixelPoint at);
     void CollectLegs(std::size_t layer, std::size_t path);
@@ -263,10 +266,30 @@ void ChartPaint::LayerLinesAndMarks(std::size_t layer) {
     }
     for (std::size_t i = 0; i < source.paths.size(); ++i) {
         if (!owner.paths.Of(layer, i).Box().Meets(world)) continue;
+        Arrows(layer, i);
         Marks(layer, i);
         CollectLegs(layer, i);
     }
     CollectTexts(source);
+}
+
+void ChartPaint::Arrows(std::size_t layer, std::size_t path) {
+    const ChartPath& source = scene.layers[layer].paths[path];
+    if (!source.arrows || !IsUsable(source.line)) return;
+    VisibleLegs(owner.paths.Of(layer, path), view, kLeastArrowLegPixels, owner.legs);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ToQColor(FeatureColour(source.line.colour, night)));
+    const double half = 2.5 + source.line.thickness;
+    for (const PixelLeg& leg : owner.legs) {
+        const double dx = leg.to.x - leg.from.x, dy = leg.to.y - leg.from.y, length = std::hypot(dx, dy);
+        const QPointF middle(leg.from.x + 0.5 * dx, leg.from.y + 0.5 * dy);
+        const QPointF ahead(half * dx / length, half * dy / length), across(-0.7 * ahead.y(), 0.7 * ahead.x());
+        const std::array<QPointF, 3> head = {middle + 1.4 * ahead, middle - 1.4 * ahead + across,
+                                             middle - 1.4 * ahead - across};
+        painter.drawPolygon(head.data(), static_cast<int>(head.size()));
+    }
+    painter.setBrush(Qt::NoBrush);
 }
 
 void ChartPaint::Marks(std::size_t layer, std::size_t path) {
@@ -406,7 +429,9 @@ void ChartPaint::Turned(PixelPoint at, double angle, double room, LABEL_POSITION
     if (turned.width + 8.0 > room) return;
     const double side = position == 1 ? -1.0 : position == 2 ? 1.0 : 0.0;
     const double away = side * (0.5 * turned.height + gap);
-    turned.middle = {at.x - away * std::sin(turned.angle), at.y + away * std::cos(turned.angle)};
+    const double ahead = (position == 4 ? 1.0 : position == 3 ? -1.0 : 0.0) * (0.5 * turned.width + gap);
+    turned.middle = {at.x - away * std::sin(turned.angle) + ahead * std::cos(angle),
+                     at.y + away * std::cos(turned.angle) + ahead * std::sin(angle)};
     if (!owner.places.Take(turned.Boxes())) return;
     const QTransform before = painter.transform();
     painter.translate(turned.middle.x, turned.middle.y);

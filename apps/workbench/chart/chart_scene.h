@@ -61,6 +61,8 @@ struct ChartPath {
     ChartMarks marks;
     /// Along the leg from a point to the next, where the leg is long enough for its text.
     ChartTextOf legText;
+    /// A small head halfway along each leg that is long enough, in the direction of the points.
+    bool arrows = false;
     bool canBeHit = true;
 };
 
@@ -77,6 +79,9 @@ struct ChartText {
     std::string text;
     /// The bearing (radians, clockwise from north) of the line that the text stands along; it is drawn so that it can
     /// be read. None: level.
+    ///
+    /// A text along a line stands on the place itself, above (1) or below (2) it, or so that the line leads to it: the
+    /// text begins behind the place (4) or ends before it (3), as seen in the direction of the bearing.
     std::optional<double> along;
     /// What the text must fit, in metres; 0 for anything.
     double room = 0.0;
