@@ -136,7 +136,7 @@ void CPipeline::ReadSettings() {
 
 void CPipeline::WriteSettings() const {
     CConfigFile file(files);
-    if (!file.OpenSettingsForWrite(SettingsName())) return;
+    if (path.empty() || !file.OpenSettingsForWrite(SettingsName())) return;
     WriteLines(file, static_cast<const PipelineSettings&>(*this));
     file.Commit();
 }
