@@ -112,7 +112,7 @@ void PrintGridInfo(CliContext& context, const GridChoice& choice) {
 
 void PrintGsb(CliContext& context, const std::string& path, bool headerOnly) {
     CStdioFile file(context.Files());
-    if (!file.OpenForReading(path, FILE_MODE::BINARY)) return context.Fail(path, "can't be read");
+    if (!file.OpenForReading(TextFromUtf8(path), FILE_MODE::BINARY)) return context.Fail(path, "can't be read");
     const std::shared_ptr<const GsbFile> gsb = ReadGsb(file);
     if (!gsb || gsb->header.Keyword(NUM_OREC) != kGsbRecords[NUM_OREC].keyword) {
         return context.Fail(path, "isn't a little-endian NTv2 file, or is cut short");

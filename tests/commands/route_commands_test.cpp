@@ -28,12 +28,12 @@ TEST_F(RewriteRoute, KeepsPointsAndNamesInTheNewOrder) {
     const CliOutcome named = Run({"--order", "1"});
     EXPECT_EQ(named.code, CLI_OK) << named.err;
     EXPECT_EQ(named.out, "C:\\Job\\transit.csv: 2 points written as Name, Easting, Northing\n");
-    EXPECT_EQ(drives.Read(kFile), "WPT 1,451000.123,6712000.000\r\nWPT 2,451300.000,6712400.000\r\n");
+    EXPECT_EQ(drives.Read(kFile), "WPT 1, 451000.123, 6712000.000\r\nWPT 2, 451300.000, 6712400.000\r\n");
     EXPECT_EQ(drives.Read(kOrderFile), "Data Order = 1\r\n");
 
     // The order just stored is the one that it is read by now.
     EXPECT_EQ(Run({"--order", "2"}).code, CLI_OK);
-    EXPECT_EQ(drives.Read(kFile), "451000.123,6712000.000,WPT 1\r\n451300.000,6712400.000,WPT 2\r\n");
+    EXPECT_EQ(drives.Read(kFile), "451000.123, 6712000.000, WPT 1\r\n451300.000, 6712400.000, WPT 2\r\n");
 }
 
 TEST_F(RewriteRoute, AsksBeforeAnythingIsLost) {
@@ -47,13 +47,13 @@ TEST_F(RewriteRoute, AsksBeforeAnythingIsLost) {
         {"Transit\n1, 2\n0, 0\n3, 4\n",
          {"--order", "0"},
          "4 lines, 2 taken, 2 passed over\n  line 1: no easting\n  line 3: 0, 0 stands for no position\n",
-         "1.000,2.000\r\n3.000,4.000\r\n"},
+         "1.000, 2.000\r\n3.000, 4.000\r\n"},
         {"1, 2, 15.5\n3, 4\n",
          {"--order", "0"},
          "1 lines hold more than their data order names\n",
-         "1.000,2.000\r\n3.000,4.000\r\n"},
-        {"Pilot, 1, 2\n", {"--from", "1", "--order", "0"}, "data order 0 has none\n", "1.000,2.000\r\n"},
-        {"Pilot, 1, 2, 9\n", {"--from", "1", "--order", "2"}, "hold more", "1.000,2.000,Pilot\r\n"},
+         "1.000, 2.000\r\n3.000, 4.000\r\n"},
+        {"Pilot, 1, 2\n", {"--from", "1", "--order", "0"}, "data order 0 has none\n", "1.000, 2.000\r\n"},
+        {"Pilot, 1, 2, 9\n", {"--from", "1", "--order", "2"}, "hold more", "1.000, 2.000, Pilot\r\n"},
     };
     for (Row row : rows) {
         drives.Write(kFile, row.bytes);
