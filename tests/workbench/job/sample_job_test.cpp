@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <fstream>
 #include <set>
 
 #include "platform/headless.h"
@@ -15,9 +16,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class SampleJobTest : public ::testing::Test {
+class SampleFilesTest : public ::testing::Test {
 protected:
-    SampleJobTest() : platform(drives.Root(), "C:\\Programs\\Quillon.exe"), features(platform.Files()) {
+    SampleFilesTest() : platform(drives.Root(), "C:\\Programs\\Quillon.exe"), features(platform.Files()) {
         fs::copy(QUILLON_SAMPLE_JOB, drives.Root(), fs::copy_options::recursive | fs::copy_options::overwrite_existing);
         features.Load();
     }
@@ -31,7 +32,7 @@ protected:
     JobFeatures features;
 };
 
-TEST_F(SampleJobTest, EveryListedFileHoldsPoints) {
+TEST_F(SampleFilesTest, EveryListedFileHoldsPoints) {
     for (const FeatureKind& kind : FeatureKinds()) {
         const CFileListBase& list = kind.list(features);
         EXPECT_GT(list.GetCount(), 0) << kind.name;
@@ -45,7 +46,7 @@ TEST_F(SampleJobTest, EveryListedFileHoldsPoints) {
     }
 }
 
-TEST_F(SampleJobTest, SettingsAreAsTheProgramWritesThem) {
+TEST_F(SampleFilesTest, SettingsAreAsTheProgramWritesThem) {
     for (const FeatureKind& kind : FeatureKinds()) EXPECT_TRUE(kind.list(features).Save());
     for (int i = 0; i < features.waypoints.GetCount(); ++i) features.waypoints[i].SaveSettings();
     for (int i = 0; i < features.pipelines.GetCount(); ++i) features.pipelines[i].WriteSettings();
