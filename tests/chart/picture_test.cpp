@@ -161,13 +161,13 @@ TEST_F(ChartPicture, ATextAcrossALineBeginsOnTheSideItIsMeantFor) {
     struct Row {
         double along;
         LABEL_POSITION position;
-        QRect drawn, free;  ///< east or west of the place at pixel 200,150
+        QRect drawn, free;  ///< east or west of the place at pixel 200,130
     };
-    const QRect east(212, 143, 26, 14), west(162, 143, 26, 14);
+    const QRect east(212, 123, 26, 14), west(162, 123, 26, 14);
     for (const Row& row : {Row{0.5, 4, east, west}, Row{1.5, 4, west, east}, Row{0.5, 3, west, east}}) {
         ChartScene scene;
         scene.layers.push_back({.id = 1, .paths = {}, .circles = {}, .texts = {}});
-        scene.layers[0].texts.push_back({.at = {0, 0},
+        scene.layers[0].texts.push_back({.at = {0, 20},
                                          .text = "12.5",
                                          .along = row.along * std::numbers::pi,
                                          .position = row.position,
