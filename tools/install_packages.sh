@@ -2,13 +2,14 @@
 # Installs from the distribution what building and testing need and the machine lacks. Nothing is touched, and no
 # network asked, where all is there.
 #
-#   tools/install_packages.sh [run|test]     what is installed for: the workbench alone, or all tests as well
+#   tools/install_packages.sh [run|test|tidy]     what for: the workbench alone, all tests as well, or reading the sources
 set -euo pipefail
 
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev libgl-dev libcli11-dev fonts-dejavu-core libcrypt-dev)
-if [ "${1:-test}" = test ]; then
+if [ "${1:-test}" != run ]; then
   packages+=(git python3 libgtest-dev libgmock-dev locales clang libclang-rt-14-dev clang-format qt6-qpa-plugins)
 fi
+[ "${1:-test}" != tidy ] || packages+=(clang-tidy)
 
 missing=()
 for package in "${packages[@]}"; do

@@ -9,9 +9,9 @@ namespace quillon {
 // here looks at setlocale().
 
 /// printf-style formatting: flags "-+ #0", width and precision (also "*"), conversions d i u x X c s f e g %. Length
-/// modifiers hh, h, l, ll, z, t select the argument; "lf" and "f" both take a double. Floating point is rounded as printf
-/// does in the C locale (exact, half to even on the exact binary value), with at most 60 decimals; NaN has no sign. "#"
-/// is not for g. A character 0 ("%c") writes nothing.
+/// modifiers hh, h, l, ll, z, t select the argument; "lf" and "f" both take a double. Floating point is rounded as
+/// printf does in the C locale (exact, half to even on the exact binary value), with at most 60 decimals; NaN has no
+/// sign. "#" is not for g. A character 0 ("%c") writes nothing.
 [[gnu::format(printf, 1, 2)]] std::string Format(const char* format, ...);
 
 /// Appends `value` with a fixed count of decimals (0 to 60; more counts as 60). Infinities and NaN become "inf", "-inf"

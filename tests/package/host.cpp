@@ -1,5 +1,5 @@
-// The least that a program does to host the library: it owns a job, shows one pane of it, and listens. The folder for the
-// drives is its argument.
+// The least that a program does to host the library: it owns a job, shows one pane of it, and listens. The folder for
+// the drives is its argument.
 
 #include <cstdio>
 #include <fstream>
