@@ -79,6 +79,22 @@ TEST(FileSystem, KnowsDrivesAndFolders) {
     EXPECT_FALSE(files.Exists("E:\\"));
 }
 
+TEST(FileSystem, OpenedForReadingAloneChangesNothing) {
+    ScratchDrives drives;
+    drives.Write("C:\\a.csv", "1, 2\n");
+    const FileSystem reader(drives.Root(), "Quillon", FILE_ACCESS::READ_ONLY);
+    EXPECT_EQ(reader.CreateFolder("C:\\Job\\"), FOLDER_RESULT::THERE);
+    EXPECT_FALSE(drives.Exists("C:\\Job"));
+
+    FileSystem elsewhere(drives.Root() / "none", "Quillon", FILE_ACCESS::READ_ONLY);
+    EXPECT_FALSE(std::filesystem::exists(drives.Root() / "none"));
+    CStdioFile file(elsewhere);
+    const std::string native = elsewhere.LibraryPath(drives.Root() / "c/a.csv");
+    EXPECT_FALSE(file.OpenForWriting(native));
+    EXPECT_TRUE(file.OpenForReading(native));
+    EXPECT_EQ(drives.Read("C:\\a.csv"), "1, 2\n");
+}
+
 TEST(FileSystem, StampsRegularFilesOnly) {
     ScratchDrives drives;
     drives.Write("C:\\a", "12345");

@@ -126,6 +126,22 @@ TEST(AppendFixed, WritesAsPrintf) {
     EXPECT_EQ(text, "2nan");
 }
 
+TEST(AppendShortest, TakesTheFewestDigitsThatReadBack) {
+    for (const double value : SampleDoubles()) {
+        std::string text;
+        AppendShortest(text, value);
+        ASSERT_EQ(Atof(text), value) << text;
+    }
+    const std::vector<std::pair<double, const char*>> forms = {
+        {0.1 + 0.2, "0.30000000000000004"},   {500000, "500000"}, {-87.5, "-87.5"},     {0, "0"},
+        {123456789012345, "123456789012345"}, {1e15, "1e+15"},    {0.00001, "0.00001"}, {2.5e-7, "2.5e-07"}};
+    for (const auto& [value, expected] : forms) {
+        std::string text;
+        AppendShortest(text, value);
+        EXPECT_EQ(text, expected);
+    }
+}
+
 // ---- Reading numbers ----
 
 bool SameNumber(double a, double b) {
