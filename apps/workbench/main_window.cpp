@@ -17,6 +17,7 @@
 #include "workbench/chart_symbols.h"
 #include "workbench/icons.h"
 #include "workbench/keyboard_help.h"
+#include "workbench/password_dialog.h"
 #include "workbench/picture.h"
 #include "workbench/text_edge.h"
 
@@ -171,6 +172,13 @@ void MainWindow::MakeFileMenu() {
     exportAction->setIcon(MakeIcon(ICON::EXPORT));
     connect(exportAction, &QAction::triggered, this, [this] { ExportPicture(); });
     menu.addAction(exportAction);
+    QAction* const password = MakeAction("&Password...", {}, "Set or clear the password of the anchor cable alarm");
+    connect(password, &QAction::triggered, this, [this] {
+        if (!ChangePassword(this, platform.Passwords())) return;
+        // The alarm rows are locked or open by what holds now.
+        for (const auto& pane : job.Panes()) pane->InitPropList();
+    });
+    menu.addAction(password);
     menu.addSeparator();
     QAction* const quit = MakeAction("&Quit", QKeySequence("Ctrl+Q"), "End the program; every change is saved already");
     connect(quit, &QAction::triggered, this, [this] { close(); });
