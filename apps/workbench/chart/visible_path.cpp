@@ -168,14 +168,15 @@ double LengthOf(const PixelLines& lines, std::size_t run) {
     return length;
 }
 
-/// Leaves of lines that are together too long about as much as may be drawn: of many short runs some, of long ones the
-/// outermost points of each stretch.
-void CutLength(double mostPixels, PixelLines& lines) {
-    constexpr std::size_t kShortRun = 16, kDrawnOfAStretch = 5;
+double LengthOf(const PixelLines& lines) {
     double length = 0.0;
     for (std::size_t run = 0; run < lines.runs.size(); ++run) length += LengthOf(lines, run);
-    if (length <= mostPixels) return;
-    const auto factor = static_cast<std::size_t>(std::ceil(length / mostPixels));
+    return length;
+}
+
+/// Leaves a `factor`th of the lines: of many short runs some, of long ones the outermost points of each stretch.
+PixelLines Reduced(const PixelLines& lines, std::size_t factor) {
+    constexpr std::size_t kShortRun = 16, kDrawnOfAStretch = 5;
     const bool areShort = lines.points.size() < kShortRun * lines.runs.size();
     PixelLines kept;
     const auto take = [&kept](PixelPoint p) { kept.points.push_back(p); };
@@ -185,7 +186,18 @@ void CutLength(double mostPixels, PixelLines& lines) {
         for (std::size_t i = lines.runs[run].first; i < lines.EndOf(run); ++i) reduced.Add(lines.points[i]);
         reduced.Finish();
     }
-    lines = std::move(kept);
+    return kept;
+}
+
+/// Leaves of lines that are together too long about as much as may be drawn. The outermost points of a stretch are
+/// longer than their share of it, so it may take more than one round.
+void CutLength(double mostPixels, PixelLines& lines) {
+    constexpr int kMostRounds = 4;
+    for (int round = 0; round < kMostRounds; ++round) {
+        const double length = LengthOf(lines);
+        if (!(length > mostPixels)) return;
+        lines = Reduced(lines, static_cast<std::size_t>(std::ceil(length / mostPixels)));
+    }
 }
 
 /// Cells of the grid, each free or taken.
