@@ -115,7 +115,9 @@ int Start(int argc, char** argv, WorkbenchOptions options) {
     }
     std::filesystem::path drives = scratch ? scratch->Drives() : options.drives;
     if (drives.empty()) drives = DefaultDrives();
-    std::filesystem::create_directories(drives / "c");
+    std::error_code failed;
+    std::filesystem::create_directories(drives / "c", failed);
+    if (failed) return Fail("the drives folder " + drives.string() + " can't be made: " + failed.message());
 
     // What is only looked at leaves the user's own profile alone.
     const bool passing = options.sample || options.MakesPicture();

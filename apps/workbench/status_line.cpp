@@ -41,8 +41,8 @@ StatusLine::StatusLine(QStatusBar& statusBar) : bar(statusBar) {
     note->setContentsMargins(8, 0, 8, 0);
     note->hide();
     bar.addPermanentWidget(note);
-    scale = AddField(ScaleText(88'800'000.0), "Scale of the chart on this screen");
     position = AddField(PositionText({-8'888'888.888, -88'888'888.888}), "Position under the cursor, metres");
+    scale = AddField(ScaleText(88'800'000.0), "Scale of the chart on this screen");
 }
 
 QLabel* StatusLine::AddField(const QString& widest, const QString& tip) {
