@@ -1,54 +1,80 @@
-# Target all_verify_interface_header_sets compiles every header of every floor alone.
-set(CMAKE_VERIFY_INTERFACE_HEADER_SETS ON)
+# What floors.txt names, as libraries and test programs. A library is quillon_NAME, its test program NAME_tests.
 
-# quillon_floor(NAME [ABOVE floor ...] [LINK library ...])
-#
-# One folder under src/ is one floor is one library. ABOVE names the floors it may see; a header of
-# any other floor is then found by the include check and, for what needs linking, by the linker.
-function(quillon_floor name)
-  cmake_parse_arguments(arg "" "" "ABOVE;LINK" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp"
-                                      "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*/*.cpp")
-  file(GLOB headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.h"
-                                      "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*/*.h")
+file(STRINGS "${PROJECT_SOURCE_DIR}/floors.txt" floor_lines REGEX "^[a-z]")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/floors.txt")
+
+# quillon_add_floor(LINE): the library of one line of the list; rooms of the toolkit only where the workbench is built.
+function(quillon_add_floor line)
+  separate_arguments(fields UNIX_COMMAND "${line}")
+  list(POP_FRONT fields name folder toolkit)
+  if(toolkit STREQUAL "qt" AND NOT QUILLON_WORKBENCH)
+    return()
+  endif()
+  set(path "${PROJECT_SOURCE_DIR}/${folder}")
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${path}/*.cpp")
+  file(GLOB_RECURSE headers CONFIGURE_DEPENDS "${path}/*.h")
+  if(name STREQUAL "commands")
+    list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  endif()
   set(target quillon_${name})
   if(sources)
-    add_library(${target} STATIC)
-    target_sources(${target} PRIVATE ${sources})
+    add_library(${target} STATIC ${sources})
+    target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:quillon_warnings>)
     set(scope PUBLIC)
   else()
     add_library(${target} INTERFACE)
     set(scope INTERFACE)
   endif()
-  add_library(Quillon::${name} ALIAS ${target})
-  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
-  target_sources(${target} ${scope} FILE_SET HEADERS BASE_DIRS "${CMAKE_CURRENT_SOURCE_DIR}" FILES ${headers})
+  get_filename_component(base "${path}" DIRECTORY)
+  target_sources(${target} ${scope} FILE_SET HEADERS BASE_DIRS "${base}" FILES ${headers})
   target_compile_features(${target} ${scope} cxx_std_20)
-  if(sources)
-    target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:quillon_warnings>)
+  list(TRANSFORM fields PREPEND quillon_)
+  target_link_libraries(${target} ${scope} ${fields})
+  if(toolkit STREQUAL "qt")
+    target_link_libraries(${target} PUBLIC Qt6::Widgets)
   endif()
-  foreach(floor IN LISTS arg_ABOVE)
-    target_link_libraries(${target} ${scope} quillon_${floor})
-  endforeach()
-  target_link_libraries(${target} ${scope} ${arg_LINK})
-  set_property(GLOBAL APPEND PROPERTY QUILLON_FLOORS ${target})
+  if(folder MATCHES "^src/")
+    add_library(Quillon::${name} ALIAS ${target})
+    set_target_properties(${target} PROPERTIES EXPORT_NAME ${name})
+    set_property(GLOBAL APPEND PROPERTY QUILLON_FLOORS ${target})
+  endif()
 endfunction()
 
-# quillon_floor_tests(NAME [LINK library ...]): the test program of one floor, linked with that floor
-# and with nothing above it.
-function(quillon_floor_tests name)
-  cmake_parse_arguments(arg "" "" "LINK" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp")
-  if(NOT sources)
+# quillon_add_floors(PREFIX): the libraries of all lines whose folder begins so.
+function(quillon_add_floors prefix)
+  foreach(line IN LISTS floor_lines)
+    if(line MATCHES "^[a-z]+ +${prefix}")
+      quillon_add_floor("${line}")
+    endif()
+  endforeach()
+endfunction()
+
+# quillon_add_tests(LINE): the test program of one floor, linked with that floor and with nothing above it.
+function(quillon_add_tests line)
+  separate_arguments(fields UNIX_COMMAND "${line}")
+  list(GET fields 0 name)
+  list(GET fields 2 toolkit)
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*_test.cpp"
+                                      "${CMAKE_CURRENT_SOURCE_DIR}/${name}/test_main.cpp")
+  if(NOT sources OR NOT TARGET quillon_${name})
     return()
   endif()
-  add_executable(${name}_tests ${sources})
-  target_include_directories(${name}_tests PRIVATE "${PROJECT_SOURCE_DIR}/tests")
-  target_link_libraries(${name}_tests PRIVATE quillon_${name} quillon_warnings quillon_test_support
-                                              GTest::gmock GTest::gtest_main ${arg_LINK})
-  target_precompile_headers(${name}_tests REUSE_FROM quillon_test_pch)
-  target_compile_definitions(${name}_tests PRIVATE
+  set(target ${name}_tests)
+  add_executable(${target} ${sources})
+  target_link_libraries(${target} PRIVATE quillon_${name} quillon_warnings quillon_test_support GTest::gmock)
+  target_compile_definitions(${target} PRIVATE
     QUILLON_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
+    QUILLON_SAMPLE_JOB="${PROJECT_SOURCE_DIR}/samples/job"
     QUILLON_SHARED_DATA="${PROJECT_SOURCE_DIR}/../shared/data")
-  gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 600)
+  if(toolkit STREQUAL "qt")
+    target_link_libraries(${target} PRIVATE Qt6::Test)
+    if(NOT EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${name}/test_main.cpp")
+      target_sources(${target} PRIVATE support/qt_test_main.cpp)
+    endif()
+  else()
+    target_link_libraries(${target} PRIVATE GTest::gtest_main)
+    target_precompile_headers(${target} REUSE_FROM quillon_test_pch)
+  endif()
+  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST
+                       PROPERTIES TIMEOUT 600 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()

@@ -3,38 +3,47 @@
 
 usage: check_includes.py [ROOT]
 
-Every quoted include below src/, tests/, fuzz/, bench/ and apps/ must name a file of its own floor or of a floor below
-it; the library includes no header of a window toolkit. Prints each include that breaks this and exits with 1.
+floors.txt names the floors and rooms and what each sees. Every quoted include of a file of one, or of its tests, must
+name a file of its own floor or of one that it sees; only rooms that floors.txt lets do so include a window toolkit. Prints each include that breaks this and exits with 1.
 """
 
 import pathlib
 import re
 import sys
 
-# Each floor with the floors directly below it; what these see, it sees too.
-BELOW = {
-    "platform": [],
-    "foundation": ["platform"],
-    "geodesy": ["foundation"],
-    "frame": ["foundation"],
-    "background": ["geodesy", "frame"],
-    "features": ["background"],
-    "target": ["features"],
-    "display": ["target"],
-    "panes": ["display"],
-}
 SUFFIXES = {".h", ".cpp", ".cc"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)[">]')
 # Headers without a folder or with one, as a window toolkit names them.
 TOOLKIT = re.compile(r"^Q(t[A-Z]\w*/)?[A-Z]?\w*$")
 
 
-def seen_from(floor):
-    """The floors whose headers a file of `floor` may include."""
-    seen = {floor}
-    for below in BELOW[floor]:
-        seen |= seen_from(below)
+class Floor:
+    """One line of floors.txt."""
+
+    def __init__(self, name, folder, toolkit, *sees):
+        self.name, self.folder, self.toolkit, self.sees = name, folder, toolkit == "qt", sees
+
+
+def read_floors(root):
+    lines = (root / "floors.txt").read_text(encoding="utf-8").splitlines()
+    floors = [Floor(*line.split()) for line in lines if line.strip() and not line.startswith("#")]
+    return {floor.name: floor for floor in floors}
+
+
+def seen_from(floors, name):
+    """The floors whose headers a file of the floor may include."""
+    seen = {name}
+    for below in floors[name].sees:
+        seen |= seen_from(floors, below)
     return seen
+
+
+def floor_of(floors, path):
+    """The floor that a file belongs to, by its folder or by that of its tests; None for a file of no floor."""
+    for floor in floors.values():
+        if path.as_posix().startswith((floor.folder + "/", f"tests/{floor.name}/")):
+            return floor
+    return None
 
 
 def includes_of(path):
@@ -44,42 +53,44 @@ def includes_of(path):
             yield number, found.group(1), found.group(2)
 
 
-def check_tree(root, tree, complaints):
-    """Checks root/tree. Folders named for a floor are held to it; others may see every floor."""
-    everything = set(BELOW)
-    for path in sorted((root / tree).rglob("*")):
-        if path.suffix not in SUFFIXES or not path.is_file():
-            continue
-        parts = path.relative_to(root / tree).parts
-        floor = parts[0] if len(parts) > 1 and parts[0] in BELOW else None
-        if tree == "src" and floor is None:
-            complaints.append(f"{path}: stands on no floor")
-            continue
-        allowed = seen_from(floor) if floor else everything
-        for number, quote, name in includes_of(path):
-            where = f"{path.relative_to(root)}:{number}"
-            if quote == "<":
-                if tree == "src" and TOOLKIT.match(name):
-                    complaints.append(f"{where}: the library sees no window toolkit: <{name}>")
-                continue
-            head = name.split("/")[0]
-            if head in BELOW and head not in allowed:
-                complaints.append(f"{where}: {floor} doesn't see {head}: \"{name}\"")
-            elif head in BELOW and not (root / "src" / name).is_file() and not (root / tree / name).is_file():
-                complaints.append(f"{where}: no such header: \"{name}\"")
-            elif tree == "src" and head not in BELOW:
-                complaints.append(f"{where}: name the floor of the header: \"{name}\"")
+def header_exists(root, floors, name):
+    head = name.split("/")[0]
+    in_floor = root / pathlib.Path(floors[head].folder).parent / name
+    return in_floor.is_file() or (root / "tests" / name).is_file()
+
+
+def check_file(root, floors, path, complaints):
+    floor = floor_of(floors, path)
+    if path.parts[0] == "src" and floor is None:
+        complaints.append(f"{path}: stands on no floor")
+        return
+    allowed = seen_from(floors, floor.name) if floor else set(floors)
+    for number, quote, name in includes_of(root / path):
+        where = f"{path}:{number}"
+        head = name.split("/")[0]
+        if quote == "<":
+            if floor and not floor.toolkit and TOOLKIT.match(name):
+                complaints.append(f"{where}: {floor.name} sees no window toolkit: <{name}>")
+        elif head in floors and "/" in name:
+            if head not in allowed:
+                complaints.append(f'{where}: {floor.name} doesn\'t see {head}: "{name}"')
+            elif not header_exists(root, floors, name):
+                complaints.append(f'{where}: no such header: "{name}"')
+        elif path.parts[0] == "src":
+            complaints.append(f'{where}: name the floor of the header: "{name}"')
 
 
 def main():
     root = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else ".").resolve()
-    if not (root / "src").is_dir():
-        print(f"{root}: no folder src", file=sys.stderr)
+    if not (root / "floors.txt").is_file():
+        print(f"{root}: no floors.txt", file=sys.stderr)
         return 2
+    floors = read_floors(root)
     complaints = []
     for tree in ("src", "tests", "fuzz", "bench", "apps"):
-        if (root / tree).is_dir():
-            check_tree(root, tree, complaints)
+        for path in sorted((root / tree).rglob("*")):
+            if path.suffix in SUFFIXES and path.is_file():
+                check_file(root, floors, path.relative_to(root), complaints)
     for complaint in complaints:
         print(complaint)
     return 1 if complaints else 0

@@ -8,13 +8,13 @@
 #include <exception>
 #include <iostream>
 
-#include "workbench/chart_picture.h"
-#include "workbench/icons.h"
-#include "workbench/main_window.h"
-#include "workbench/options.h"
-#include "workbench/picture.h"
-#include "workbench/quit_signals.h"
-#include "workbench/startup.h"
+#include "chart/chart_picture.h"
+#include "host/options.h"
+#include "host/startup.h"
+#include "window/icons.h"
+#include "window/main_window.h"
+#include "window/picture.h"
+#include "window/quit_signals.h"
 
 namespace quillon {
 namespace {

@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QGuiApplication>
 #include <QImage>
 #include <numbers>
 
 #include "chart/chart_painter.h"
 #include "chart/qpainter_device.h"
-#include "shapes.h"
+#include "scene/shapes.h"
 
 namespace quillon {
 namespace {
@@ -224,10 +223,3 @@ TEST_F(ChartPicture, AChangedGenerationIsSeen) {
 
 }  // namespace
 }  // namespace quillon
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

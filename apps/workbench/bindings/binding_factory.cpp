@@ -1,9 +1,9 @@
-#include "workbench/bindings/binding_factory.h"
+#include "bindings/binding_factory.h"
 
-#include "workbench/bindings/button_binding.h"
-#include "workbench/bindings/combo_binding.h"
-#include "workbench/bindings/property_list_binding.h"
-#include "workbench/bindings/table_binding.h"
+#include "bindings/button_binding.h"
+#include "bindings/combo_binding.h"
+#include "bindings/property_list_binding.h"
+#include "bindings/table_binding.h"
 
 namespace quillon {
 

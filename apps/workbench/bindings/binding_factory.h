@@ -4,8 +4,8 @@
 #include <functional>
 #include <vector>
 
-#include "workbench/bindings/control_binding.h"
-#include "workbench/bindings/row_pictures.h"
+#include "bindings/control_binding.h"
+#include "bindings/row_pictures.h"
 
 namespace quillon {
 

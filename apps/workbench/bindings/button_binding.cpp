@@ -1,12 +1,12 @@
-#include "workbench/bindings/button_binding.h"
+#include "bindings/button_binding.h"
 
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
 
 #include "platform/user_actions.h"
-#include "workbench/bindings/colours.h"
-#include "workbench/text_edge.h"
+#include "toolkit/colours.h"
+#include "toolkit/text_edge.h"
 
 namespace quillon {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <QAbstractButton>
 
+#include "bindings/control_binding.h"
 #include "frame/colour_button.h"
-#include "workbench/bindings/control_binding.h"
 
 namespace quillon {
 

@@ -1,4 +1,4 @@
-#include "workbench/bindings/combo_binding.h"
+#include "bindings/combo_binding.h"
 
 #include <QAbstractItemView>
 #include <QSignalBlocker>
@@ -7,7 +7,7 @@
 
 #include "platform/platform.h"
 #include "platform/user_actions.h"
-#include "workbench/text_edge.h"
+#include "toolkit/text_edge.h"
 
 namespace quillon {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <QComboBox>
 
-#include "workbench/bindings/control_binding.h"
+#include "bindings/control_binding.h"
 
 namespace quillon {
 

@@ -1,4 +1,4 @@
-#include "workbench/bindings/control_binding.h"
+#include "bindings/control_binding.h"
 
 namespace quillon {
 

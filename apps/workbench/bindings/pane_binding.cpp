@@ -1,9 +1,9 @@
-#include "workbench/bindings/pane_binding.h"
+#include "bindings/pane_binding.h"
 
 #include <QEvent>
 #include <QFocusEvent>
 
-#include "workbench/text_edge.h"
+#include "toolkit/text_edge.h"
 
 namespace quillon {
 

@@ -4,8 +4,8 @@
 #include <functional>
 #include <vector>
 
+#include "bindings/binding_factory.h"
 #include "platform/dockable_pane.h"
-#include "workbench/bindings/binding_factory.h"
 
 namespace quillon {
 

@@ -1,4 +1,4 @@
-#include "workbench/bindings/picker_popup.h"
+#include "bindings/picker_popup.h"
 
 #include <QAbstractItemDelegate>
 #include <QKeyEvent>
@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "workbench/bindings/colours.h"
+#include "toolkit/colours.h"
 
 namespace quillon {
 namespace {

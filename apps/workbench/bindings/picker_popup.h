@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "workbench/bindings/row_pictures.h"
+#include "bindings/row_pictures.h"
 
 class QListWidget;
 

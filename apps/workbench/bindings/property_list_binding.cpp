@@ -1,12 +1,12 @@
-#include "workbench/bindings/property_list_binding.h"
+#include "bindings/property_list_binding.h"
 
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
 
-#include "workbench/bindings/colours.h"
-#include "workbench/text_edge.h"
+#include "toolkit/colours.h"
+#include "toolkit/text_edge.h"
 
 namespace quillon {
 namespace {

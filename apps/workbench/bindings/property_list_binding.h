@@ -2,8 +2,8 @@
 
 #include <QWidget>
 
-#include "workbench/bindings/control_binding.h"
-#include "workbench/bindings/property_list_view.h"
+#include "bindings/control_binding.h"
+#include "bindings/property_list_view.h"
 
 namespace quillon {
 

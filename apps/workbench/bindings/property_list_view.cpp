@@ -1,4 +1,4 @@
-#include "workbench/bindings/property_list_view.h"
+#include "bindings/property_list_view.h"
 
 #include <QApplication>
 #include <QHelpEvent>
@@ -12,8 +12,8 @@
 #include "platform/platform.h"
 #include "platform/text.h"
 #include "platform/user_actions.h"
-#include "workbench/bindings/colours.h"
-#include "workbench/text_edge.h"
+#include "toolkit/colours.h"
+#include "toolkit/text_edge.h"
 
 namespace quillon {
 namespace {

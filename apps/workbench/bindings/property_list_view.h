@@ -3,10 +3,10 @@
 #include <QAbstractScrollArea>
 #include <QPointer>
 
-#include "workbench/bindings/picker_popup.h"
-#include "workbench/bindings/property_row_painter.h"
-#include "workbench/bindings/row_edit.h"
-#include "workbench/bindings/shown_rows.h"
+#include "bindings/picker_popup.h"
+#include "bindings/property_row_painter.h"
+#include "bindings/row_edit.h"
+#include "bindings/shown_rows.h"
 
 namespace quillon {
 

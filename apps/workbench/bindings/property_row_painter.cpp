@@ -1,8 +1,8 @@
-#include "workbench/bindings/property_row_painter.h"
+#include "bindings/property_row_painter.h"
 
 #include "platform/property_rows.h"
-#include "workbench/bindings/colours.h"
-#include "workbench/text_edge.h"
+#include "toolkit/colours.h"
+#include "toolkit/text_edge.h"
 
 namespace quillon {
 namespace {

@@ -3,8 +3,8 @@
 #include <QFont>
 #include <QPainter>
 
-#include "workbench/bindings/row_pictures.h"
-#include "workbench/bindings/shown_rows.h"
+#include "bindings/row_pictures.h"
+#include "bindings/shown_rows.h"
 
 namespace quillon {
 

@@ -1,4 +1,4 @@
-#include "workbench/bindings/row_edit.h"
+#include "bindings/row_edit.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>

@@ -1,10 +1,10 @@
-#include "workbench/bindings/row_pictures.h"
+#include "bindings/row_pictures.h"
 
 #include <array>
 #include <cmath>
 
 #include "platform/property_rows.h"
-#include "workbench/bindings/colours.h"
+#include "toolkit/colours.h"
 
 namespace quillon {
 namespace {

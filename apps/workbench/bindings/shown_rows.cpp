@@ -1,4 +1,4 @@
-#include "workbench/bindings/shown_rows.h"
+#include "bindings/shown_rows.h"
 
 #include <map>
 

@@ -1,4 +1,4 @@
-#include "workbench/bindings/table_binding.h"
+#include "bindings/table_binding.h"
 
 #include <QAbstractItemDelegate>
 #include <QHeaderView>
@@ -9,8 +9,8 @@
 
 #include "platform/platform.h"
 #include "platform/user_actions.h"
-#include "workbench/bindings/colours.h"
-#include "workbench/text_edge.h"
+#include "toolkit/colours.h"
+#include "toolkit/text_edge.h"
 
 namespace quillon {
 namespace {

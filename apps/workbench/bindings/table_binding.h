@@ -2,8 +2,8 @@
 
 #include <QTableView>
 
-#include "workbench/bindings/control_binding.h"
-#include "workbench/bindings/table_model.h"
+#include "bindings/control_binding.h"
+#include "bindings/table_model.h"
 
 namespace quillon {
 

@@ -1,6 +1,6 @@
-#include "workbench/bindings/table_model.h"
+#include "bindings/table_model.h"
 
-#include "workbench/text_edge.h"
+#include "toolkit/text_edge.h"
 
 namespace quillon {
 

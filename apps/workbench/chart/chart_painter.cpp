@@ -5,12 +5,12 @@
 #include <cmath>
 #include <numbers>
 
-#include "chart/chart_grid.h"
-#include "chart/line_clip.h"
 #include "chart/line_painter.h"
 #include "chart/qpainter_device.h"
-#include "display/my_dc.h"
+#include "drawing/my_dc.h"
 #include "platform/text.h"
+#include "scene/chart_grid.h"
+#include "scene/line_clip.h"
 
 namespace quillon {
 namespace {

@@ -3,13 +3,13 @@
 #include <QPainter>
 #include <vector>
 
-#include "chart/chart_colours.h"
-#include "chart/chart_scene.h"
-#include "chart/chart_view.h"
-#include "chart/label_places.h"
-#include "chart/scene_paths.h"
 #include "chart/symbol_sprites.h"
-#include "chart/visible_path.h"
+#include "scene/chart_colours.h"
+#include "scene/chart_scene.h"
+#include "scene/chart_view.h"
+#include "scene/label_places.h"
+#include "scene/scene_paths.h"
+#include "scene/visible_path.h"
 
 namespace quillon {
 

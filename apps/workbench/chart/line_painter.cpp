@@ -6,8 +6,8 @@
 #include <QPolygonF>
 #include <cmath>
 
-#include "chart/dashes.h"
 #include "chart/qpainter_device.h"
+#include "scene/dashes.h"
 
 namespace quillon {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <QPainter>
 
-#include "chart/visible_path.h"
 #include "platform/dc.h"
+#include "scene/visible_path.h"
 
 namespace quillon {
 

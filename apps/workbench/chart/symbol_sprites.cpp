@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "chart/qpainter_device.h"
-#include "display/my_dc.h"
+#include "drawing/my_dc.h"
 
 namespace quillon {
 namespace {

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "features/job_features.h"
+#include "host/feature_kinds.h"
+#include "panes/feature_pane.h"
+#include "panes/pane_registry.h"
+#include "platform/window.h"
+
+namespace quillon {
+
+/// A point of a job: the file of a kind, and the point in it.
+struct JobPoint {
+    FEATURE_TYPES type = FEATURE_TYPES::NONE;
+    int file = -1;
+    int point = -1;
+    friend bool operator==(const JobPoint&, const JobPoint&) = default;
+};
+
+/// What shows a job. Every call comes from the job's message handler, after the job has brought itself up to date.
+class JobObserver {
+public:
+    virtual ~JobObserver() = default;
+    /// Something that the chart draws is another than it was, or the point to be shown has gone.
+    virtual void OnDrawingChanged() = 0;
+    /// The operator picked a point that is to be shown; again also if it is the one shown already.
+    virtual void OnPointShown(tagXY point) = 0;
+    /// What the cable clearance was computed from has changed.
+    virtual void OnClearanceStale() = 0;
+    /// Features of this kind came or went: listings of it are out of date.
+    virtual void OnFeatureUpdate(FEATURE_TYPES type) = 0;
+    /// The pane of this kind asks to be brought to the front.
+    virtual void OnFocusFeature(FEATURE_TYPES type) = 0;
+};
+
+/// The host of a job: it owns the features and the panes over them, and is the window that the panes' messages reach.
+///
+/// Whether a feature is displayed, and whether it is on the cross profile, is kept beside its data file. Not every pane
+/// writes that file; the job does after a message, for whichever feature's flags have changed.
+class Job : public CWnd {
+public:
+    explicit Job(Platform& platform);
+    ~Job() override;
+
+    /// Reads the list files and what they name, then creates the panes. Each pane shows the file that its list's edit
+    /// cursor names. Once, before anything else.
+    void Open();
+
+    JobFeatures& Features() { return features; }
+    /// In the order of the registry; a pane that couldn't be created is missing.
+    const std::vector<std::unique_ptr<CPropertyPane>>& Panes() const { return panes; }
+    /// The pane in which a kind is shown; null if there is none.
+    CFeaturePane* PaneOf(FEATURE_TYPES type) const;
+    /// Of two panes over one list, each shows what the other has changed once it is brought up to date: when it comes
+    /// into sight.
+    void BringUpToDate(CPropertyPane& pane);
+
+    void SetObserver(JobObserver* newObserver) { observer = newObserver; }
+    void SetNightMode(bool night);
+
+    /// The operator chose a point on the chart: the list's edit cursor goes to it, the pane shows its file, and its row
+    /// becomes the selected one. False, and nothing done, if there is no such point.
+    bool SelectPoint(const JobPoint& chosen);
+
+    /// The point that the chart marks.
+    const std::optional<tagXY>& ShownPoint() const { return shownPoint; }
+    void ClearShownPoint();
+
+    /// Whether the cable clearance must be computed again before it is used.
+    bool IsClearanceStale() const { return clearanceStale; }
+
+    LRESULT OnMessage(const MSG& message) override;
+
+private:
+    struct Flags {
+        bool status;
+        bool highlight;
+        friend bool operator==(const Flags&, const Flags&) = default;
+    };
+    using FlagsByPath = std::map<std::pair<FEATURE_TYPES, std::string>, Flags>;
+
+    void OpenPanes();
+    void OnFeatureUpdate(FEATURE_TYPES type);
+    void OnRedraw(WPARAM point);
+    void DropPointOfRemovedFile();
+    /// Writes the flags of the features in which they differ from the last time.
+    void KeepFlags();
+    int CountFiles();
+
+    JobFeatures features;
+    std::vector<std::unique_ptr<CPropertyPane>> panes;
+    JobObserver* observer = nullptr;
+    std::optional<tagXY> shownPoint;
+    bool clearanceStale = false;
+    int countedFiles = 0;
+    FlagsByPath flags;
+};
+
+}  // namespace quillon

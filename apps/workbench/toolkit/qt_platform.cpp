@@ -1,0 +1,207 @@
+#include "toolkit/qt_platform.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDateTime>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QFileDialog>
+#include <QFontMetrics>
+#include <QMessageBox>
+#include <QStandardPaths>
+#include <QTimeZone>
+#include <QUrl>
+#include <algorithm>
+
+#include "toolkit/text_edge.h"
+
+namespace quillon {
+namespace {
+
+constexpr const char* kFolderSection = "Files";
+constexpr const char* kFolderKey = "LastFolder";
+/// How long messages are delivered at a stretch before the toolkit gets its turn to paint.
+constexpr int kStretchMs = 12;
+constexpr int kRowPadding = 6;
+constexpr int kComboPadding = 8;
+constexpr QSize kFileDialogSize(860, 520);
+
+std::vector<std::string_view> SplitAtBars(std::string_view filter) {
+    std::vector<std::string_view> parts;
+    while (!filter.empty()) {
+        const std::size_t bar = std::min(filter.find('|'), filter.size());
+        parts.push_back(filter.substr(0, bar));
+        filter.remove_prefix(std::min(bar + 1, filter.size()));
+    }
+    return parts;
+}
+
+QList<QUrl> SidebarPlaces(const FileSystem& files) {
+    QList<QUrl> places;
+    for (const char drive : {'c', 'd', 'e'}) {
+        const QString folder = QString::fromStdString((files.Drives() / std::string(1, drive)).string());
+        if (QDir(folder).exists()) places.push_back(QUrl::fromLocalFile(folder));
+    }
+    places.push_back(QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)));
+    places.push_back(QUrl::fromLocalFile(QDir::homePath()));
+    return places;
+}
+
+}  // namespace
+
+QString ToQtFilter(std::string_view filter) {
+    QStringList entries;
+    const std::vector<std::string_view> parts = SplitAtBars(filter);
+    for (std::size_t i = 0; i + 1 < parts.size(); i += 2) {
+        if (parts[i].empty()) continue;
+        // The label repeats the patterns in brackets; the toolkit adds its own.
+        const std::string_view label = Trim(parts[i].substr(0, parts[i].find('(')));
+        QStringList patterns = ToQString(parts[i + 1]).split(';', Qt::SkipEmptyParts);
+        for (QString& pattern : patterns) pattern = pattern.trimmed() == "*.*" ? QString("*") : pattern.trimmed();
+        entries += ToQString(label) + " (" + patterns.join(' ') + ")";
+    }
+    return entries.join(";;");
+}
+
+QtPlatform::QtPlatform(std::filesystem::path drivesFolder, const std::filesystem::path& profileFile,
+                       std::string programName)
+    : Platform(std::move(drivesFolder), std::move(programName), std::make_unique<SteadyClock>()),
+      profile(profileFile),
+      waker(*this) {
+    timer.setSingleShot(true);
+    timer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&timer, &QTimer::timeout, &waker, [this] { Deliver(); });
+    Messages().SetWake([this] { Wake(); });
+}
+
+QtPlatform::~QtPlatform() {
+    Messages().SetWake({});
+}
+
+std::filesystem::path QtPlatform::DefaultProfileFile() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return std::filesystem::path(folder.toStdString()) / "quillon" / "workbench.ini";
+}
+
+// ---- Messages ----
+
+bool QtPlatform::Waker::event(QEvent* event) {
+    if (event->type() != QEvent::User) return QObject::event(event);
+    platform.Deliver();
+    return true;
+}
+
+void QtPlatform::Wake() {
+    if (!awake.exchange(true)) QCoreApplication::postEvent(&waker, new QEvent(QEvent::User), Qt::LowEventPriority);
+}
+
+void QtPlatform::Deliver() {
+    // Lowered first: a message may run a loop of its own, which needs its wake-ups.
+    awake = false;
+    QElapsedTimer stretch;
+    stretch.start();
+    while (Messages().PumpOne()) {
+        if (stretch.elapsed() < kStretchMs) continue;
+        Wake();
+        break;
+    }
+    ArmTimer();
+}
+
+void QtPlatform::ArmTimer() {
+    const auto due = Messages().NextDue();
+    if (!due) {
+        timer.stop();
+        return;
+    }
+    const auto wait = std::max(*due - GetClock().Now(), Clock::Time(0));
+    timer.start(wait);
+}
+
+void QtPlatform::RunModal(const std::function<bool()>& ended) {
+    while (!ended()) QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
+// ---- Questions ----
+
+QWidget* QtPlatform::DialogParent() const {
+    QWidget* const active = QApplication::activeWindow();
+    return active ? active : parentWindow;
+}
+
+bool QtPlatform::ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) {
+    paths.clear();
+    const std::string folder = profile.GetText(kFolderSection, kFolderKey, "C:\\");
+    QFileDialog dialog(DialogParent(), ToQString(question.title),
+                       QString::fromStdString(Files().Native(folder).string()));
+    // The toolkit's own dialog: it follows the night colours.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setNameFilter(ToQtFilter(question.filter));
+    dialog.setFileMode(question.multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+    dialog.resize(kFileDialogSize);
+    dialog.setSidebarUrls(SidebarPlaces(Files()));
+    if (dialog.exec() != QDialog::Accepted) return false;
+    for (const QString& file : dialog.selectedFiles()) paths.push_back(Files().LibraryPath(file.toStdString()));
+    profile.SetText(kFolderSection, kFolderKey, Files().LibraryPath(dialog.directory().absolutePath().toStdString()));
+    return true;
+}
+
+void QtPlatform::ShowBox(bool warning, std::string_view text) {
+    QMessageBox box(warning ? QMessageBox::Warning : QMessageBox::Information, ToQString(Files().CommandLine()),
+                    ToQString(text), QMessageBox::Ok, DialogParent());
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+void QtPlatform::WarningMessage(std::string_view text) {
+    ShowBox(true, text);
+}
+
+void QtPlatform::InformationBox(std::string_view text) {
+    ShowBox(false, text);
+}
+
+void QtPlatform::Beep() {
+    QApplication::beep();
+}
+
+std::string QtPlatform::ClipboardText() const {
+    return FromQString(QApplication::clipboard()->text());
+}
+
+void QtPlatform::SetClipboardText(std::string_view text) {
+    QApplication::clipboard()->setText(ToQString(text));
+}
+
+// ---- Readings of the system ----
+
+LocalClock QtPlatform::GetLocalClock() const {
+    const QDateTime now = QDateTime::currentDateTime();
+    const QTimeZone zone = now.timeZone();
+    LocalClock reading;
+    reading.year = now.date().year();
+    reading.month = now.date().month();
+    reading.day = now.date().day();
+    reading.hour = now.time().hour();
+    reading.minute = now.time().minute();
+    reading.second = now.time().second();
+    reading.millisecond = now.time().msec();
+    if (zone.isValid()) {
+        reading.biasMinutes = -zone.standardTimeOffset(now) / 60;
+        reading.daylightSaving = zone.isDaylightTime(now);
+        reading.zoneName = FromQString(zone.displayName(now, QTimeZone::LongName, QLocale::c()));
+    }
+    return reading;
+}
+
+int QtPlatform::GetMetric(SYSTEM_METRIC metric) const {
+    const int line = QFontMetrics(QApplication::font()).height();
+    return line + (metric == SYSTEM_METRIC::ROW_HEIGHT ? kRowPadding : kComboPadding);
+}
+
+int QtPlatform::TextWidth(std::string_view text) const {
+    return QFontMetrics(QApplication::font("QTableView")).horizontalAdvance(ToQString(text));
+}
+
+}  // namespace quillon

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <atomic>
+
+#include "platform/platform.h"
+#include "toolkit/qt_profile.h"
+
+class QWidget;
+
+namespace quillon {
+
+/// The platform over the toolkit. Its event loop pumps the message queue: a post, from whatever thread, makes the loop
+/// come to it, and one timer of the toolkit stands for the next timer of the queue.
+///
+/// Made after the application object and gone before it. Where a question is asked while no window is active, the
+/// window set by SetWindow is its parent.
+class QtPlatform : public Platform {
+public:
+    QtPlatform(std::filesystem::path drives, const std::filesystem::path& profileFile,
+               std::string commandLine = "Quillon");
+    ~QtPlatform() override;
+
+    /// Where the profile is unless the caller knows better: the user's configuration folder.
+    static std::filesystem::path DefaultProfileFile();
+
+    void SetWindow(QWidget* window) { parentWindow = window; }
+
+    bool ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) override;
+    void WarningMessage(std::string_view text) override;
+    void InformationBox(std::string_view text) override;
+    void Beep() override;
+    std::string ClipboardText() const override;
+    void SetClipboardText(std::string_view text) override;
+    QtProfile& GetProfile() override { return profile; }
+    LocalClock GetLocalClock() const override;
+    int GetMetric(SYSTEM_METRIC metric) const override;
+    int TextWidth(std::string_view text) const override;
+    void RunModal(const std::function<bool()>& ended) override;
+
+private:
+    /// Receives the wake-ups of the queue on the user-interface thread.
+    class Waker : public QObject {
+    public:
+        explicit Waker(QtPlatform& owner) : platform(owner) {}
+        bool event(QEvent* event) override;
+
+    private:
+        QtPlatform& platform;
+    };
+
+    void Wake();
+    void Deliver();
+    void ArmTimer();
+    QWidget* DialogParent() const;
+    void ShowBox(bool warning, std::string_view text);
+
+    QtProfile profile;
+    Waker waker;
+    QTimer timer;
+    std::atomic<bool> awake{false};  // a wake-up is on its way
+    QWidget* parentWindow = nullptr;
+};
+
+/// "Label|pattern;pattern|Label|pattern||" in the form the toolkit's file choice takes: "Label (pattern pattern);;..."
+QString ToQtFilter(std::string_view filter);
+
+}  // namespace quillon

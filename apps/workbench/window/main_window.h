@@ -1,0 +1,94 @@
+#pragma once
+
+#include <QAction>
+#include <QMainWindow>
+#include <optional>
+
+#include "bindings/binding_factory.h"
+#include "chart/chart_widget.h"
+#include "host/job.h"
+#include "host/scene_builder.h"
+#include "toolkit/qt_platform.h"
+#include "toolkit/theme.h"
+#include "window/pane_docks.h"
+#include "window/status_line.h"
+
+namespace quillon {
+
+/// The workbench: the chart of a job in the middle, its panes docked round it.
+///
+/// The job, the platform and the theme are lent and outlive the window. Where the window and its docks are, and whether
+/// it is night, are kept in the profile.
+class MainWindow : public QMainWindow, private JobObserver {
+public:
+    MainWindow(Job& job, QtPlatform& platform, Theme& theme);
+    ~MainWindow() override;
+
+    void SetNight(bool night);
+    bool IsNight() const { return theme.IsNight(); }
+    /// Whether the window was last left in night colours.
+    static bool WasNight(const Profile& profile);
+    /// Stands in the status line until the program ends.
+    void SetNote(const QString& text) { status.SetNote(text); }
+
+    ChartWidget& Chart() { return *chart; }
+    PaneDocks& Docks() { return docks; }
+
+    /// What is to be done before a picture of the window is taken: everything posted is delivered, the chart is drawn
+    /// from the job as it stands.
+    void Settle();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void OnDrawingChanged() override;
+    void OnPointShown(tagXY point) override;
+    void OnClearanceStale() override;
+    void OnFeatureUpdate(FEATURE_TYPES type) override;
+    void OnFocusFeature(FEATURE_TYPES type) override;
+
+    void ConnectChart();
+    void MakeActions();
+    void MakeFileMenu();
+    void MakeViewMenu();
+    void MakeHelpMenu();
+    void MakeToolBar();
+    void MakePaneActions(QMenu& menu);
+    /// An action of the window; its tip tells its key.
+    QAction* MakeAction(const QString& text, const QKeySequence& key, const QString& tip);
+
+    void RebuildScene();
+    void ZoomToAll();
+    /// The chart shows another part of the grid, or has another size.
+    void FollowView();
+    void AddFiles(FEATURE_TYPES type);
+    void ExportPicture();
+    void SetFullScreen(bool full);
+    void NextArea();
+    void ShowAbout();
+
+    Job& job;
+    QtPlatform& platform;
+    Theme& theme;
+    SceneBuilder scenes;
+    BindingFactory factory;
+    ChartWidget* chart;  // the central widget
+    PaneDocks docks;
+    StatusLine status;
+    QAction* exportAction = nullptr;
+    QAction* addFirstAction = nullptr;
+    QAction* nightAction = nullptr;
+    QAction* zoomAllAction = nullptr;
+    QAction* zoomInAction = nullptr;
+    QAction* zoomOutAction = nullptr;
+    QAction* fullScreenAction = nullptr;
+    bool sceneStale = true;
+    bool sceneEmpty = true;
+    ChartView fitted;  // the view as it was last fitted to the whole job
+    bool shownBefore = false;
+};
+
+}  // namespace quillon

@@ -1,0 +1,102 @@
+#include "window/pane_docks.h"
+
+#include <QAction>
+#include <QByteArray>
+
+#include "bindings/pane_binding.h"
+#include "toolkit/text_edge.h"
+
+namespace quillon {
+namespace {
+
+constexpr const char* kSection = "Workbench";
+constexpr const char* kGeometryKey = "Geometry";
+constexpr const char* kStateKey = "Docks";
+/// Of the arrangement of docks: another number makes an older one be passed over.
+constexpr int kStateVersion = 1;
+
+constexpr QSize kFirstSize = {1480, 940};
+/// Names, colours and coordinates with three decimals fit without a scroll bar.
+constexpr int kFirstPaneWidth = 320;
+
+std::string ToProfile(const QByteArray& bytes) {
+    return bytes.toBase64().toStdString();
+}
+
+QByteArray FromProfile(const std::string& text) {
+    return QByteArray::fromBase64(QByteArray::fromStdString(text));
+}
+
+}  // namespace
+
+PaneDocks::PaneDocks(QMainWindow& mainWindow, Job& shownJob, const BindingFactory& factory)
+    : window(mainWindow), job(shownJob) {
+    window.setDockOptions(QMainWindow::AnimatedDocks | QMainWindow::AllowNestedDocks | QMainWindow::AllowTabbedDocks);
+    window.setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
+    for (const auto& pane : job.Panes()) AddDock(*pane, factory);
+}
+
+void PaneDocks::AddDock(CPropertyPane& pane, const BindingFactory& factory) {
+    auto* const dock = new QDockWidget(ToQString(pane.GetWindowText()), &window);
+    dock->setObjectName(QString("pane-%1").arg(pane.GetDlgCtrlID()));
+    auto* const binding = new PaneBinding(pane, factory, dock);
+    dock->setWidget(binding);
+    dock->setFocusProxy(binding);
+    binding->onShowPane = [dock](bool show) {
+        if (IsShown(*dock) != show) dock->setVisible(show);
+    };
+    // It comes also when the whole window hides, which says nothing about the pane.
+    QObject::connect(dock, &QDockWidget::visibilityChanged, &context,
+                     [this, dock, &pane] { KeepVisibility(*dock, pane); });
+    docks.push_back(dock);
+}
+
+void PaneDocks::KeepVisibility(const QDockWidget& dock, CPropertyPane& pane) {
+    GetProfile().SetInt(CMyDockablePane::ProfileSection(pane.GetDlgCtrlID()), "IsVisible", IsShown(dock) ? 1 : 0);
+    pane.ShowPane(IsShown(dock));
+}
+
+void PaneDocks::Restore() {
+    Reset();
+    window.resize(kFirstSize);
+    window.restoreGeometry(FromProfile(GetProfile().GetText(kSection, kGeometryKey, "")));
+    window.restoreState(FromProfile(GetProfile().GetText(kSection, kStateKey, "")), kStateVersion);
+    for (std::size_t i = 0; i < docks.size(); ++i) KeepVisibility(*docks[i], *job.Panes()[i]);
+}
+
+void PaneDocks::Save() const {
+    GetProfile().SetText(kSection, kGeometryKey, ToProfile(window.saveGeometry()));
+    GetProfile().SetText(kSection, kStateKey, ToProfile(window.saveState(kStateVersion)));
+}
+
+void PaneDocks::Reset() {
+    for (QDockWidget* const dock : docks) {
+        dock->setFloating(false);
+        window.addDockWidget(Qt::RightDockWidgetArea, dock);
+        if (dock != docks.front()) window.tabifyDockWidget(docks.front(), dock);
+        dock->setVisible(dock == docks.front());
+    }
+    if (!docks.empty()) window.resizeDocks({docks.front()}, {kFirstPaneWidth}, Qt::Horizontal);
+}
+
+QDockWidget* PaneDocks::DockOf(FEATURE_TYPES type) const {
+    const CFeaturePane* const pane = job.PaneOf(type);
+    for (std::size_t i = 0; i < docks.size(); ++i) {
+        if (job.Panes()[i].get() == pane) return docks[i];
+    }
+    return nullptr;
+}
+
+void PaneDocks::BringToFront(QDockWidget& dock) {
+    dock.show();
+    dock.raise();
+    if (dock.isFloating()) dock.activateWindow();
+    dock.widget()->setFocus(Qt::ShortcutFocusReason);
+}
+
+void PaneDocks::Raise(FEATURE_TYPES type) {
+    QDockWidget* const dock = DockOf(type);
+    if (dock && IsShown(*dock)) dock->raise();
+}
+
+}  // namespace quillon

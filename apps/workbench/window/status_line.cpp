@@ -1,0 +1,74 @@
+#include "window/status_line.h"
+
+#include <QFontDatabase>
+#include <cmath>
+#include <string>
+
+#include "platform/text.h"
+
+namespace quillon {
+namespace {
+
+/// A blank that is narrow and never breaks a line.
+constexpr char16_t kThinBlank = 0x202F;
+
+/// Groups the figures before the point by threes.
+QString Grouped(const std::string& number) {
+    QString grouped = QString::fromStdString(number);
+    const auto point = grouped.indexOf('.');
+    const qsizetype first = grouped.startsWith('-') ? 1 : 0;
+    for (qsizetype at = (point < 0 ? grouped.size() : point) - 3; at > first; at -= 3) {
+        grouped.insert(at, QChar(kThinBlank));
+    }
+    return grouped;
+}
+
+}  // namespace
+
+QString PositionText(tagXY position) {
+    return "E " + Grouped(Format("%.3lf", position.x)) + "   N " + Grouped(Format("%.3lf", position.y));
+}
+
+QString ScaleText(double denominator) {
+    if (!(denominator > 0.0) || denominator > 1e12) return {};
+    // A scale of a screen is known to three figures at most.
+    const double step = std::pow(10.0, std::max(0.0, std::floor(std::log10(denominator)) - 2.0));
+    return "1 : " + Grouped(Format("%.0lf", std::round(denominator / step) * step));
+}
+
+StatusLine::StatusLine(QStatusBar& statusBar) : bar(statusBar) {
+    note = new QLabel;
+    note->setContentsMargins(8, 0, 8, 0);
+    note->hide();
+    bar.addPermanentWidget(note);
+    position = AddField(PositionText({-8'888'888.888, -88'888'888.888}), "Position under the cursor, metres");
+    scale = AddField(ScaleText(88'800'000.0), "Scale of the chart on this screen");
+}
+
+QLabel* StatusLine::AddField(const QString& widest, const QString& tip) {
+    auto* const field = new QLabel;
+    QFont figures = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    figures.setPointSizeF(bar.font().pointSizeF());
+    field->setFont(figures);
+    field->setToolTip(tip);
+    field->setContentsMargins(8, 0, 8, 0);
+    field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    field->setMinimumWidth(QFontMetrics(figures).horizontalAdvance(widest) + 16);
+    bar.addPermanentWidget(field);
+    return field;
+}
+
+void StatusLine::SetNote(const QString& text) {
+    note->setText(text);
+    note->setVisible(!text.isEmpty());
+}
+
+void StatusLine::SetPosition(const std::optional<tagXY>& under) {
+    position->setText(under ? PositionText(*under) : QString());
+}
+
+void StatusLine::SetScale(double denominator) {
+    scale->setText(ScaleText(denominator));
+}
+
+}  // namespace quillon

@@ -1,0 +1,181 @@
+// Writes pictures of a pane with each control and each kind of row, by day and by night, to look at:
+//     workbench_gallery FOLDER
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QToolBar>
+#include <QVBoxLayout>
+#include <clocale>
+#include <filesystem>
+
+#include "bindings/pane_binding.h"
+#include "bindings/property_list_binding.h"
+#include "bindings/sample_pane.h"
+#include "chart/chart_symbols.h"
+#include "toolkit/colours.h"
+#include "toolkit/qt_platform.h"
+#include "toolkit/theme.h"
+
+namespace quillon::test {
+namespace {
+
+class Gallery {
+public:
+    Gallery(QApplication& application, const QString& folder)
+        : theme(application),
+          target(folder),
+          drives(std::filesystem::temp_directory_path() / "quillon-gallery"),
+          platform(drives, drives / "profile.ini"),
+          factory(DrawChartSymbol) {}
+    ~Gallery() { std::filesystem::remove_all(drives); }
+
+    void Shoot(bool night) {
+        theme.SetNight(night);
+        suffix = night ? "-night.png" : "-day.png";
+        ShootPane(night);
+        ShootChrome();
+        ShootDialogs();
+    }
+
+private:
+    void Save(QWidget& widget, const QString& name) {
+        QCoreApplication::processEvents();
+        widget.grab().save(target + "/" + name + suffix);
+    }
+
+    /// The drop-downs side by side.
+    void SavePickers(const std::vector<QPixmap>& pickers) {
+        QPixmap sheet(200 * static_cast<int>(pickers.size()), 330);
+        sheet.fill(QColor(90, 60, 90));
+        QPainter painter(&sheet);
+        int x = 5;
+        for (const QPixmap& picker : pickers) {
+            painter.drawPixmap(x, 5, picker);
+            x += 200;
+        }
+        sheet.save(target + "/pickers" + suffix);
+    }
+
+    void ShootPane(bool night) {
+        SamplePane pane(platform, night);
+        PaneBinding view(pane, factory);
+        view.resize(300, 760);
+        view.show();
+        view.activateWindow();
+        QCoreApplication::processEvents();
+        auto& list = static_cast<PropertyListBinding&>(*view.WidgetOf(pane.list));
+        pane.Row(DEPTH_ROW).SetValue(99.0);
+        list.View().setFocus();
+        pane.list.SetCurSel(&pane.Row(DEPTH_ROW));
+        pane.table.SetSelection(2);
+        Save(view, "pane");
+        QTest::keyClick(&list.View(), Qt::Key_F2);
+        Save(view, "pane-editing");
+        QTest::keyClick(list.View().Editor(), Qt::Key_Escape);
+        std::vector<QPixmap> pickers;
+        for (const SAMPLE_ROW row :
+             {COLOUR_ROW, FILL_ROW, THICKNESS_ROW, SYMBOL_ROW, SIZE_ROW, LABEL_ROW, POSITION_ROW}) {
+            pane.list.SetCurSel(&pane.Row(row));
+            QTest::keyClick(&list.View(), Qt::Key_F4);
+            pickers.push_back(list.View().Popup()->grab());
+            QTest::keyClick(&list.View().Popup()->List(), Qt::Key_Escape);
+        }
+        SavePickers(pickers);
+        view.resize(220, 620);
+        Save(view, "pane-narrow");
+    }
+
+    void ShootChrome() {
+        QMainWindow window;
+        QMenu* file = window.menuBar()->addMenu("&File");
+        file->addAction("&Open...")->setShortcut(QKeySequence::Open);
+        file->addSeparator();
+        file->addAction("Disabled")->setEnabled(false);
+        file->addAction("Night colours")->setCheckable(true);
+        file->actions().last()->setChecked(true);
+        window.menuBar()->addMenu("&View");
+        window.addToolBar("Tools")->addAction("Zoom in");
+        window.statusBar()->showMessage("E 512300.25  N 6213456.75");
+        auto* dock = new QDockWidget("Boundary Properties", &window);
+        dock->setWidget(new QListWidget(dock));
+        window.addDockWidget(Qt::LeftDockWidgetArea, dock);
+        auto* centre = new QWidget(&window);
+        auto* column = new QVBoxLayout(centre);
+        column->addWidget(new QLineEdit("Line edit"));
+        auto* combo = new QComboBox;
+        combo->addItem("Combo box");
+        column->addWidget(combo);
+        column->addWidget(new QSpinBox);
+        column->addWidget(new QPushButton("Push button"));
+        auto* off = new QPushButton("Disabled button");
+        off->setEnabled(false);
+        column->addWidget(off);
+        auto* check = new QCheckBox("Check box");
+        check->setChecked(true);
+        column->addWidget(check);
+        column->addWidget(new QRadioButton("Radio button"));
+        auto* bar = new QProgressBar;
+        bar->setValue(40);
+        column->addWidget(bar);
+        auto* tabs = new QTabWidget;
+        tabs->addTab(new QGroupBox("Group"), "Target");
+        tabs->addTab(new QWidget, "Shadow");
+        column->addWidget(tabs);
+        window.setCentralWidget(centre);
+        window.resize(700, 460);
+        window.show();
+        Save(window, "chrome");
+        file->popup(window.mapToGlobal(QPoint(0, 20)));
+        Save(*file, "menu");
+        file->close();
+    }
+
+    void ShootDialogs() {
+        QMessageBox box(QMessageBox::Warning, "Quillon", "Requires a file name", QMessageBox::Ok);
+        box.show();
+        Save(box, "warning");
+        QFileDialog dialog(nullptr, "Boundary Files ....", "/usr/share");
+        dialog.setOption(QFileDialog::DontUseNativeDialog);
+        dialog.setNameFilter(ToQtFilter("CSV Files (*.csv)|*.csv|All Files (*.*)|*.*||"));
+        dialog.resize(700, 420);
+        dialog.show();
+        QTest::qWait(300);
+        Save(dialog, "files");
+    }
+
+    Theme theme;
+    QString target;
+    QString suffix;
+    std::filesystem::path drives;
+    QtPlatform platform;
+    BindingFactory factory;
+};
+
+}  // namespace
+}  // namespace quillon::test
+
+int main(int count, char** arguments) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(count, arguments);
+    std::setlocale(LC_ALL, "C");
+    quillon::test::Gallery gallery(application, count > 1 ? arguments[1] : ".");
+    gallery.Shoot(false);
+    gallery.Shoot(true);
+}

@@ -1,0 +1,78 @@
+// The sample job as it is delivered: all of it can be read, and its files are those that this program would write.
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+#include "host/feature_kinds.h"
+#include "host/scene_builder.h"
+#include "platform/headless.h"
+#include "support/scratch_drives.h"
+
+namespace quillon {
+namespace {
+
+namespace fs = std::filesystem;
+
+class SampleFilesTest : public ::testing::Test {
+protected:
+    SampleFilesTest() : platform(drives.Root(), "C:\\Programs\\Quillon.exe"), features(platform.Files()) {
+        fs::copy(QUILLON_SAMPLE_JOB, drives.Root(), fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+        features.Load();
+    }
+    static std::string Bytes(const fs::path& file) {
+        std::ifstream in(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+
+    ScratchDrives drives;
+    HeadlessPlatform platform;
+    JobFeatures features;
+};
+
+TEST_F(SampleFilesTest, EveryListedFileHoldsPoints) {
+    for (const FeatureKind& kind : FeatureKinds()) {
+        const CFileListBase& list = kind.list(features);
+        EXPECT_GT(list.GetCount(), 0) << kind.name;
+        for (int i = 0; i < list.GetCount(); ++i) EXPECT_GT(list.GetPointCount(i), 0) << list.GetPath(i);
+    }
+    EXPECT_GT(features.pipeRoute.GetSize(), 2);
+    EXPECT_EQ(features.sailLines[0].GetSize(), 20);
+    for (int i = 0; i < features.pipelines.GetCount(); ++i) {
+        const CPipeline& pipeline = features.pipelines[i];
+        EXPECT_FALSE(pipeline.GetKpListing().IsEmpty()) << pipeline.GetPath();
+    }
+}
+
+TEST_F(SampleFilesTest, SettingsAreAsTheProgramWritesThem) {
+    for (const FeatureKind& kind : FeatureKinds()) EXPECT_TRUE(kind.list(features).Save());
+    for (int i = 0; i < features.waypoints.GetCount(); ++i) features.waypoints[i].SaveSettings();
+    for (int i = 0; i < features.pipelines.GetCount(); ++i) features.pipelines[i].WriteSettings();
+    features.pipeRoute.WriteSettings();
+    features.pipeRoute.WriteActive();
+    for (int i = 0; i < features.routes.GetCount(); ++i) {
+        features.routes[i].SaveDrawingOptions();
+        features.routes[i].SaveCorridorOptions();
+        features.routes[i].SaveOrder();
+    }
+    for (int i = 0; i < features.sailLines.GetCount(); ++i) {
+        features.sailLines[i].SaveDrawingOptions();
+        features.sailLines[i].SaveOrder();
+    }
+    std::set<fs::path> written, delivered;
+    for (const auto& [root, found] :
+         {std::pair{drives.Root(), &written}, std::pair{fs::path(QUILLON_SAMPLE_JOB), &delivered}}) {
+        for (const auto& entry : fs::recursive_directory_iterator(root)) {
+            if (entry.is_regular_file()) found->insert(fs::relative(entry.path(), root));
+        }
+    }
+    EXPECT_EQ(written, delivered);
+    for (const fs::path& file : delivered) {
+        EXPECT_EQ(Bytes(drives.Root() / file), Bytes(fs::path(QUILLON_SAMPLE_JOB) / file)) << file;
+    }
+}
+
+}  // namespace
+}  // namespace quillon

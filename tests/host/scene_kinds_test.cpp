@@ -1,0 +1,264 @@
+// What the chart is given of each kind of feature, over one small job.
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <functional>
+#include <numbers>
+
+#include "host/scene_builder.h"
+#include "platform/headless.h"
+#include "support/scratch_drives.h"
+
+namespace quillon {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+constexpr double kDegree = std::numbers::pi / 180.0;
+constexpr std::uint64_t kPipeRouteLayer = 100;
+
+/// Two wells and a wreck with a radius; a pipeline that runs east and comes back north-west; a route round a corner; a
+/// sail line each way.
+class SceneKindsTest : public ::testing::Test {
+protected:
+    SceneKindsTest() : platform(drives.Root(), "C:\\Programs\\Host.exe") {
+        drives.Write("C:\\Job\\Wells.csv", "W-1, 100, 200, 0\r\nW-2, 300, 200, 40\r\n");
+        Settings("Wells_GRID_WAYPOINT.INI",
+                 "Data Order = 8\r\nUse = 1\r\nClearance = 10\r\nTolerance = 25\r\nSymbol = 18\r\n"
+                 "Colour = 255\r\nSize = 3\r\nLabel Mode = 1\r\nLabel Position = 4\r\n"
+                 "Draw Rings = 1\r\nNo Rings = 2\r\nRing Size Metres = 50\r\n"
+                 "Ring Size NM = 1\r\nRing Colour = 65280\r\nCatenary Mode = 0\r\n");
+        Settings("GRID_Waypoints.FLS", "[]\r\nC:\\Job\\Wells.csv\r\n");
+        drives.Write("C:\\Job\\Pipe.csv", "0, 1\r\n2500, 1\r\n500, 2001\r\n");
+        Settings("Pipe_PIPELINE.INI",
+                 "Data Order = 0\r\nUse = 1\r\nDiameter = 24\r\nDisplay Corridor = 1\r\n"
+                 "Port Corridor = 100\r\nStdb Corridor = 50\r\nCorridor Pen = 128, 1, 1, 3\r\n"
+                 "Clearance = 1\r\nTolerance = 1\r\nPipeline Pen = 16711680, 0, 3, 0\r\n"
+                 "Start KP = 0\r\nIncreasing KPs = 1\r\nLabel KPs = 1\r\nKP Interval = 1\r\n");
+        Settings("Pipelines.FLS", "[]\r\nC:\\Job\\Pipe.csv\r\n");
+        Settings("Active_Pipeline.INI", "Path = C:\\Job\\Pipe.csv\r\n");
+        drives.Write("C:\\Job\\Run.csv", "A, 10, 10\r\nB, 10, 310\r\nC, 410, 310\r\n");
+        Settings("Run_DATA_ORDER.INI", "Data Order = 1\r\n");
+        Settings("Route_List.FLS", "[Route]\r\nC:\\Job\\Run.csv\r\n");
+        drives.Write("C:\\Job\\Block.csv", "10, 10, 10, 500\r\n60, 500, 60, 10\r\n");
+        Settings("Sail_Line_List.FLS", "[SailLine]\r\nC:\\Job\\Block.csv\r\n");
+        job = std::make_unique<Job>(platform);
+        job->Open();
+        scenes = std::make_unique<SceneBuilder>(job->Features());
+    }
+
+    void Settings(const std::string& name, std::string_view lines) {
+        drives.Write("C:\\MySettings\\Host\\" + name, lines);
+    }
+    const ChartLayer& Layer(std::uint64_t id) {
+        scene = scenes->Build();
+        for (const ChartLayer& layer : scene.layers) {
+            if (layer.id == id) return layer;
+        }
+        throw std::logic_error("no such layer");
+    }
+    const ChartLayer& Layer(FEATURE_TYPES type) { return Layer(static_cast<std::uint64_t>(type)); }
+    JobPoint Hit(FEATURE_TYPES type, std::size_t path, std::uint32_t point, tagXY at = {}, bool isVertex = true) {
+        return scenes->PointOf({Layer(type).id, path, {point, isVertex, at, 0.0}});
+    }
+    /// The cursor of a list and what its pane shows, after a click.
+    void ExpectChosen(FEATURE_TYPES type, CFileListBase& list, const JobPoint& point) {
+        ASSERT_TRUE(job->SelectPoint(point));
+        EXPECT_EQ(list.editState.editFileIndex, point.file);
+        EXPECT_EQ(list.editState.editPointIndex, point.point);
+        EXPECT_EQ(job->PaneOf(type)->GetCombo().GetCurSel(), point.file);
+        EXPECT_EQ(job->PaneOf(type)->GetTable().GetSelection(), point.point);
+    }
+    static std::vector<std::string> Labels(const ChartPath& path) {
+        std::vector<std::string> labels;
+        for (std::size_t i = 0; i < path.points.size(); ++i) labels.push_back(path.marks.label(i));
+        return labels;
+    }
+    static std::vector<double> Radii(const ChartLayer& layer) {
+        std::vector<double> radii;
+        for (const ChartCircle& circle : layer.circles) radii.push_back(circle.radius);
+        return radii;
+    }
+
+    ScratchDrives drives;
+    HeadlessPlatform platform;
+    std::unique_ptr<Job> job;
+    std::unique_ptr<SceneBuilder> scenes;
+    ChartScene scene;
+};
+
+// ---- Waypoints ----
+
+TEST_F(SceneKindsTest, WaypointsAreSymbolsThatNothingJoins) {
+    const ChartLayer& layer = Layer(FEATURE_TYPES::WAYPOINT);
+    ASSERT_THAT(layer.paths, SizeIs(1));
+    const ChartPath& wells = layer.paths[0];
+    EXPECT_THAT(wells.points, ElementsAre(tagXY{100, 200}, tagXY{300, 200}));
+    EXPECT_THAT(wells.starts, ElementsAre(1u));
+    EXPECT_EQ(wells.line.thickness, 0);
+    EXPECT_EQ(wells.marks.symbol, 18);
+    EXPECT_EQ(wells.marks.size, 3);
+    EXPECT_EQ(wells.marks.colour, RGB(255, 0, 0));
+    EXPECT_EQ(wells.marks.labelPosition, 4);
+    EXPECT_THAT(Labels(wells), ElementsAre("W-1", "W-2"));
+    ExpectChosen(FEATURE_TYPES::WAYPOINT, job->Features().waypoints, Hit(FEATURE_TYPES::WAYPOINT, 0, 1));
+}
+
+TEST_F(SceneKindsTest, RingsOfAWaypoint) {
+    CGridWaypoint& wells = job->Features().waypoints[0];
+    struct Row {
+        const char* what;
+        std::function<void()> change;
+        std::vector<double> radii;
+    };
+    const std::vector<Row> rows = {
+        {"range rings of both", [] {}, {50, 100, 50, 100}},
+        {"none without a size", [&] { wells.ringSizeMetres = 0.0; }, {}},
+        {"no more than the pane offers", [&] { wells.ringSizeMetres = 1.0, wells.ringCount = 32000; },
+         [] {
+             std::vector<double> radii;
+             for (int i = 0; i < 50; ++i) radii.push_back(i % 25 + 1);
+             return radii;
+         }()},
+        {"the tolerance, or the radius, and the clearance round it",
+         [&] { wells.catenaryMode = true; },
+         {25, 35, 40, 50}},
+        {"without a clearance", [&] { wells.clearance = 0.0; }, {25, 40}},
+        {"a radius that isn't known", [&] { wells[1].radius = MISSING_VALUE; }, {25, 25}},
+        {"without a tolerance either", [&] { wells.tolerance = 0.0; }, {}},
+        {"switched off", [&] { wells.tolerance = 5.0, wells.drawRings = false; }, {}},
+    };
+    for (const Row& row : rows) {
+        row.change();
+        const ChartLayer& layer = Layer(FEATURE_TYPES::WAYPOINT);
+        EXPECT_EQ(Radii(layer), row.radii) << row.what;
+        for (const ChartCircle& ring : layer.circles) {
+            EXPECT_EQ(ring.line.colour, wells.catenaryMode ? wells.colour : wells.ringColour) << row.what;
+        }
+    }
+}
+
+// ---- Pipelines ----
+
+TEST_F(SceneKindsTest, APipelineLiesInItsCorridor) {
+    const ChartLayer& layer = Layer(FEATURE_TYPES::PIPELINE);
+    ASSERT_THAT(layer.paths, SizeIs(2));
+    const ChartPath& corridor = layer.paths[0];
+    EXPECT_TRUE(corridor.closed);
+    EXPECT_FALSE(corridor.canBeHit);
+    ASSERT_THAT(corridor.points, SizeIs(6));
+    EXPECT_NEAR(corridor.points.front().y, 101, 1e-9) << "port of a line to the east is north";
+    EXPECT_NEAR(corridor.points.back().y, -49, 1e-9);
+    EXPECT_EQ(corridor.fill.style, 3);
+    EXPECT_EQ(corridor.fill.colour, 128u);
+    EXPECT_EQ(corridor.line.style, 1);
+    const ChartPath& pipe = layer.paths[1];
+    EXPECT_THAT(pipe.points, ElementsAre(tagXY{0, 1}, tagXY{2500, 1}, tagXY{500, 2001}));
+    EXPECT_EQ(pipe.line.colour, 16711680u);
+    EXPECT_EQ(pipe.line.thickness, 3);
+    EXPECT_EQ(Hit(FEATURE_TYPES::PIPELINE, 0, 0), JobPoint());
+    ExpectChosen(FEATURE_TYPES::PIPELINE, job->Features().pipelines, Hit(FEATURE_TYPES::PIPELINE, 1, 2));
+}
+
+TEST_F(SceneKindsTest, KpsStandAcrossTheirLineOnItsStarboardSide) {
+    const ChartLayer& layer = Layer(FEATURE_TYPES::PIPELINE);
+    struct Row {
+        const char* text;
+        tagXY at;
+        double along;
+    };
+    // The second leg runs north-west, so what is starboard of it is north-east.
+    const double back = (3.0 - 2.5) * 1000.0 / std::numbers::sqrt2;
+    const std::vector<Row> rows = {
+        {"0", {0, 1}, 180}, {"1", {1000, 1}, 180}, {"2", {2000, 1}, 180}, {"3", {2500 - back, 1 + back}, 45}};
+    ASSERT_GE(layer.texts.size(), rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const ChartText& text = layer.texts[i];
+        EXPECT_EQ(text.text, rows[i].text);
+        EXPECT_NEAR(text.at.x, rows[i].at.x, 1e-6);
+        EXPECT_NEAR(text.at.y, rows[i].at.y, 1e-6);
+        ASSERT_TRUE(text.along);
+        EXPECT_NEAR(std::remainder(*text.along - rows[i].along * kDegree, 2 * std::numbers::pi), 0.0, 1.1 * kDegree);
+        EXPECT_EQ(text.position, 4);
+        EXPECT_NEAR(text.gap, 10, 1);
+        EXPECT_EQ(text.colour, 16711680u);
+    }
+    job->Features().pipelines[0].labelKps = false;
+    job->Features().pipelines[0].ComputeKpListing();
+    EXPECT_THAT(Layer(FEATURE_TYPES::PIPELINE).texts, IsEmpty());
+}
+
+TEST_F(SceneKindsTest, TheActivePipeRouteIsDrawnButCannotBeChosen) {
+    const ChartLayer& layer = Layer(kPipeRouteLayer);
+    ASSERT_THAT(layer.paths, SizeIs(2));
+    EXPECT_FALSE(layer.paths[1].canBeHit) << "or it would hide what lies below it from the pointer";
+    EXPECT_EQ(layer.texts.size(), 6u);
+    job->Features().pipeRoute.Clear();
+    EXPECT_THAT(Layer(kPipeRouteLayer).paths, IsEmpty());
+}
+
+// ---- Routes ----
+
+TEST_F(SceneKindsTest, ARouteHasItsPointsAndLegsNamed) {
+    CRoute& route = job->Features().routes[0];
+    ASSERT_THAT(Layer(FEATURE_TYPES::ROUTE).paths, SizeIs(1));
+    EXPECT_FALSE(scene.layers.back().paths.empty());
+    EXPECT_FALSE(Layer(FEATURE_TYPES::ROUTE).paths[0].legText) << "legs are silent until they are switched on";
+    route.showLegLabel = true;
+    route.displayCorridor = true;
+    route.portWidth = route.starboardWidth = 20.0;
+    route.corridorColour = RGB(0, 200, 200);
+    route.fill = 2;
+    route.ComputeCorridor();
+    const ChartLayer& layer = Layer(FEATURE_TYPES::ROUTE);
+    ASSERT_THAT(layer.paths, SizeIs(2));
+    EXPECT_THAT(layer.paths[0].points, ElementsAre(tagXY{-10, 10}, tagXY{-10, 330}, tagXY{410, 330}, tagXY{410, 290},
+                                                   tagXY{30, 290}, tagXY{30, 10}));
+    EXPECT_EQ(layer.paths[0].fill.colour, RGB(0, 200, 200));
+    EXPECT_THAT(Labels(layer.paths[1]), ElementsAre("A", "B", "C"));
+    EXPECT_THAT(layer.paths[1].legText(0), ::testing::HasSubstr("300"));
+    EXPECT_THAT(layer.paths[1].legText(1), ::testing::AllOf(::testing::HasSubstr("400"), ::testing::HasSubstr("90")));
+    EXPECT_EQ(layer.paths[1].legText(7), "");
+    const JobPoint nearer = Hit(FEATURE_TYPES::ROUTE, 1, 1, {400, 310}, false);
+    EXPECT_EQ(nearer, (JobPoint{FEATURE_TYPES::ROUTE, 0, 2}));
+    ExpectChosen(FEATURE_TYPES::ROUTE, job->Features().routes, nearer);
+}
+
+// ---- Sail lines ----
+
+TEST_F(SceneKindsTest, SailLinesAreNumberedWhereTheyStart) {
+    const ChartLayer& layer = Layer(FEATURE_TYPES::SAIL_LINE);
+    ASSERT_THAT(layer.paths, SizeIs(1));
+    const ChartPath& block = layer.paths[0];
+    EXPECT_THAT(block.points, ElementsAre(tagXY{10, 10}, tagXY{10, 500}, tagXY{60, 500}, tagXY{60, 10}));
+    EXPECT_THAT(block.starts, ElementsAre(2u)) << "no line from the end of one to the start of the next";
+    EXPECT_TRUE(block.arrows);
+    EXPECT_THAT(Labels(block), ElementsAre("1", "", "2", ""));
+    EXPECT_EQ(Hit(FEATURE_TYPES::SAIL_LINE, 0, 1), (JobPoint{FEATURE_TYPES::SAIL_LINE, 0, 0})) << "the end of line 1";
+    ExpectChosen(FEATURE_TYPES::SAIL_LINE, job->Features().sailLines,
+                 Hit(FEATURE_TYPES::SAIL_LINE, 0, 2, {60, 20}, false));
+    EXPECT_EQ(job->Features().sailLines.editState.editPointIndex, 1);
+}
+
+// ---- All ----
+
+TEST_F(SceneKindsTest, WhatIsSwitchedOffIsNotDrawn) {
+    JobFeatures& features = job->Features();
+    features.waypoints[0].display = false;
+    features.pipelines[0].use = false;
+    features.pipeRoute.use = false;
+    features.routes[0].Status = false;
+    features.sailLines[0].Status = false;
+    for (const ChartLayer& layer : scenes->Build().layers) {
+        EXPECT_THAT(layer.paths, IsEmpty()) << layer.id;
+        EXPECT_THAT(layer.circles, IsEmpty()) << layer.id;
+        EXPECT_THAT(layer.texts, IsEmpty()) << layer.id;
+    }
+    EXPECT_TRUE(scenes->IsEmpty());
+}
+
+}  // namespace
+}  // namespace quillon
