@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <string_view>
 
-#include "features/read_report.h"
+#include "foundation/read_report.h"
 #include "foundation/values.h"
 #include "platform/file.h"
 

@@ -6,7 +6,7 @@
 #include "features/boundary.h"
 #include "features/grid_waypoint.h"
 #include "features/pipeline.h"
-#include "features/read_report.h"
+#include "foundation/read_report.h"
 #include "features/route.h"
 #include "features/sail_line.h"
 #include "sheet.h"

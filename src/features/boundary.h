@@ -6,7 +6,7 @@
 #include "features/drawing_options.h"
 #include "features/feature_common.h"
 #include "features/file_list.h"
-#include "features/read_report.h"
+#include "foundation/read_report.h"
 #include "foundation/values.h"
 
 namespace quillon {

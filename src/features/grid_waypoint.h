@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "features/file_list.h"
-#include "features/read_report.h"
+#include "foundation/read_report.h"
 #include "foundation/values.h"
 #include "platform/display_options.h"
 #include "platform/palette.h"

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "features/file_list.h"
-#include "features/read_report.h"
+#include "foundation/read_report.h"
 #include "foundation/config_file.h"
 #include "foundation/values.h"
 

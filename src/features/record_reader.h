@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "features/read_report.h"
+#include "foundation/read_report.h"
 #include "foundation/values.h"
 #include "platform/file.h"
 

@@ -9,7 +9,7 @@
 #include "features/feature_common.h"
 #include "features/file_list.h"
 #include "features/leg.h"
-#include "features/read_report.h"
+#include "foundation/read_report.h"
 #include "foundation/values.h"
 
 namespace quillon {

@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/descriptor.h"
 #include "platform/file_calls.h"
 #include "platform/text.h"
 
@@ -25,33 +26,6 @@ constexpr std::size_t kBlock = std::size_t{256} << 10;
 constexpr const char* kNewSuffix = ".new~";
 /// Links followed one after another before they count as a circle.
 constexpr int kMostLinks = 40;
-
-class Descriptor {
-public:
-    explicit Descriptor(int number = -1) : fd(number) {}
-    ~Descriptor() { Reset(); }
-    Descriptor(Descriptor&& other) noexcept : fd(std::exchange(other.fd, -1)) {}
-    Descriptor& operator=(Descriptor&& other) noexcept {
-        Reset(std::exchange(other.fd, -1));
-        return *this;
-    }
-    void Reset(int number = -1) {
-        if (fd >= 0) ::close(fd);
-        fd = number;
-    }
-    int Get() const { return fd; }
-    explicit operator bool() const { return fd >= 0; }
-
-private:
-    int fd;
-};
-
-template <class Call>
-auto Retry(Call call) {
-    auto result = call();
-    while (result < 0 && errno == EINTR) result = call();
-    return result;
-}
 
 bool WriteWhole(FileCalls& calls, int fd, std::string_view bytes) {
     while (!bytes.empty()) {

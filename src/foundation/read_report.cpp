@@ -1,4 +1,4 @@
-#include "features/read_report.h"
+#include "foundation/read_report.h"
 
 namespace quillon {
 
