@@ -189,6 +189,7 @@ std::string ReportText(std::string_view file, const ReadReport& report) {
     if (report.passedOver > report.named.size()) {
         text += Format("  and %zu more\n", report.passedOver - report.named.size());
     }
+    if (report.labelsCut) text += "  the KP labels end early: the interval asks for too many\n";
     return text;
 }
 

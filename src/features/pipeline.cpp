@@ -90,6 +90,7 @@ bool CPipeline::LoadData(std::string_view newPath, ReadReport* report) {
     path = newPath;
     RemoveAll();
     kpListing.RemoveAll();
+    kpListingCut = false;
     CStdioFile file(files);
     return file.OpenForReading(path) && ReadFrom(file, report);
 }
@@ -108,6 +109,7 @@ bool CPipeline::ReadFrom(CStdioFile& file, ReadReport* report) {
     ComputeLegs();
     ComputeKps();
     ComputeCorridor();
+    if (report) report->labelsCut = kpListingCut;
     return !IsEmpty();
 }
 
@@ -115,6 +117,7 @@ void CPipeline::Clear() {
     path.clear();
     RemoveAll();
     kpListing.RemoveAll();
+    kpListingCut = false;
 }
 
 // ---- Settings ----
@@ -182,15 +185,18 @@ void CPipeline::ComputeKps() {
 
 void CPipeline::ComputeKpListing() {
     kpListing.RemoveAll();
+    kpListingCut = false;
     if (!labelKps || GetSize() < 2 || !(kpInterval > 0.0)) return;
     const double first = (*this)[0].kp / kpInterval;
     double label = (increasingKps ? std::ceil(first) : std::floor(first)) * kpInterval;
     std::vector<KPListingDef> listed;
-    for (Index i = 0; i + 1 < GetSize(); ++i) ListLeg((*this)[i], (*this)[i + 1], label, listed);
+    for (Index i = 0; i + 1 < GetSize() && !kpListingCut; ++i) {
+        kpListingCut = !ListLeg((*this)[i], (*this)[i + 1], label, listed);
+    }
     kpListing.Adopt(std::move(listed));
 }
 
-void CPipeline::ListLeg(const PipelineDef& from, const PipelineDef& to, double& label,
+bool CPipeline::ListLeg(const PipelineDef& from, const PipelineDef& to, double& label,
                         std::vector<KPListingDef>& listed) const {
     const double normal = from.bearing + std::numbers::pi / 2;
     const double step = increasingKps ? kpInterval : -kpInterval;
@@ -201,7 +207,7 @@ void CPipeline::ListLeg(const PipelineDef& from, const PipelineDef& to, double& 
     if (entry.rotation < 0) entry.rotation += 360;
     while (increasingKps ? label < to.kp : label > to.kp) {
         // A KP so large that the interval is lost in it would never be passed.
-        if (listed.size() >= kMostLabels || label + step == label) return;
+        if (listed.size() >= kMostLabels || label + step == label) return false;
         // A label rounded to just short of the first KP may stand in a leg without a length in KPs.
         const double length = to.kp - from.kp;
         const double fraction = length == 0.0 ? 0.0 : (label - from.kp) / length;
@@ -212,6 +218,7 @@ void CPipeline::ListLeg(const PipelineDef& from, const PipelineDef& to, double& 
         listed.push_back(entry);
         label += step;
     }
+    return true;
 }
 
 std::string KpText(double kp) {

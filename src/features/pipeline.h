@@ -98,15 +98,20 @@ public:
     const std::string& GetPath() const { return path; }
     void SetPath(std::string_view newPath) { path = newPath; }
     const CKPListingArray& GetKpListing() const { return kpListing; }
+    /// Whether the interval asks for more labels than are listed: after a million, or where it is lost in the size of
+    /// the KPs, the listing ends.
+    bool IsKpListingCut() const { return kpListingCut; }
 
 private:
     std::string SettingsName() const;
-    void ListLeg(const PipelineDef& from, const PipelineDef& to, double& label,
+    /// False if the listing ends in this leg.
+    bool ListLeg(const PipelineDef& from, const PipelineDef& to, double& label,
                  std::vector<KPListingDef>& listed) const;
 
     FileSystem& files;
     std::string path;
     CKPListingArray kpListing;
+    bool kpListingCut = false;
 };
 
 /// The path that the active pipeline file names; empty if there is none.

@@ -96,7 +96,9 @@ bool CConfigFile::ReadBool(bool missing) {
 
 double CConfigFile::ReadDouble(double missing) {
     std::string_view value;
-    return ReadValue(value) ? Atof(value) : missing;
+    if (!ReadValue(value)) return missing;
+    const double number = Atof(value);
+    return std::isfinite(number) ? number : missing;
 }
 
 COLORREF CConfigFile::ReadColour(COLORREF missing) {

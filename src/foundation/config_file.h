@@ -49,6 +49,7 @@ public:
     // Reading. Each takes one line.
     int ReadInt(int missing);
     bool ReadBool(bool missing);
+    /// A number too large for a double counts as missing.
     double ReadDouble(double missing);
     COLORREF ReadColour(COLORREF missing);
     /// The first character behind the white space that follows the "=".

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 
 #include "platform/text.h"
@@ -88,12 +89,15 @@ double FieldScanner::NextNumber() {
     return value;
 }
 
-/// Takes the run of number characters at the front, whatever they make.
+/// Takes the run of number characters at the front, whatever they make. A number beyond a double is no value: an
+/// infinity would go on through every figure that is worked out from it.
 double FieldScanner::AnyNumber() {
     const char* const start = first;
     bool unknown = false;
     for (; first != last && KindOf(*first) == NUMBER; ++first) unknown |= *first == '?';
-    return unknown ? MISSING_VALUE : Atof({start, static_cast<std::size_t>(first - start)});
+    if (unknown) return MISSING_VALUE;
+    const double value = Atof({start, static_cast<std::size_t>(first - start)});
+    return std::isfinite(value) ? value : MISSING_VALUE;
 }
 
 std::string_view FieldScanner::TakeUpTo(char stop) {

@@ -24,7 +24,7 @@ public:
         : first(line.data()), last(line.data() + line.size()), separator(fieldSeparator) {}
 
     /// The next number, read as atof does under every locale. MISSING_VALUE for an empty field, a field with a "?" (the
-    /// files' way of saying that no value is known), and behind the end.
+    /// files' way of saying that no value is known), a number too large for a double, and behind the end.
     ///
     /// Whatever stands ahead of the number's first character is passed over, separators too, unless the field is empty.
     /// A number is a run of "+-0123456789.e?".

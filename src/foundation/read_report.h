@@ -32,6 +32,7 @@ struct ReadReport {
     std::size_t taken = 0;
     std::size_t passedOver = 0;
     std::vector<PassedLine> named;  ///< the first of those passed over
+    bool labelsCut = false;         ///< a pipeline's interval asks for more KP labels than are listed
 
     void Count(PASSED_OVER reason) {
         ++lines;

@@ -80,12 +80,8 @@ TEST_F(BoundaryTest, IsTakenAsDrawn) {
 TEST_F(BoundaryTest, StandsUpToAnyBytes) {
     EXPECT_EQ(Read("1,2\r3,4\r5,6").size(), 1u);  // one line: carriage returns alone end none
     EXPECT_EQ(Read(std::string("1\0,2\n3,4\n", 9)).size(), 2u);
-    Read("1e999,1e999\n-1e999,1e-999\n1e308,-1e308\n1e5,2e5\n");
-    EXPECT_EQ(boundary.GetAt(boundary.GetUpperBound()), (tagXY{1e5, 2e5}));
-    EXPECT_EQ(Read("\xEF\xBB\xBF"
-                   "1,2\n")
-                  .size(),
-              1u);
+    EXPECT_EQ(Read("1e999,1e999\n-1e999,1e-999\n1e308,-1e308\n1e5,2e5\n"),
+              (std::vector<tagXY>{{1e308, -1e308}, {1e5, 2e5}}));
     EXPECT_EQ(Read(std::string(3 << 20, '7') + ",1\n5,6\n").back(), (tagXY{5, 6}));
     std::mt19937 random(3);
     for (int i = 0; i < 200; ++i) {

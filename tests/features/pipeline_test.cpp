@@ -194,14 +194,21 @@ TEST_F(PipelineTest, BoundsItsLabels) {
         pipeline.ComputeKps();
         EXPECT_LE(pipeline.GetKpListing().GetSize(), 1'000'000);
     }
+    pipeline.startKp = 0;
+    for (const auto& [interval, cut] : {std::pair{1e-9, true}, std::pair{1e-300, true}, std::pair{0.5, false}}) {
+        pipeline.kpInterval = interval;
+        EXPECT_TRUE(Read(0, "1,1\n1,3000\n"));
+        EXPECT_EQ(pipeline.IsKpListingCut(), cut) << interval;
+    }
     pipeline.kpInterval = 0.1;
     EXPECT_TRUE(Read(1, "0.3,1,1\n0.3,1,100\n0.3,1,200\n0.6,1,300\n"));
     for (const KPListingDef& label : pipeline.GetKpListing()) {
         EXPECT_TRUE(std::isfinite(label.position.x) && std::isfinite(label.position.y)) << label.text;
         EXPECT_GE(label.position.y, 1.0);
     }
-    EXPECT_TRUE(Read(1, "0.1,1,1\n1e999,1,100\n"));
-    EXPECT_LE(pipeline.GetKpListing().GetSize(), 1'000'000);
+    // A KP that is no number counts as missing and piles no labels on its leg.
+    EXPECT_TRUE(Read(1, "0.1,1,1\n1e999,1,100\n0.35,1,200\n"));
+    EXPECT_EQ(pipeline.GetKpListing().GetSize(), 3);
 }
 
 TEST_F(PipelineTest, KpTexts) {

@@ -178,6 +178,7 @@ TEST_F(ConfigFile, KeepsOddDoubles) {
         back = file.ReadDouble(back);
         EXPECT_EQ(back, value);
     }
+    EXPECT_EQ(FromLine("a = 1e999", [](CConfigFile& file) { return file.ReadDouble(77); }), 77);
 }
 
 TEST_F(ConfigFile, ReadsPensAsFarAsTheirCommasGo) {
