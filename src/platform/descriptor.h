@@ -1,9 +1,14 @@
 #pragma once
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdint>
+#include <optional>
 #include <utility>
+
+#include "platform/file.h"
 
 namespace quillon {
 
@@ -34,6 +39,18 @@ auto Retry(Call call) {
     auto result = call();
     while (result < 0 && errno == EINTR) result = call();
     return result;
+}
+
+inline FileStamp StampOf(const struct stat& status) {
+    return {static_cast<std::uint64_t>(status.st_size),
+            static_cast<std::int64_t>(status.st_mtim.tv_sec) * 1'000'000'000 + status.st_mtim.tv_nsec};
+}
+
+/// The stamp of an open file; none if it isn't a regular one.
+inline std::optional<FileStamp> StampOf(const Descriptor& file) {
+    struct stat status {};
+    if (::fstat(file.Get(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+    return StampOf(status);
 }
 
 }  // namespace quillon

@@ -15,6 +15,7 @@
 
 #include "platform/descriptor.h"
 #include "platform/file_calls.h"
+#include "platform/file_writer.h"
 #include "platform/text.h"
 
 namespace quillon {
@@ -23,58 +24,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kBlock = std::size_t{256} << 10;
-constexpr const char* kNewSuffix = ".new~";
-/// Links followed one after another before they count as a circle.
-constexpr int kMostLinks = 40;
-
-bool WriteWhole(FileCalls& calls, int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t n = Retry([&] { return calls.Write(fd, bytes.data(), bytes.size()); });
-        if (n <= 0) return false;
-        bytes.remove_prefix(static_cast<std::size_t>(n));
-    }
-    return true;
-}
-
-std::optional<std::string> BytesOf(const fs::path& path) {
-    const Descriptor fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!fd) return std::nullopt;
-    std::string bytes;
-    std::vector<char> block(kBlock);
-    for (;;) {
-        const ssize_t n = Retry([&] { return ::read(fd.Get(), block.data(), block.size()); });
-        if (n < 0) return std::nullopt;
-        if (n == 0) return bytes;
-        bytes.append(block.data(), static_cast<std::size_t>(n));
-    }
-}
-
-/// A rename is on the disk only when its folder is.
-void FlushFolderOf(FileCalls& calls, const fs::path& path) {
-    const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
-    const Descriptor fd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (fd) calls.Sync(fd.Get());
-}
-
-/// The file that a path names in the end: links are followed, also to a file that isn't there yet. Empty for a circle.
-fs::path FollowLinks(fs::path path) {
-    std::error_code error;
-    for (int i = 0; i < kMostLinks; ++i) {
-        if (!fs::is_symlink(fs::symlink_status(path, error))) return path;
-        const fs::path next = fs::read_symlink(path, error);
-        if (error) return {};
-        path = path.parent_path() / next;
-    }
-    return {};
-}
-
-/// Whether a writer may put a file in the place of what stands there: nothing, or a regular file that may be written.
-bool IsReplaceable(const fs::path& path) {
-    if (!path.has_filename()) return false;
-    struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) return errno == ENOENT;
-    return S_ISREG(status.st_mode) && ::access(path.c_str(), W_OK) == 0;
-}
+/// What some programs put ahead of the first line of a text in UTF-8.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 bool HasDrive(std::string_view path) {
     if (path.size() < 2 || path[1] != ':') return false;
@@ -82,13 +33,20 @@ bool HasDrive(std::string_view path) {
     return letter >= 'A' && letter <= 'Z';
 }
 
-/// A path on a drive. The parts "." and ".." are taken by their names, before any link is followed, and the root of the
-/// drive is its own parent.
-fs::path NativeRest(const fs::path& base, std::string_view rest) {
-    std::string utf8 = Utf8FromText(rest);
+std::string WithSlashes(std::string_view path) {
+    std::string utf8 = Utf8FromText(path);
     std::replace(utf8.begin(), utf8.end(), '\\', '/');
-    const fs::path relative = fs::path("/" + utf8).lexically_normal().relative_path();
-    return relative.empty() ? base : base / relative;
+    return utf8;
+}
+
+/// A path on a drive, from its root. The parts "." and ".." are taken by their names, before any link is followed, and
+/// the root of the drive is its own parent.
+fs::path BelowDrive(std::string_view rest) {
+    return fs::path("/" + WithSlashes(rest)).lexically_normal().relative_path();
+}
+
+bool IsAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 128; });
 }
 
 }  // namespace
@@ -145,11 +103,14 @@ FileSystem::FileSystem(fs::path drivesFolder, std::string program, FILE_ACCESS f
 fs::path FileSystem::Native(std::string_view path) const {
     // A NUL would cut the path short on its way to the system.
     path = path.substr(0, path.find('\0'));
-    if (HasDrive(path))
-        return NativeRest(drives / std::string(1, static_cast<char>(ToUpper(path[0]) + 32)), path.substr(2));
-    std::string utf8 = Utf8FromText(path);
-    std::replace(utf8.begin(), utf8.end(), '\\', '/');
-    return fs::path(utf8);
+    if (HasDrive(path)) {
+        const fs::path drive = drives / std::string(1, static_cast<char>(ToUpper(path[0]) + 32));
+        const fs::path rest = BelowDrive(path.substr(2));
+        return rest.empty() ? drive : lookup.Find(drive, rest, NAME_MATCH::ANY_CAPITALS);
+    }
+    const fs::path native(WithSlashes(path));
+    if (IsAscii(path)) return native;
+    return lookup.Find(native.root_path(), native.relative_path(), NAME_MATCH::SAME_TEXT);
 }
 
 std::string FileSystem::LibraryPath(const fs::path& native) const {
@@ -186,8 +147,17 @@ FOLDER_RESULT FileSystem::CreateFolder(std::string_view path) const {
 std::optional<FileStamp> FileSystem::Stamp(std::string_view path) const {
     struct stat status {};
     if (::stat(Native(path).c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
-    return FileStamp{static_cast<std::uint64_t>(status.st_size),
-                     static_cast<std::int64_t>(status.st_mtim.tv_sec) * 1'000'000'000 + status.st_mtim.tv_nsec};
+    return StampOf(status);
+}
+
+std::size_t FileSystem::ClearLeftovers(std::string_view folder) const {
+    if (access == FILE_ACCESS::READ_ONLY) return 0;
+    std::vector<fs::path> leftovers;
+    std::error_code failed;
+    for (fs::directory_iterator entry(Native(folder), failed), end; !failed && entry != end; entry.increment(failed)) {
+        if (entry->path().native().ends_with(kNewSuffix)) leftovers.push_back(entry->path());
+    }
+    return static_cast<std::size_t>(std::count_if(leftovers.begin(), leftovers.end(), RemoveLeftover));
 }
 
 // ---- Reading ----
@@ -200,6 +170,7 @@ public:
         : length(bytes.size()), mode(fileMode), rest(bytes), ended(true) {}
 
     bool Line(std::string_view& line) {
+        const bool first = position == 0;
         for (std::size_t searched = 0;;) {
             const std::size_t feed = FindFeed(searched);
             if (feed != std::string_view::npos && feed <= kLongestLine) {
@@ -219,6 +190,7 @@ public:
                 break;
             }
         }
+        if (first && line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
         if (mode == FILE_MODE::TEXT && !line.empty() && line.back() == '\r') line.remove_suffix(1);
         return true;
     }
@@ -286,99 +258,6 @@ private:
     bool failed = false;
 };
 
-// ---- Writing ----
-
-class CStdioFile::Writer {
-public:
-    /// Null if the file can't be written now.
-    static std::unique_ptr<Writer> Open(FileCalls& calls, const fs::path& native, std::string path, FILE_MODE mode) {
-        auto writer = std::unique_ptr<Writer>(new Writer(calls));
-        writer->target = FollowLinks(native);
-        writer->fresh = writer->target;
-        writer->fresh += kNewSuffix;
-        writer->path = std::move(path);
-        writer->mode = mode;
-        return IsReplaceable(writer->target) && writer->Lock() ? std::move(writer) : nullptr;
-    }
-
-    ~Writer() {
-        if (fd) ::unlink(fresh.c_str());
-    }
-
-    void Write(std::string_view text) {
-        if (mode == FILE_MODE::BINARY) {
-            bytes += text;
-        } else {
-            for (std::size_t feed; (feed = text.find('\n')) != std::string_view::npos; text.remove_prefix(feed + 1)) {
-                bytes += text.substr(0, feed);
-                bytes += "\r\n";
-            }
-            bytes += text;
-        }
-    }
-
-    bool Commit(CommitObserver* observer) {
-        std::optional<std::string> before;
-        if (observer) before = BytesOf(target);
-        KeepOwnerAndMode();
-        if (Retry([&] { return calls.Truncate(fd.Get()); }) != 0) return false;
-        if (!WriteWhole(calls, fd.Get(), bytes)) return false;
-        if (Retry([&] { return calls.Sync(fd.Get()); }) != 0) return false;
-        if (Retry([&] { return calls.Rename(fresh.c_str(), target.c_str()); }) != 0) return false;
-        FlushFolderOf(calls, target);
-        // The new file has its name now; the destructor must not take it away.
-        fd.Reset();
-        if (observer) observer->OnCommitted({path, std::move(before), bytes});
-        return true;
-    }
-
-private:
-    explicit Writer(FileCalls& system) : calls(system) {}
-
-    /// Best effort: who may not give a file away owns the new one.
-    void KeepOwnerAndMode() {
-        struct stat old {};
-        if (::stat(target.c_str(), &old) != 0) return;
-        const bool group = ::fchown(fd.Get(), static_cast<uid_t>(-1), old.st_gid) == 0;
-        const bool owner = ::fchown(fd.Get(), old.st_uid, static_cast<gid_t>(-1)) == 0;
-        // Another owner or group must not come by rights that were meant for the old one.
-        if (!group || !owner) old.st_mode &= ~static_cast<mode_t>(S_ISUID | S_ISGID);
-        ::fchmod(fd.Get(), old.st_mode & 07777);
-    }
-
-    /// The new file's lock is what refuses a second writer. A file left behind by a killed writer has no lock and is
-    /// taken over. Between opening and locking, the first writer may have renamed or removed the file: then it is
-    /// another one by name. A file system that knows no locks is written without one.
-    bool Lock() {
-        for (;;) {
-            // A link in the new file's place would lead the bytes astray.
-            constexpr int kFlags = O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY;
-            fd.Reset(Retry([&] { return calls.Open(fresh.c_str(), kFlags, 0666); }));
-            if (!fd) return false;
-            if (Retry([&] { return calls.Lock(fd.Get()); }) != 0 && errno == EWOULDBLOCK) {
-                fd.Reset();
-                return false;
-            }
-            struct stat opened {
-            }, named{};
-            if (::fstat(fd.Get(), &opened) != 0 || !S_ISREG(opened.st_mode)) {
-                fd.Reset();
-                return false;
-            }
-            const bool stands = ::stat(fresh.c_str(), &named) == 0;
-            if (stands && opened.st_ino == named.st_ino && opened.st_dev == named.st_dev) return true;
-        }
-    }
-
-    FileCalls& calls;
-    fs::path target;
-    fs::path fresh;
-    std::string path;
-    std::string bytes;
-    Descriptor fd;
-    FILE_MODE mode = FILE_MODE::TEXT;
-};
-
 // ---- CStdioFile ----
 
 CStdioFile::CStdioFile(FileSystem& system) : files(system) {}
@@ -388,8 +267,16 @@ bool CStdioFile::OpenForReading(std::string_view path, FILE_MODE mode) {
     Close();
     Descriptor fd(::open(files.Native(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status {};
-    if (!fd || ::fstat(fd.Get(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
-    reader = std::make_unique<Reader>(std::move(fd), static_cast<std::uint64_t>(status.st_size), mode);
+    if (!fd || ::fstat(fd.Get(), &status) != 0) {
+        fault = FaultText(errno);
+        return false;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        fault = FaultText(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+        return false;
+    }
+    stamp = StampOf(status);
+    reader = std::make_unique<Reader>(std::move(fd), stamp->size, mode);
     return true;
 }
 
@@ -400,9 +287,18 @@ void CStdioFile::OpenBytes(std::string_view bytes, FILE_MODE mode) {
 
 bool CStdioFile::OpenForWriting(std::string_view path, FILE_MODE mode) {
     Close();
-    if (files.Access() == FILE_ACCESS::READ_ONLY) return false;
-    writer = Writer::Open(files.Calls(), files.Native(path), std::string(path), mode);
+    writtenPath = path;
+    if (files.Access() == FILE_ACCESS::READ_ONLY) {
+        fault = "the job is open for reading only";
+    } else {
+        writer = FileWriter::Open(files.Calls(), files.Native(path), mode, fault);
+    }
+    if (!writer) TellFailure();
     return writer != nullptr;
+}
+
+void CStdioFile::TellFailure() const {
+    if (CommitObserver* const observer = files.Observer()) observer->OnSaveFailed({writtenPath, fault});
 }
 
 bool CStdioFile::ReadString(std::string_view& line) {
@@ -439,13 +335,24 @@ void CStdioFile::WriteString(std::string_view text) {
 }
 
 bool CStdioFile::Commit() {
-    const std::unique_ptr<Writer> ending = std::move(writer);
-    return ending && ending->Commit(files.Observer());
+    const std::unique_ptr<FileWriter> ending = std::move(writer);
+    if (!ending) return false;
+    CommitObserver* const observer = files.Observer();
+    std::optional<std::string> before = observer ? ending->Before() : std::nullopt;
+    if (!ending->Commit(fault)) {
+        TellFailure();
+        return false;
+    }
+    stamp = ending->Stamp();
+    if (observer) observer->OnCommitted({writtenPath, std::move(before), ending->Bytes()});
+    return true;
 }
 
 void CStdioFile::Close() {
     reader.reset();
     writer.reset();
+    stamp.reset();
+    fault.clear();
 }
 
 }  // namespace quillon

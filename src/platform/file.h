@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/name_lookup.h"
+
 namespace quillon {
 
 /// What a commit did to a file. The views hold during the call only.
@@ -17,11 +19,19 @@ struct FileCommit {
     std::string_view after;
 };
 
-/// Told of every file that the library rewrites, after it has been replaced. On the thread of the writer.
+/// A save that failed; the old file stands.
+struct FailedSave {
+    std::string path;    ///< as the writer was given it
+    std::string reason;  ///< for people: "the disk is full"
+};
+
+/// Told of every file that the library rewrites, after it has been replaced, and of every one that it could not write.
+/// On the thread of the writer.
 class CommitObserver {
 public:
     virtual ~CommitObserver() = default;
     virtual void OnCommitted(const FileCommit& commit) = 0;
+    virtual void OnSaveFailed(const FailedSave&) {}
 };
 
 struct FileStamp {
@@ -31,6 +41,7 @@ struct FileStamp {
 };
 
 class FileCalls;
+class FileWriter;
 
 enum class FOLDER_RESULT { CREATED, THERE, FAILED };
 
@@ -51,6 +62,9 @@ std::filesystem::path DefaultDrivesFolder();
 /// always exists, the others exist if their folder does. A path without a drive and without a leading separator is
 /// taken from the current folder, as every program of this system takes it. On a drive, ".." goes up to the root of the
 /// drive and no further.
+///
+/// A file on a drive that isn't there is looked for under a name that differs in capitals only, and any file under a
+/// name that is no UTF-8.
 class FileSystem {
 public:
     /// `commandLine` names the program; the settings folder is called after it.
@@ -71,6 +85,8 @@ public:
     bool DriveIsFixed(char letter) const;
     FOLDER_RESULT CreateFolder(std::string_view path) const;
     std::optional<FileStamp> Stamp(std::string_view path) const;
+    /// Removes the new files that killed writers left in a folder; the count removed. For a start.
+    std::size_t ClearLeftovers(std::string_view folder) const;
 
     void SetCommitObserver(CommitObserver* observer) { commitObserver = observer; }
     CommitObserver* Observer() const { return commitObserver; }
@@ -85,6 +101,7 @@ private:
     FILE_ACCESS access;
     CommitObserver* commitObserver = nullptr;
     FileCalls* calls;
+    mutable NameLookup lookup;
 };
 
 enum class FILE_MODE {
@@ -120,7 +137,8 @@ public:
     bool IsWriting() const { return writer != nullptr; }
 
     /// The next line without its line feed; false at the end. The view holds until the next read. Of a line longer than
-    /// kLongestLine bytes the rest is passed over, so that memory stays bounded for any input.
+    /// kLongestLine bytes the rest is passed over, so that memory stays bounded for any input. A byte order mark (of
+    /// UTF-8) is no part of the first line.
     bool ReadString(std::string_view& line);
     static constexpr std::size_t kLongestLine = std::size_t{1} << 20;
 
@@ -132,6 +150,10 @@ public:
     std::uint64_t GetLength() const;
     /// Bytes taken by the lines so far.
     std::uint64_t GetPosition() const;
+    /// Of the file when it was opened for reading, or of the one just committed; none for bytes in memory.
+    const std::optional<FileStamp>& GetStamp() const { return stamp; }
+    /// Why opening or committing failed, for people; empty if it didn't.
+    const std::string& GetFault() const { return fault; }
 
     void WriteString(std::string_view text);
 
@@ -144,10 +166,14 @@ protected:
     FileSystem& files;
 
 private:
+    void TellFailure() const;
+
     class Reader;
-    class Writer;
     std::unique_ptr<Reader> reader;
-    std::unique_ptr<Writer> writer;
+    std::unique_ptr<FileWriter> writer;
+    std::string writtenPath;
+    std::string fault;
+    std::optional<FileStamp> stamp;
 };
 
 }  // namespace quillon

@@ -115,12 +115,44 @@ TEST_F(FileWriting, RefusesWhatCannotBeReplaced) {
     EXPECT_FALSE(fs::exists(".new~"));
 }
 
+/// Lets the `failing`th call fail (from 1), writes in small pieces, and notes the calls.
+class FailingCalls : public FileCalls {
+public:
+    explicit FailingCalls(int call = 0, int error = 0) : failing(call), code(error) {}
+
+    int Open(const char* path, int flags, mode_t mode) override {
+        return Fails("open") ? -1 : FileCalls::Open(path, flags, mode);
+    }
+    int Lock(int fd) override { return Fails("lock") ? -1 : FileCalls::Lock(fd); }
+    int Truncate(int fd) override { return Fails("truncate") ? -1 : FileCalls::Truncate(fd); }
+    ssize_t Write(int fd, const void* bytes, std::size_t size) override {
+        return Fails("write") ? -1 : FileCalls::Write(fd, bytes, std::min<std::size_t>(size, 1000));
+    }
+    int Sync(int fd) override { return Fails("sync") ? -1 : FileCalls::Sync(fd); }
+    int Rename(const char* from, const char* to) override { return Fails("rename") ? -1 : FileCalls::Rename(from, to); }
+
+    bool HasFailed() const { return count >= failing; }
+    const std::string& Names() const { return names; }
+
+private:
+    bool Fails(const char* name) {
+        names += (names.empty() ? "" : " ") + std::string(name);
+        errno = code;
+        return ++count == failing;
+    }
+    int failing;
+    int code;
+    int count = 0;
+    std::string names;
+};
+
 TEST_F(FileWriting, TellsTheObserver) {
     struct Log : CommitObserver {
         void OnCommitted(const FileCommit& commit) override {
             entries.push_back(Format("%s: %s > ", commit.path.c_str(), commit.before.value_or("(none)").c_str()) +
                               std::string(commit.after));
         }
+        void OnSaveFailed(const FailedSave& failed) override { entries.push_back(failed.path + ": " + failed.reason); }
         std::vector<std::string> entries;
     } log;
     drives.Files().SetCommitObserver(&log);
@@ -130,11 +162,21 @@ TEST_F(FileWriting, TellsTheObserver) {
     ASSERT_TRUE(dropped.OpenForWriting(kPath));
     dropped.Close();
     Save("x", "C:\\None\\a");
+    Save("x", "C:\\Job");
+    ASSERT_TRUE(dropped.OpenForWriting(kPath));
+    Save("x");
+    dropped.Close();
+    FailingCalls full(4, ENOSPC);
+    drives.Files().SetCalls(full);
+    Save("x");
     Save("");
     drives.Files().SetCommitObserver(nullptr);
     Save("three");
-    EXPECT_EQ(log.entries, (std::vector<std::string>{"C:\\Job\\Wrecks.csv: (none) > one",
-                                                     "C:\\Job\\Wrecks.csv: one > two", "C:\\Job\\Wrecks.csv: two > "}));
+    EXPECT_EQ(log.entries,
+              (std::vector<std::string>{"C:\\Job\\Wrecks.csv: (none) > one", "C:\\Job\\Wrecks.csv: one > two",
+                                        "C:\\None\\a: there is no such file or folder", "C:\\Job: it is a folder",
+                                        "C:\\Job\\Wrecks.csv: another program is writing it",
+                                        "C:\\Job\\Wrecks.csv: the disk is full", "C:\\Job\\Wrecks.csv: two > "}));
 }
 
 // ---- Writers side by side ----
@@ -186,6 +228,67 @@ TEST_F(FileWriting, RefusesASecondWriterOfAnotherProcessAndTakesOverFromAKilledO
     held.Close();
     EXPECT_EQ(ChildProcess([&] { return Save("theirs") ? 0 : 1; }).Wait(), 0);
     EXPECT_EQ(Read(), "theirs");
+}
+
+/// A power cut or a kill leaves a new file behind: another user's must not stand in the way for good.
+TEST_F(FileWriting, TakesOverWhatAKilledWriterOfAnotherUserLeft) {
+    if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can stand for another user";
+    OpenFolders();
+    const std::string leftover = std::string(kPath) + ".new~";
+    const auto leave = [&](mode_t mode, bool old) {
+        drives.Write(leftover, "half of");
+        ::chmod(Native(leftover).c_str(), mode);
+        if (old) fs::last_write_time(Native(leftover), fs::file_time_type::clock::now() - std::chrono::minutes(2));
+    };
+    const auto saveAsNobody = [&](const char* bytes) { return AsNobody([&] { return Save(bytes) ? 0 : 1; }) == 0; };
+    leave(0644, false);
+    EXPECT_TRUE(saveAsNobody("over a readable one"));
+    leave(0600, true);
+    EXPECT_TRUE(saveAsNobody("over an old one")) << "unreadable, and no writer takes two minutes";
+    EXPECT_EQ(Read(), "over an old one");
+    EXPECT_EQ(Names(), kOnlyTheFile);
+
+    leave(0600, false);
+    EXPECT_FALSE(saveAsNobody("x")) << "it may be being written";
+    leave(0644, true);
+    ASSERT_EQ(::chmod(Native("C:\\Job").c_str(), 01777), 0);
+    EXPECT_FALSE(saveAsNobody("x")) << "the folder doesn't allow it";
+    ::chmod(Native("C:\\Job").c_str(), 0777);
+
+    fs::remove(Native());
+    CStdioFile living(drives.Files());
+    ASSERT_TRUE(living.OpenForWriting(kPath));
+    EXPECT_FALSE(saveAsNobody("x")) << "one that is being written";
+    living.WriteString("mine");
+    EXPECT_TRUE(living.Commit());
+    EXPECT_EQ(Read(), "mine");
+}
+
+TEST_F(FileWriting, NeverNamesWhatAnotherWriterBegan) {
+    CStdioFile first(drives.Files()), second(drives.Files());
+    ASSERT_TRUE(first.OpenForWriting(kPath));
+    fs::remove(Native(std::string(kPath) + ".new~"));
+    ASSERT_TRUE(second.OpenForWriting(kPath));
+    first.WriteString("first");
+    EXPECT_FALSE(first.Commit());
+    second.WriteString("second");
+    EXPECT_TRUE(second.Commit());
+    EXPECT_EQ(Read(), "second");
+    EXPECT_EQ(Names(), kOnlyTheFile);
+}
+
+TEST_F(FileWriting, ClearsLeftoversAtAStart) {
+    drives.Write("C:\\Job\\a.csv.new~", "half");
+    drives.Write("C:\\Job\\Below\\b.csv.new~", "half");
+    drives.MakeFolder("C:\\Job\\folder.new~");
+    drives.Write("C:\\Job\\new~", "the user's own");
+    CStdioFile living(drives.Files());
+    ASSERT_TRUE(living.OpenForWriting(kPath));
+    EXPECT_EQ(FileSystem(drives.Root(), "Quillon", FILE_ACCESS::READ_ONLY).ClearLeftovers("C:\\Job"), 0u);
+    EXPECT_EQ(drives.Files().ClearLeftovers("C:\\Job"), 1u);
+    EXPECT_EQ(drives.Files().ClearLeftovers("C:\\None"), 0u);
+    EXPECT_TRUE(living.Commit());
+    EXPECT_EQ(Names(), (std::set<std::string>{"Below", "folder.new~", "new~", "Wrecks.csv"}));
 }
 
 /// A file of a size of its own, from which its number can be told and any damage seen.
@@ -248,37 +351,6 @@ TEST_F(FileWriting, LosesNothingWhenKilledAtAnyMoment) {
     ASSERT_TRUE(Save("after"));
     EXPECT_EQ(Names(), kOnlyTheFile);
 }
-
-/// Lets the `failing`th call fail (from 1), writes in small pieces, and notes the calls.
-class FailingCalls : public FileCalls {
-public:
-    explicit FailingCalls(int call = 0, int error = 0) : failing(call), code(error) {}
-
-    int Open(const char* path, int flags, mode_t mode) override {
-        return Fails("open") ? -1 : FileCalls::Open(path, flags, mode);
-    }
-    int Lock(int fd) override { return Fails("lock") ? -1 : FileCalls::Lock(fd); }
-    int Truncate(int fd) override { return Fails("truncate") ? -1 : FileCalls::Truncate(fd); }
-    ssize_t Write(int fd, const void* bytes, std::size_t size) override {
-        return Fails("write") ? -1 : FileCalls::Write(fd, bytes, std::min<std::size_t>(size, 1000));
-    }
-    int Sync(int fd) override { return Fails("sync") ? -1 : FileCalls::Sync(fd); }
-    int Rename(const char* from, const char* to) override { return Fails("rename") ? -1 : FileCalls::Rename(from, to); }
-
-    bool HasFailed() const { return count >= failing; }
-    const std::string& Names() const { return names; }
-
-private:
-    bool Fails(const char* name) {
-        names += (names.empty() ? "" : " ") + std::string(name);
-        errno = code;
-        return ++count == failing;
-    }
-    int failing;
-    int code;
-    int count = 0;
-    std::string names;
-};
 
 TEST_F(FileWriting, StandsWholeWhicheverStepFails) {
     const std::string fresh(4500, 'n');
