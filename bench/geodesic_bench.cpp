@@ -82,6 +82,20 @@ void BM_DistanceAll(benchmark::State& state) {
     Race(state, pairs, [&] { pairs.RunArray(); });
 }
 
+/// The same points as one path: a vertex serves two legs.
+void BM_DistancesAlong(benchmark::State& state) {
+    Pairs pairs(static_cast<std::size_t>(state.range(0)) + 1);
+    for (std::size_t i = 1; i < pairs.Count(); i++) {
+        pairs.lat1[i] = pairs.lat1[0] + (pairs.lat2[i] - pairs.lat1[i]);
+        pairs.lon1[i] = pairs.lon1[0] + (pairs.lon2[i] - pairs.lon1[i]);
+        pairs.lat2[i - 1] = pairs.lat1[i];
+        pairs.lon2[i - 1] = pairs.lon1[i];
+    }
+    pairs.lat2.back() = pairs.lat1.back();
+    pairs.lon2.back() = pairs.lon1.back();
+    Race(state, pairs, [&] { pairs.ellipsoid.DistancesAlong(pairs.lat1, pairs.lon1, pairs.distances); });
+}
+
 void BM_Proj(benchmark::State& state) {
     Pairs pairs(static_cast<std::size_t>(state.range(0)));
     const Pairs degrees = InDegrees(pairs);
@@ -108,6 +122,7 @@ void BM_GeographicLib(benchmark::State& state) {
 
 BENCHMARK(BM_Distance)->Arg(1000);
 BENCHMARK(BM_DistanceAll)->Arg(1000)->Arg(100000);
+BENCHMARK(BM_DistancesAlong)->Arg(1000)->Arg(100000);
 BENCHMARK(BM_Proj)->Arg(1000);
 BENCHMARK(BM_GeographicLib)->Arg(1000);
 

@@ -73,4 +73,17 @@ bool CEllipsoid::DistanceAll(std::span<const double> firstLats, std::span<const 
     return true;
 }
 
+bool CEllipsoid::DistancesAlong(std::span<const double> lats, std::span<const double> lons,
+                                std::span<double> distances) const {
+    if (method != 0 && method != 1) return false;
+    const std::size_t vertices = std::min(lats.size(), lons.size());
+    if (vertices < 2) return true;
+    const std::size_t count = std::min(vertices - 1, distances.size());
+    if (FitsLanes(*this) && e2 != 0) {
+        BatchKernelsHere().front()->legs(*this, lats.data(), lons.data(), distances.data(), count);
+        return true;
+    }
+    return DistanceAll(lats.first(count), lons.first(count), lats.subspan(1, count), lons.subspan(1, count), distances);
+}
+
 }  // namespace quillon

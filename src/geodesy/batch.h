@@ -14,6 +14,9 @@ struct BatchKernels {
     void (*forward)(CGrid& grid, const double* lat, const double* lon, double* east, double* north, std::size_t count);
     void (*distance)(const CEllipsoid& ellipsoid, const double* lat1, const double* lon1, const double* lat2,
                      const double* lon2, double* distances, std::size_t count);
+    /// The legs of a path of `count` + 1 vertices.
+    void (*legs)(const CEllipsoid& ellipsoid, const double* lat, const double* lon, double* distances,
+                 std::size_t count);
 };
 
 /// Those of this program that the processor runs, the fastest first. Found once.

@@ -81,6 +81,60 @@ struct LaneLoops {
         for (int i = 0; i < kLanes; i++) ellipsoid.Distance(lats1[i], lons1[i], lats2[i], lons2[i], &distances[i]);
     }
 
+    /// Some vertices of a path, and what the distance wants of each of them, so that both its legs share it.
+    struct Path {
+        static constexpr std::size_t kLegs = 256;
+        static constexpr std::size_t kRoom = kLegs + 2 * kLanes;
+
+        double lat[kRoom], lon[kRoom], s[kRoom], c[kRoom], nu[kRoom];
+
+        /// Takes the vertices of `legs` legs, up to kLegs. The last one fills the rest of the last groups.
+        Path(const CEllipsoid& ellipsoid, const double* lats, const double* lons, std::size_t legs) {
+            const std::size_t groups = legs / kLanes + 2;
+            for (std::size_t i = 0; i < groups * kLanes; i++) {
+                lat[i] = lats[i < legs ? i : legs];
+                lon[i] = lons[i < legs ? i : legs];
+            }
+            for (std::size_t i = 0; i < groups * kLanes; i += kLanes) {
+                const auto point = RudoeDistance<M>::At(ellipsoid, Load(lat + i));
+                Store(s + i, point.s);
+                Store(c + i, point.c);
+                Store(nu + i, point.nu);
+            }
+        }
+
+        typename RudoeDistance<M>::Point At(std::size_t i) const { return {Load(s + i), Load(c + i), Load(nu + i)}; }
+
+        V Legs(const CEllipsoid& ellipsoid, std::size_t i) const {
+            const V lat1 = Load(lat + i), lon1 = Load(lon + i), lat2 = Load(lat + i + 1), lon2 = Load(lon + i + 1);
+            const Mask same = (lat1 == lat2) & (lon1 == lon2);
+            if (!M::Any(~(Apart(lat1, lon1) & Apart(lat2, lon2) & ((lat1 != 0.0) | same)))) {
+                const V legs = RudoeDistance<M>::Between(ellipsoid, At(i), At(i + 1), lon2 - lon1);
+                return same ? V{} : legs;
+            }
+            V legs{};
+            for (int k = 0; k < kLanes; k++) {
+                double leg = 0;
+                ellipsoid.Distance(lat1[k], lon1[k], lat2[k], lon2[k], &leg);
+                legs[k] = leg;
+            }
+            return legs;
+        }
+    };
+
+    static void Legs(const CEllipsoid& ellipsoid, const double* lat, const double* lon, double* distances,
+                     std::size_t count) {
+        for (std::size_t from = 0; from < count; from += Path::kLegs) {
+            const std::size_t legs = count - from < Path::kLegs ? count - from : Path::kLegs;
+            const Path path(ellipsoid, lat + from, lon + from, legs);
+            std::size_t i = 0;
+            for (; i + kLanes <= legs; i += kLanes) Store(distances + from + i, path.Legs(ellipsoid, i));
+            if (i == legs) continue;
+            const V last = path.Legs(ellipsoid, i);
+            for (int k = 0; i < legs; i++, k++) distances[from + i] = last[k];
+        }
+    }
+
     static void Distance(const CEllipsoid& ellipsoid, const double* lat1, const double* lon1, const double* lat2,
                          const double* lon2, double* distances, std::size_t count) {
         std::size_t i = 0;

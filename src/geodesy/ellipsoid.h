@@ -70,6 +70,10 @@ public:
     /// Takes as many pairs as the shortest span has; `distances` may be one of the inputs, or apart from them all.
     bool DistanceAll(std::span<const double> lat1, std::span<const double> lon1, std::span<const double> lat2,
                      std::span<const double> lon2, std::span<double> distances) const;
+
+    /// The legs of a path, one less than it has vertices, as DistanceAll would give them for each vertex and the next.
+    /// The sine and cosine of a vertex are worked out once for both its legs. The three spans lie apart.
+    bool DistancesAlong(std::span<const double> lats, std::span<const double> lons, std::span<double> distances) const;
 };
 
 }  // namespace quillon

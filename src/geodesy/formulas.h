@@ -338,14 +338,29 @@ template <class M>
 struct RudoeDistance {
     using V = typename M::Value;
 
+    /// What the formula wants of a point's latitude. A point of a path serves two legs.
+    struct Point {
+        V s;   ///< sine
+        V c;   ///< cosine
+        V nu;  ///< prime-vertical radius
+    };
+
+    static Point At(const CEllipsoid& ellipsoid, V lat) {
+        Point point;
+        M::SinCos(lat, point.s, point.c);
+        point.nu = Formulas<M>::PrimeVerticalRadius(ellipsoid, 1.0 - ellipsoid.e2 * point.s * point.s);
+        return point;
+    }
+
     static V Between(const CEllipsoid& ellipsoid, V lat1, V lon1, V lat2, V lon2) {
+        return Between(ellipsoid, At(ellipsoid, lat1), At(ellipsoid, lat2), lon2 - lon1);
+    }
+
+    static V Between(const CEllipsoid& ellipsoid, const Point& from, const Point& to, V lonDifference) {
         const double e2 = ellipsoid.e2, ep2 = ellipsoid.ep2, q = ellipsoid.oneMinusE2;
-        V s1, c1, s2, c2, sinD, cosD;
-        M::SinCos(lat1, s1, c1);
-        M::SinCos(lat2, s2, c2);
-        M::SinCos(lon2 - lon1, sinD, cosD);
-        const V nu1 = Formulas<M>::PrimeVerticalRadius(ellipsoid, 1.0 - e2 * s1 * s1);
-        const V nu2 = Formulas<M>::PrimeVerticalRadius(ellipsoid, 1.0 - e2 * s2 * s2);
+        const V s1 = from.s, c1 = from.c, nu1 = from.nu, s2 = to.s, c2 = to.c, nu2 = to.nu;
+        V sinD, cosD;
+        M::SinCos(lonDifference, sinD, cosD);
 
         // Azimuth at the first point.
         const V adjacent = s1 * (e2 * c1 * nu1 / nu2 - c2 * cosD) + q * c1 * s2;

@@ -226,6 +226,49 @@ TEST(Batch, DistancesAgreeWithOnePair) {
     }
 }
 
+// A path through ordinary and odd vertices, standing still here and there, at every length about a group of lanes.
+TEST(Batch, LegsOfAPathAgreeWithOnePair) {
+    std::mt19937_64 random(34);
+    std::uniform_real_distribution<double> step(-0.01, 0.01);
+    Positions path;
+    path.Add(0.8, 0.1);
+    for (int i = 1; i < 1200; i++) {
+        const bool stands = i % 7 == 0;
+        path.Add(path.lats.back() + (stands ? 0 : step(random)), path.lons.back() + (stands ? 0 : step(random)));
+    }
+    const Positions odd = Odd();
+    for (std::size_t i = 0; i < odd.lats.size(); i++) {
+        path.lats[500 + 8 * i % 600] = odd.lats[i];
+        path.lons[500 + 8 * i % 600] = odd.lons[i];
+    }
+    for (const int row : {CEllipsoid::kWgs84, 31}) {  // the second one is a sphere
+        CEllipsoid ellipsoid;
+        ellipsoid.SetEllipsoid(row);
+        std::vector<double> expected(path.lats.size() - 1);
+        for (std::size_t i = 0; i < expected.size(); i++) {
+            ellipsoid.Distance(path.lats[i], path.lons[i], path.lats[i + 1], path.lons[i + 1], &expected[i]);
+        }
+        const auto expectAlike = [&](const char* name, const std::vector<double>& legs, std::size_t count) {
+            for (std::size_t i = 0; i < count; i++) {
+                ASSERT_TRUE(SameWithin(legs[i], expected[i], 1e-6))
+                    << name << ' ' << row << ' ' << i << ": " << legs[i];
+            }
+            ASSERT_TRUE(count == legs.size() || legs[count] == -1) << name << ' ' << count;
+        };
+        for (std::size_t count = 0; count <= expected.size(); count += count < 40 ? 1 : 193) {
+            for (const BatchKernels* kernels : BatchKernelsHere()) {
+                std::vector<double> legs(count + 1, -1);
+                if (ellipsoid.e2 == 0) continue;
+                kernels->legs(ellipsoid, path.lats.data(), path.lons.data(), legs.data(), count);
+                expectAlike(kernels->name, legs, count);
+            }
+            std::vector<double> legs(count + 1, -1);
+            ellipsoid.DistancesAlong(std::span(path.lats).first(count + 1), path.lons, legs);
+            expectAlike("chosen", legs, count);
+        }
+    }
+}
+
 using Lanes = LaneMath<2>;
 
 /// The C library's answer in each lane, within two units of the last place of the larger of it and `scale`.
