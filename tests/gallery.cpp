@@ -25,9 +25,9 @@
 #include <clocale>
 #include <filesystem>
 
-#include "bindings/pane_binding.h"
 #include "bindings/property_list_binding.h"
 #include "bindings/sample_pane.h"
+#include "bindings/window_binding.h"
 #include "chart/chart_symbols.h"
 #include "toolkit/colours.h"
 #include "toolkit/qt_platform.h"
@@ -75,7 +75,7 @@ private:
 
     void ShootPane(bool night) {
         SamplePane pane(platform, night);
-        PaneBinding view(pane, factory);
+        WindowBinding view(pane, factory);
         view.resize(300, 760);
         view.show();
         view.activateWindow();

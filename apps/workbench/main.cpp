@@ -1,6 +1,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QDialog>
 #include <QLocale>
 #include <QTemporaryDir>
 #include <clocale>
@@ -74,7 +75,13 @@ int Run(QtPlatform& platform, Theme& theme, const WorkbenchOptions& options) {
     window.SetNight(options.night || MainWindow::WasNight(platform.GetProfile()));
     if (options.sample) window.SetNote(kSampleNote);
     if (options.size) window.resize(options.size->width, options.size->height);
-    const QuitSignals quitSignals([&window] { window.close(); });
+    const QuitSignals quitSignals([&window] {
+        // A question that is open would hold the program.
+        for (QWidget* const open : QApplication::topLevelWidgets()) {
+            if (qobject_cast<QDialog*>(open) && open->isVisible()) open->close();
+        }
+        window.close();
+    });
     window.show();
     return QApplication::exec();
 }

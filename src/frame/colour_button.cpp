@@ -31,6 +31,11 @@ COLORREF CColourButton::GetTextColour() const {
     return ColoursOf(night).text;
 }
 
+void CColourButton::SetNight(bool set) {
+    night = set;
+    Changed(CONTROL_CHANGE::COLOURS);
+}
+
 void CColourButton::SetOn(bool set) {
     on = set;
     Changed(CONTROL_CHANGE::COLOURS);

@@ -5,7 +5,7 @@
 namespace quillon {
 
 /// The button of all panes and dialogs, drawn by itself: a coloured face, its caption centred and word-wrapped, a focus
-/// frame kFocusInset pixels inside the edge. Day or night is chosen at creation.
+/// frame kFocusInset pixels inside the edge. Day or night is chosen at creation; a dialogue turns its own.
 class CColourButton : public CButton {
 public:
     static constexpr int kFocusInset = 5;
@@ -16,6 +16,7 @@ public:
     COLORREF GetFaceColour() const;
     COLORREF GetTextColour() const;
 
+    void SetNight(bool set);
     bool IsOn() const { return on; }
     void SetOn(bool set);
     /// The binding's: the mouse has come over the button or left it.

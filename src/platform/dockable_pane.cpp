@@ -2,34 +2,12 @@
 
 namespace quillon {
 
-CDockablePane::~CDockablePane() {
-    if (observer) observer->OnPaneGone(*this);
-}
-
-bool CDockablePane::Create(std::string_view paneTitle, tagSIZE size, UINT paneId) {
+bool CDockablePane::Create(std::string_view title, tagSIZE size, UINT paneId) {
     if (created) return false;
-    title = paneTitle;
-    client = size;
+    Prepare(title, size);
     id = paneId;
     created = true;
     return true;
-}
-
-void CDockablePane::ShowPane(bool show) {
-    if (visible == show) return;
-    visible = show;
-    if (observer) observer->OnPaneChanged(*this);
-}
-
-void CDockablePane::Resize(tagSIZE size) {
-    client = size;
-    OnSize(size);
-}
-
-void CDockablePane::OnSize(tagSIZE) {}
-
-void CDockablePane::SetFocusTo(CControl& control) {
-    if (observer) observer->OnPaneFocus(*this, control);
 }
 
 }  // namespace quillon

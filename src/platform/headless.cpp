@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "platform/dialog.h"
 #include "platform/text.h"
 
 namespace quillon {
@@ -12,6 +13,15 @@ constexpr int kRowHeight = 20;
 constexpr int kComboHeight = 24;
 /// How long a modal loop waits for a worker before it counts as stuck.
 constexpr std::chrono::seconds kPatience{60};
+
+/// Takes the next prepared answer; std::logic_error if there is none.
+template <class Answer>
+Answer Take(std::deque<Answer>& answers, const std::string& question) {
+    if (answers.empty()) throw std::logic_error("no answer prepared for " + question);
+    Answer answer = std::move(answers.front());
+    answers.pop_front();
+    return answer;
+}
 
 }  // namespace
 
@@ -52,11 +62,23 @@ void HeadlessPlatform::Advance(std::chrono::milliseconds step) {
 bool HeadlessPlatform::ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) {
     calls.push_back("files: " + question.title);
     fileQuestions.push_back(question);
-    if (fileAnswers.empty()) throw std::logic_error("no answer prepared for the file question " + question.title);
-    FileAnswer answer = std::move(fileAnswers.front());
-    fileAnswers.pop_front();
+    FileAnswer answer = Take(fileAnswers, "the file question " + question.title);
     paths = std::move(answer.paths);
     return answer.agreed;
+}
+
+bool HeadlessPlatform::ChooseFolder(std::string_view title, std::string& folder) {
+    calls.push_back("folder: " + std::string(title));
+    std::string answer = Take(folderAnswers, calls.back());
+    if (answer.empty()) return false;
+    folder = std::move(answer);
+    return true;
+}
+
+std::unique_ptr<DialogView> HeadlessPlatform::ShowDialog(CDialog& dialog) {
+    calls.push_back("dialog: " + dialog.GetWindowText());
+    if (dialog.IsModal() && !dialogAnswers.empty()) Take(dialogAnswers, calls.back())(dialog);
+    return std::make_unique<DialogView>();
 }
 
 void HeadlessPlatform::WarningMessage(std::string_view text) {

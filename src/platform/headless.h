@@ -30,7 +30,12 @@ public:
     void AnswerFiles(std::vector<std::string> paths) { fileAnswers.push_back({true, std::move(paths)}); }
     void AnswerCancel() { fileAnswers.push_back({false, {}}); }
 
-    /// Every question and message shown, in order: "files: <title>", "warning: <text>", "information: <text>", "beep".
+    void AnswerFolder(std::string folder) { folderAnswers.push_back(std::move(folder)); }
+    /// What the operator does in the next modal dialog once it is shown. Without it the dialog must end by itself.
+    void AnswerDialog(std::function<void(CDialog&)> act) { dialogAnswers.push_back(std::move(act)); }
+
+    /// Every question and message shown, in order: "files: <title>", "folder: <title>", "dialog: <title>",
+    /// "warning: <text>", "information: <text>", "beep".
     const std::vector<std::string>& Calls() const { return calls; }
     const std::vector<FileQuestion>& FileQuestions() const { return fileQuestions; }
 
@@ -39,6 +44,8 @@ public:
     void SetLocalClock(const LocalClock& reading) { localClock = reading; }
 
     bool ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) override;
+    /// An answer prepared as empty is a cancel.
+    bool ChooseFolder(std::string_view title, std::string& folder) override;
     void WarningMessage(std::string_view text) override;
     void InformationBox(std::string_view text) override;
     void Beep() override;
@@ -51,6 +58,7 @@ public:
     int TextWidth(std::string_view text) const override;
     /// Moves the clock to the next timer when nothing is posted. Raises std::logic_error where a loop could never end.
     void RunModal(const std::function<bool()>& ended) override;
+    std::unique_ptr<DialogView> ShowDialog(CDialog& dialog) override;
 
 private:
     struct FileAnswer {
@@ -66,6 +74,8 @@ private:
     LocalClock localClock;
     std::string clipboard;
     std::deque<FileAnswer> fileAnswers;
+    std::deque<std::string> folderAnswers;
+    std::deque<std::function<void(CDialog&)>> dialogAnswers;
     std::vector<FileQuestion> fileQuestions;
     std::vector<std::string> calls;
 };

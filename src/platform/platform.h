@@ -13,12 +13,17 @@
 
 namespace quillon {
 
+class CDialog;
+class DialogView;
+
 /// What an open-file dialogue asks.
 struct FileQuestion {
     std::string title;
     /// "Label|pattern|Label|pattern||"
     std::string filter;
     bool multiple = false;
+    /// The file or folder that the choice opens at; empty for the place of the last one.
+    std::string start = {};
     friend bool operator==(const FileQuestion&, const FileQuestion&) = default;
 };
 
@@ -62,6 +67,8 @@ public:
 
     /// The paths chosen; true if the operator agreed, which may be to nothing at all.
     virtual bool ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) = 0;
+    /// The folder chosen, without a separator at its end. `folder` is where the choice opens.
+    virtual bool ChooseFolder(std::string_view title, std::string& folder) = 0;
     virtual void WarningMessage(std::string_view text) = 0;
     virtual void InformationBox(std::string_view text) = 0;
     virtual void Beep() = 0;
@@ -79,6 +86,13 @@ public:
 
     /// Runs until `ended` says so, delivering messages meanwhile.
     virtual void RunModal(const std::function<bool()>& ended) = 0;
+    /// Shows a dialog over the other windows until the result is dropped; a modal one keeps input from them. The dialog
+    /// calls this by itself.
+    virtual std::unique_ptr<DialogView> ShowDialog(CDialog& dialog) = 0;
+
+    /// Whether new dialogs are made in the colours of the night.
+    bool IsNight() const { return night; }
+    void SetNight(bool on) { night = on; }
 
 protected:
     /// The clock is lent to the queue, so it is made first.
@@ -89,6 +103,7 @@ private:
     std::unique_ptr<Clock> clock;
     MessageQueue messages;
     CWnd* mainWindow = nullptr;
+    bool night = false;
     std::unique_ptr<PasswordLock> passwords;  // made when first asked for: the profile belongs to the derived class
 };
 

@@ -3,13 +3,20 @@
 #include <utility>
 
 namespace quillon::user {
+namespace {
+
+bool CanUse(const CControl& control) {
+    return control.IsWindowEnabled() && control.IsWindowVisible();
+}
+
+}  // namespace
 
 void Press(CButton& button) {
-    if (button.IsWindowEnabled() && button.IsWindowVisible()) button.GetOwner().OnCommand(button.GetDlgCtrlID());
+    if (CanUse(button)) button.GetOwner().OnCommand(button.GetDlgCtrlID());
 }
 
 void Select(CComboBox& combo, int index) {
-    if (!combo.IsWindowEnabled() || !combo.IsWindowVisible() || index < 0 || index >= combo.GetCount()) return;
+    if (!CanUse(combo) || index < 0 || index >= combo.GetCount()) return;
     combo.SetCurSel(index);
     combo.GetOwner().OnCommand(combo.GetDlgCtrlID());
 }
@@ -21,7 +28,7 @@ void Click(CListCtrl& table, int row) {
 }
 
 bool Edit(CMFCPropertyGridCtrl& list, CMFCPropertyGridProperty& row, RowValue value) {
-    if (!list.IsWindowEnabled() || !list.IsWindowVisible()) return false;
+    if (!CanUse(list)) return false;
     if (row.IsLocked() || !row.IsEnabled() || !row.IsVisible() || !row.Accept(value)) return false;
     row.OnEdited(std::move(value));
     list.GetOwner().SendMessage(AFX_WM_PROPERTY_CHANGED, list.GetDlgCtrlID(), reinterpret_cast<LPARAM>(&row));
@@ -34,6 +41,15 @@ bool Type(CMFCPropertyGridCtrl& list, CMFCPropertyGridProperty& row, std::string
     }
     RowValue parsed;
     return row.IsAllowEdit() && row.Parse(text, parsed) && Edit(list, row, std::move(parsed));
+}
+
+void Accept(CDialog& dialog) {
+    const CControl* const button = dialog.GetDlgItem(IDOK);
+    if (dialog.IsOpen() && (!button || CanUse(*button))) dialog.OnOK();
+}
+
+void Dismiss(CDialog& dialog) {
+    if (dialog.IsOpen()) dialog.OnCancel();
 }
 
 }  // namespace quillon::user

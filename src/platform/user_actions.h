@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "platform/controls.h"
+#include "platform/dialog.h"
 #include "platform/property_grid.h"
 
 namespace quillon {
@@ -23,6 +24,11 @@ void Click(CListCtrl& table, int row);
 bool Edit(CMFCPropertyGridCtrl& list, CMFCPropertyGridProperty& row, RowValue value);
 /// The same from typed text, or from the text of an offered choice.
 bool Type(CMFCPropertyGridCtrl& list, CMFCPropertyGridProperty& row, std::string_view text);
+
+/// Return in a dialog, where no control takes it: what the button IDOK does, if there is one that can be pressed.
+void Accept(CDialog& dialog);
+/// Esc, or the close box.
+void Dismiss(CDialog& dialog);
 
 }  // namespace user
 }  // namespace quillon

@@ -10,10 +10,10 @@
 
 #include "bindings/button_binding.h"
 #include "bindings/combo_binding.h"
-#include "bindings/pane_binding.h"
 #include "bindings/property_list_binding.h"
 #include "bindings/sample_pane.h"
 #include "bindings/table_binding.h"
+#include "bindings/window_binding.h"
 #include "platform/headless.h"
 
 namespace quillon::test {
@@ -24,7 +24,8 @@ using testing::IsEmpty;
 
 class BindingTest : public testing::Test {
 protected:
-    BindingTest() : pane(std::make_unique<SamplePane>(platform)), view(std::make_unique<PaneBinding>(*pane, factory)) {
+    BindingTest()
+        : pane(std::make_unique<SamplePane>(platform)), view(std::make_unique<WindowBinding>(*pane, factory)) {
         view->resize(300, 760);
         view->show();
         view->activateWindow();
@@ -40,7 +41,7 @@ protected:
     HeadlessPlatform platform{std::filesystem::temp_directory_path() / "quillon-bindings"};
     BindingFactory factory;
     std::unique_ptr<SamplePane> pane;
-    std::unique_ptr<PaneBinding> view;
+    std::unique_ptr<WindowBinding> view;
 };
 
 TEST_F(BindingTest, EveryControlShowsWhereThePanePutsIt) {
@@ -151,7 +152,7 @@ TEST_F(BindingTest, ThePaneAsksForTheKeyboardAndToBeShown) {
     view->setFocus();
     EXPECT_TRUE(Of<PropertyListBinding>(pane->list).View().hasFocus());
     std::vector<bool> asked;
-    view->onShowPane = [&asked](bool show) { asked.push_back(show); };
+    view->onChanged = [&] { asked.push_back(pane->IsVisible()); };
     pane->ShowPane(false);
     pane->ShowPane(true);
     EXPECT_THAT(asked, ElementsAre(false, true));
@@ -181,7 +182,7 @@ TEST_F(BindingTest, ModelsMayGoBeforeTheirWidgets) {
     QTest::keyClick(&list, Qt::Key_Down);
     QTest::keyClick(&table, Qt::Key_Down);
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, {20, 20});
-    EXPECT_EQ(view->Pane(), nullptr);
+    EXPECT_EQ(view->Model(), nullptr);
 }
 
 // A host adds what it shows by itself, and what is derived from a known control gets its own.
@@ -192,7 +193,7 @@ TEST_F(BindingTest, TheBindingAddedLastIsAskedFirst) {
         return binding;
     });
     SamplePane other(platform);
-    const PaneBinding otherView(other, factory);
+    const WindowBinding otherView(other, factory);
     EXPECT_EQ(otherView.WidgetOf(other.table)->objectName(), "special");
     EXPECT_TRUE(dynamic_cast<ComboBinding*>(otherView.WidgetOf(other.files)));
 }

@@ -7,9 +7,9 @@
 #include <QListWidget>
 #include <QTest>
 
-#include "bindings/pane_binding.h"
 #include "bindings/property_list_binding.h"
 #include "bindings/sample_pane.h"
+#include "bindings/window_binding.h"
 #include "platform/headless.h"
 
 namespace quillon::test {
@@ -57,7 +57,7 @@ protected:
     HeadlessPlatform platform{std::filesystem::temp_directory_path() / "quillon-rows"};
     BindingFactory factory;
     SamplePane pane;
-    PaneBinding view;
+    WindowBinding view;
 };
 
 TEST_F(PropertyListTest, ArrowsMoveAndFold) {

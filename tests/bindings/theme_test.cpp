@@ -15,9 +15,9 @@
 #include <QTest>
 #include <QToolBar>
 
-#include "bindings/pane_binding.h"
 #include "bindings/property_list_binding.h"
 #include "bindings/sample_pane.h"
+#include "bindings/window_binding.h"
 #include "platform/headless.h"
 #include "toolkit/colours.h"
 
@@ -49,7 +49,7 @@ protected:
 
 TEST_F(NightTest, APaneIsDarkInEveryState) {
     SamplePane pane(platform, true);
-    PaneBinding view(pane, factory);
+    WindowBinding view(pane, factory);
     view.resize(300, 760);
     view.show();
     view.activateWindow();
@@ -76,7 +76,7 @@ TEST_F(NightTest, APaneIsDarkInEveryState) {
 TEST_F(NightTest, APaneThatWasMadeByDayTurnsDarkWhole) {
     theme.SetNight(false);
     SamplePane pane(platform);
-    PaneBinding view(pane, factory);
+    WindowBinding view(pane, factory);
     view.resize(300, 640);
     view.show();
     EXPECT_GT(BrightShare(view), 0.2);

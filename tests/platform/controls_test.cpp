@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/dialog.h"
 #include "platform/dockable_pane.h"
 #include "platform/headless.h"
 #include "platform/property_rows.h"
@@ -30,8 +31,6 @@ public:
     using CDockablePane::CDockablePane;
     void OnCommand(UINT control) override { commands.push_back(control); }
     void OnSize(tagSIZE size) override { sizes.push_back(size); }
-    using CDockablePane::AddControl;
-    using CDockablePane::SetFocusTo;
     std::vector<UINT> commands;
     std::vector<tagSIZE> sizes;
 };
@@ -161,23 +160,24 @@ TEST_F(Controls, TablesMakeTheirCellsWhenAsked) {
     EXPECT_THROW(table.SetColumnWidth(0, 10), InvalidArgument);
 }
 
-TEST_F(Controls, PanesTellTheirDock) {
-    struct Dock : PaneObserver {
-        void OnPaneChanged(CDockablePane& pane) override { shown.push_back(pane.IsVisible()); }
-        void OnPaneFocus(CDockablePane&, CControl& control) override { focus = &control; }
-        void OnPaneGone(CDockablePane&) override { gone = true; }
-        std::vector<bool> shown;
+TEST_F(Controls, WindowsTellWhatShowsThem) {
+    struct Dock : WindowObserver {
+        void OnWindowChanged(CControlWindow& shown) override {
+            seen.push_back(shown.GetWindowText() + (shown.IsVisible() ? "+" : "-"));
+        }
+        void OnWindowFocus(CControlWindow&, CControl& control) override { focus = &control; }
+        void OnWindowGone(CControlWindow&) override { gone = true; }
+        std::vector<std::string> seen;
         CControl* focus = nullptr;
         bool gone = false;
     } dock;
     ASSERT_TRUE(window.Create("Boundary", {200, 200}, 5));
     EXPECT_FALSE(window.Create("again", {1, 1}, 6));
-    EXPECT_EQ(window.GetWindowText(), "Boundary");
     window.SetObserver(&dock);
     window.ShowPane(true);
     window.ShowPane(false);
-    window.ShowPane(true);
-    EXPECT_EQ(dock.shown, (std::vector<bool>{false, true}));
+    window.SetWindowText("Area");
+    EXPECT_EQ(dock.seen, (std::vector<std::string>{"Boundary-", "Area-"}));
     window.Resize({300, 400});
     EXPECT_EQ(window.sizes, std::vector<tagSIZE>{tagSIZE({300, 400})});
     EXPECT_EQ(window.GetClientSize(), tagSIZE({300, 400}));
@@ -185,13 +185,95 @@ TEST_F(Controls, PanesTellTheirDock) {
     window.AddControl(button);
     window.SetFocusTo(button);
     EXPECT_EQ(dock.focus, &button);
-    EXPECT_EQ(window.GetControls(), std::vector<CControl*>{&button});
+    EXPECT_EQ(window.GetDlgItem(7), &button);
+    EXPECT_EQ(window.GetDlgItem(8), nullptr);
     window.SetObserver(nullptr);
     {
         CommandWindow passing(platform);
         passing.SetObserver(&dock);
     }
     EXPECT_TRUE(dock.gone);
+}
+
+/// A dialog with a timer, which writes down what happens to it.
+class CountingDialog : public CDialog {
+public:
+    explicit CountingDialog(Platform& owner) : CDialog(owner, "Counting", {100, 50}), ok(*this, IDOK, "OK") {
+        AddControl(ok);
+    }
+    void OnInitDialog() override {
+        done += "init ";
+        SetTimer(1, std::chrono::milliseconds(100));
+        if (endsAtOnce) EndDialog(9);
+    }
+    void OnTimer(UINT) override {
+        done += "tick ";
+        if (++ticks == 3) EndDialog(7);
+    }
+    void OnCancel() override {
+        done += "cancel ";
+        CDialog::OnCancel();
+    }
+    CButton ok;
+    std::string done;
+    int ticks = 0;
+    bool endsAtOnce = false;
+};
+
+TEST_F(Controls, ModalDialogsRunUntilTheyAreEnded) {
+    const struct {
+        const char* name;
+        std::function<void(CountingDialog&)> act;
+        int result;
+        const char* done;
+    } cases[] = {
+        {"by its timer", {}, 7, "init tick tick tick "},
+        {"Return", [](CountingDialog& d) { user::Accept(d); }, IDOK, "init "},
+        {"Esc", [](CountingDialog& d) { user::Dismiss(d); }, IDCANCEL, "init cancel "},
+        {"its button", [](CountingDialog& d) { user::Press(d.ok); }, IDOK, "init "},
+        {"Return, where OK can't be pressed",
+         [](CountingDialog& d) {
+             d.ok.EnableWindow(false);
+             user::Accept(d);
+         },
+         7, "init tick tick tick "},
+        {"by a message", [](CountingDialog& d) { d.DestroyWindow(); }, IDCANCEL, "init "},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        CountingDialog dialog(platform);
+        if (c.act) {
+            platform.AnswerDialog([&](CDialog& shown) {
+                EXPECT_TRUE(shown.IsModal());
+                c.act(static_cast<CountingDialog&>(shown));
+            });
+        }
+        EXPECT_EQ(dialog.DoModal(), c.result);
+        EXPECT_EQ(dialog.done, c.done);
+        EXPECT_FALSE(dialog.IsOpen());
+        EXPECT_EQ(platform.Calls().back(), "dialog: Counting");
+    }
+    CountingDialog unseen(platform);
+    unseen.endsAtOnce = true;
+    const auto calls = platform.Calls().size();
+    EXPECT_EQ(unseen.DoModal(), 9);
+    EXPECT_EQ(platform.Calls().size(), calls);
+}
+
+TEST_F(Controls, ModelessDialogsStayUntilTheyAreDestroyed) {
+    CountingDialog dialog(platform);
+    EXPECT_TRUE(dialog.Create());
+    EXPECT_FALSE(dialog.Create());
+    EXPECT_TRUE(dialog.IsOpen() && !dialog.IsModal());
+    platform.Advance(std::chrono::milliseconds(150));
+    EXPECT_EQ(dialog.done, "init tick ");
+    user::Dismiss(dialog);
+    EXPECT_FALSE(dialog.IsOpen());
+    user::Dismiss(dialog);
+    EXPECT_EQ(dialog.done, "init tick cancel ");
+    EXPECT_TRUE(dialog.Create()) << "once more";
+    dialog.DestroyWindow();
+    EXPECT_FALSE(dialog.IsOpen());
 }
 
 TEST(Palette, HoldsThe28ColoursInTheirOrder) {

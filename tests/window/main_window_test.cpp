@@ -14,8 +14,8 @@
 #include <map>
 #include <set>
 
-#include "bindings/pane_binding.h"
 #include "bindings/property_list_binding.h"
+#include "bindings/window_binding.h"
 #include "chart/chart_picture.h"
 #include "host/startup.h"
 #include "panes/boundary_pane.h"
@@ -61,7 +61,7 @@ public:
     QDockWidget& Dock() { return *window.Docks().DockOf(BOUNDARY); }
     template <class Widget>
     Widget& WidgetOf(const CControl& control) {
-        return dynamic_cast<Widget&>(*static_cast<PaneBinding*>(Dock().widget())->WidgetOf(control));
+        return dynamic_cast<Widget&>(*static_cast<WindowBinding*>(Dock().widget())->WidgetOf(control));
     }
     PropertyListView& Rows() { return WidgetOf<PropertyListBinding>(Pane().GetPropertyList()).View(); }
 

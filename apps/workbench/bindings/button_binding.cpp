@@ -1,5 +1,6 @@
 #include "bindings/button_binding.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -48,7 +49,8 @@ void ButtonBinding::Forget() {
 }
 
 ButtonBinding::Look ButtonBinding::CurrentLook() const {
-    const bool night = IsDark(palette().color(QPalette::Window));
+    // The program's own: a dialog has a dark ground by day as well.
+    const bool night = IsDark(QApplication::palette().color(QPalette::Window));
     if (!isEnabled()) {
         return night ? Look{QColor(42, 42, 42), QColor(110, 110, 110)}
                      : Look{QColor(150, 150, 150), QColor(205, 205, 205)};

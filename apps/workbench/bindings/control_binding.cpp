@@ -23,6 +23,12 @@ void ControlBinding::OnControlChanged(CControl&, CONTROL_CHANGE change) {
     Refresh(change);
 }
 
+void ControlBinding::Release() {
+    if (!control) return;
+    control->SetObserver(nullptr);
+    OnControlGone(*control);
+}
+
 void ControlBinding::OnControlGone(CControl&) {
     control = nullptr;
     Forget();

@@ -24,6 +24,8 @@ public:
     /// Null when the model has gone.
     CControl* Control() const { return control; }
     virtual QWidget& Widget() = 0;
+    /// Lets the model go while both live.
+    void Release();
     /// Places the widget at the model's rectangle and takes over shown and enabled.
     virtual void ApplyLayout();
 

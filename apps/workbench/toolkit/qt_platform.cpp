@@ -13,7 +13,9 @@
 #include <QTimeZone>
 #include <QUrl>
 #include <algorithm>
+#include <stdexcept>
 
+#include "platform/dialog.h"
 #include "toolkit/text_edge.h"
 
 namespace quillon {
@@ -123,6 +125,11 @@ void QtPlatform::RunModal(const std::function<bool()>& ended) {
     while (!ended()) QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
+std::unique_ptr<DialogView> QtPlatform::ShowDialog(CDialog& dialog) {
+    if (!makeDialog) throw std::logic_error("no bindings to show a dialog by");
+    return makeDialog(dialog, DialogParent());
+}
+
 // ---- Questions ----
 
 QWidget* QtPlatform::DialogParent() const {
@@ -130,9 +137,26 @@ QWidget* QtPlatform::DialogParent() const {
     return active ? active : parentWindow;
 }
 
+std::string QtPlatform::LastFolder() const {
+    return profile.GetText(kFolderSection, kFolderKey, "C:\\");
+}
+
+bool QtPlatform::ChooseFolder(std::string_view title, std::string& folder) {
+    const QString start = QString::fromStdString(Files().Native(folder.empty() ? LastFolder() : folder).string());
+    QFileDialog dialog(DialogParent(), ToQString(title), start);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.resize(kFileDialogSize);
+    dialog.setSidebarUrls(SidebarPlaces(Files()));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
+    folder = Files().LibraryPath(dialog.selectedFiles().front().toStdString());
+    return true;
+}
+
 bool QtPlatform::ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) {
     paths.clear();
-    const std::string folder = profile.GetText(kFolderSection, kFolderKey, "C:\\");
+    const std::string folder = question.start.empty() ? LastFolder() : question.start;
     QFileDialog dialog(DialogParent(), ToQString(question.title),
                        QString::fromStdString(Files().Native(folder).string()));
     // The toolkit's own dialog: it follows the night colours.

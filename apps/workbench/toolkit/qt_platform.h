@@ -27,7 +27,12 @@ public:
 
     void SetWindow(QWidget* window) { parentWindow = window; }
 
+    /// Makes what shows a dialog; `parent` is the window it belongs to. Until it is set no dialog can be shown.
+    using DialogMaker = std::function<std::unique_ptr<DialogView>(CDialog& dialog, QWidget* parent)>;
+    void SetDialogMaker(DialogMaker maker) { makeDialog = std::move(maker); }
+
     bool ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) override;
+    bool ChooseFolder(std::string_view title, std::string& folder) override;
     void WarningMessage(std::string_view text) override;
     void InformationBox(std::string_view text) override;
     void Beep() override;
@@ -38,6 +43,7 @@ public:
     int GetMetric(SYSTEM_METRIC metric) const override;
     int TextWidth(std::string_view text) const override;
     void RunModal(const std::function<bool()>& ended) override;
+    std::unique_ptr<DialogView> ShowDialog(CDialog& dialog) override;
 
 private:
     /// Receives the wake-ups of the queue on the user-interface thread.
@@ -54,6 +60,7 @@ private:
     void Deliver();
     void ArmTimer();
     QWidget* DialogParent() const;
+    std::string LastFolder() const;
     void ShowBox(bool warning, std::string_view text);
 
     QtProfile profile;
@@ -61,6 +68,7 @@ private:
     QTimer timer;
     std::atomic<bool> awake{false};  // a wake-up is on its way
     QWidget* parentWindow = nullptr;
+    DialogMaker makeDialog;
 };
 
 /// "Label|pattern;pattern|Label|pattern||" in the form the toolkit's file choice takes: "Label (pattern pattern);;..."

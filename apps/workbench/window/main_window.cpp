@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "bindings/dialog_binding.h"
 #include "chart/chart_picture.h"
 #include "chart/chart_symbols.h"
 #include "chart/chart_widget.h"
@@ -47,6 +48,7 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
     setWindowIcon(MakeIcon(ICON::APPLICATION));
     setCentralWidget(chart);
     platform.SetWindow(this);
+    ShowDialogsBy(platform, factory);
     job.SetObserver(this);
     MakeActions();
     ConnectChart();
@@ -56,6 +58,7 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
 
 MainWindow::~MainWindow() {
     job.SetObserver(nullptr);
+    platform.SetDialogMaker({});
     platform.SetWindow(nullptr);
 }
 
@@ -67,6 +70,7 @@ bool MainWindow::WasNight(const Profile& profile) {
 
 void MainWindow::SetNight(bool night) {
     theme.SetNight(night);
+    platform.SetNight(night);
     job.SetNightMode(night);
     chart->SetNight(night);
     nightAction->setChecked(night);

@@ -3,7 +3,7 @@
 #include <QAction>
 #include <QByteArray>
 
-#include "bindings/pane_binding.h"
+#include "bindings/window_binding.h"
 #include "toolkit/text_edge.h"
 
 namespace quillon {
@@ -39,11 +39,12 @@ PaneDocks::PaneDocks(QMainWindow& mainWindow, Job& shownJob, const BindingFactor
 void PaneDocks::AddDock(CPropertyPane& pane, const BindingFactory& factory) {
     auto* const dock = new QDockWidget(ToQString(pane.GetWindowText()), &window);
     dock->setObjectName(QString("pane-%1").arg(pane.GetDlgCtrlID()));
-    auto* const binding = new PaneBinding(pane, factory, dock);
+    auto* const binding = new WindowBinding(pane, factory, dock);
     dock->setWidget(binding);
     dock->setFocusProxy(binding);
-    binding->onShowPane = [dock](bool show) {
-        if (IsShown(*dock) != show) dock->setVisible(show);
+    binding->onChanged = [dock, &pane] {
+        dock->setWindowTitle(ToQString(pane.GetWindowText()));
+        if (IsShown(*dock) != pane.IsVisible()) dock->setVisible(pane.IsVisible());
     };
     // It comes also when the whole window hides, which says nothing about the pane.
     QObject::connect(dock, &QDockWidget::visibilityChanged, &context,
