@@ -3,14 +3,17 @@
 #include <algorithm>
 #include <array>
 
+#include "features/boundary_columns.h"
+#include "features/grid_waypoint_columns.h"
+#include "features/pipeline_columns.h"
+#include "features/route_columns.h"
+#include "features/sail_line_columns.h"
 #include "foundation/paths.h"
 #include "platform/display_options.h"
 #include "platform/text.h"
 
 namespace quillon {
 namespace {
-
-constexpr int kKpRateDecimals = 9;
 
 std::string_view FillName(long long fill) {
     const auto choice =
@@ -56,30 +59,13 @@ void PutCorridor(Sheet& sheet, const CCorridor& corridor) {
     sheet.Colour("corridor_colour", corridor.corridorColour);
 }
 
-void PutPosition(Sheet& sheet, tagXY position) {
-    sheet.Metres("easting", position.x);
-    sheet.Metres("northing", position.y);
-}
-
-/// The rows of an array, each as `put` writes it.
-template <class Records, class PutRecord>
-void PutTable(Sheet& sheet, std::string_view key, const Records& records, PutRecord put) {
-    sheet.BeginTable(key, records.GetSize());
-    for (const auto& record : records) {
-        sheet.BeginRow();
-        put(record);
-        sheet.EndRow();
-    }
-    sheet.EndTable();
-}
-
 }  // namespace
 
 void FillSheet(Sheet& sheet, const CBoundary& boundary) {
     PutCommon(sheet, boundary);
     PutDrawing(sheet, boundary);
     sheet.Bool("has_polygon", !boundary.GetPolygon().IsEmpty());
-    PutTable(sheet, "points", boundary, [&](tagXY point) { PutPosition(sheet, point); });
+    PutTable(sheet, "points", boundary, kBoundaryColumns);
     sheet.Finish();
 }
 
@@ -97,15 +83,10 @@ void FillSheet(Sheet& sheet, const CGridWaypoint& waypoints) {
     sheet.Bool("draw_rings", waypoints.drawRings);
     sheet.Int("ring_count", waypoints.ringCount);
     sheet.Metres("ring_size_metres", waypoints.ringSizeMetres);
-    sheet.Metres("ring_size_nm", waypoints.ringSizeNm);
+    sheet.Real("ring_size_nm", waypoints.ringSizeNm, 3, "NM");
     sheet.Colour("ring_colour", waypoints.ringColour);
     sheet.Bool("catenary_mode", waypoints.catenaryMode);
-    PutTable(sheet, "points", waypoints, [&](const GridWaypointDef& point) {
-        PutPosition(sheet, {point.easting, point.northing});
-        sheet.Metres("height", point.height);
-        sheet.Metres("radius", point.radius);
-        sheet.Text("name", point.name);
-    });
+    PutTable(sheet, "points", waypoints, kWaypointColumns);
     sheet.Finish();
 }
 
@@ -121,28 +102,12 @@ void FillSheet(Sheet& sheet, const CPipeline& pipeline) {
     sheet.Metres("clearance", pipeline.clearance);
     sheet.Metres("tolerance", pipeline.tolerance);
     Put(sheet, "line_pen", pipeline.linePen);
-    sheet.Metres("start_kp", pipeline.startKp);
+    sheet.Kilometres("start_kp", pipeline.startKp);
     sheet.Bool("increasing_kps", pipeline.increasingKps);
     sheet.Bool("label_kps", pipeline.labelKps);
-    sheet.Metres("kp_interval", pipeline.kpInterval);
-    PutTable(sheet, "points", pipeline, [&](const PipelineDef& point) {
-        PutPosition(sheet, point.Position());
-        sheet.Metres("range", point.range);
-        sheet.Angle("bearing", point.bearing);
-        sheet.Angle("reverse_bearing", point.reverseBearing);
-        sheet.Metres("kp", point.kp);
-        sheet.Real("kp_rate", point.kpRate, kKpRateDecimals);
-        sheet.Pair("port_corridor", point.portCorridor);
-        sheet.Pair("starboard_corridor", point.starboardCorridor);
-    });
-    PutTable(sheet, "kp_listing", pipeline.GetKpListing(), [&](const KPListingDef& label) {
-        sheet.Metres("kp", label.kp);
-        sheet.Pair("position", label.position);
-        sheet.Int("offset_x", label.offsetX);
-        sheet.Int("offset_y", label.offsetY);
-        sheet.Int("rotation", label.rotation);
-        sheet.Text("text", label.text);
-    });
+    sheet.Kilometres("kp_interval", pipeline.kpInterval);
+    PutTable(sheet, "points", pipeline, kPipelineColumns);
+    PutTable(sheet, "kp_listing", pipeline.GetKpListing(), kKpListingColumns);
     sheet.Finish();
 }
 
@@ -151,17 +116,7 @@ void FillSheet(Sheet& sheet, const CRoute& route) {
     sheet.Choice("data_order", route.dataOrder, kRouteOrderTxt);
     PutDrawing(sheet, route);
     PutCorridor(sheet, route);
-    PutTable(sheet, "points", route, [&](const RouteDef& point) {
-        PutPosition(sheet, point.position);
-        sheet.Metres("range", point.range);
-        sheet.Angle("bearing", point.bearing);
-        sheet.Angle("reverse_bearing", point.reverseBearing);
-        sheet.Metres("kp", point.kp);
-        sheet.Real("kp_scale", point.kpScale, kKpRateDecimals);
-        sheet.Pair("port_corridor_start", point.portCorridorStart);
-        sheet.Pair("starboard_corridor_start", point.starboardCorridorStart);
-        sheet.Text("name", point.name);
-    });
+    PutTable(sheet, "points", route, kRouteColumns);
     sheet.Finish();
 }
 
@@ -169,12 +124,7 @@ void FillSheet(Sheet& sheet, const CSailLine& lines) {
     PutCommon(sheet, lines);
     sheet.Choice("data_order", lines.dataOrder, kSailLineOrderTxt);
     PutDrawing(sheet, lines);
-    PutTable(sheet, "lines", lines, [&](const SailLineDef& line) {
-        sheet.Pair("sol", line.sol);
-        sheet.Pair("eol", line.eol);
-        sheet.Metres("range", line.leg.range);
-        sheet.Angle("bearing", line.leg.bearing);
-    });
+    PutTable(sheet, "lines", lines, kSailLineColumns);
     sheet.Finish();
 }
 

@@ -1,5 +1,8 @@
+#include <algorithm>
 #include <cstddef>
 #include <ostream>
+#include <utility>
+#include <vector>
 
 #include "json_text.h"
 #include "sheet.h"
@@ -18,9 +21,15 @@ public:
     void Text(std::string_view key, std::string_view value) override { target->Text(key, value); }
     void Int(std::string_view key, long long value) override { target->Int(key, value); }
     void Bool(std::string_view key, bool value) override { target->Bool(key, value); }
-    void Real(std::string_view key, double value, int) override { target->Real(key, value); }
-    void Angle(std::string_view key, double radians) override { target->Real(key, radians); }
-    void Pair(std::string_view key, tagXY position) override { target->Pair(key, position); }
+    void Real(std::string_view key, double value, int, std::string_view unit) override {
+        NoteUnit(key, unit);
+        target->Real(key, value);
+    }
+    void Angle(std::string_view key, double radians) override { Real(key, radians, 0, "rad"); }
+    void Pair(std::string_view key, tagXY position) override {
+        NoteUnit(key, "m");
+        target->Pair(key, position);
+    }
     void Choice(std::string_view key, long long value, std::string_view) override { target->Int(key, value); }
     void Colour(std::string_view key, COLORREF colour) override { target->Int(key, colour); }
 
@@ -47,11 +56,30 @@ public:
     void EndTable() override { head.EndRecords(); }
 
     void Finish() override {
+        inner.Clear();
+        for (const auto& [key, unit] : units) inner.Text(key, unit);
+        head.Object("units", inner);
         PutOut();
         out << head.End() << '\n';
     }
 
 private:
+    /// Every row of a table has the units of the first, in the same order.
+    void NoteUnit(std::string_view key, std::string_view unit) {
+        if (unit.empty()) return;
+        if (nextUnit < units.size() && units[nextUnit].first == key) {
+            ++nextUnit;
+            return;
+        }
+        const auto known =
+            std::find_if(units.begin(), units.end(), [&](const auto& noted) { return noted.first == key; });
+        if (known == units.end()) {
+            units.emplace_back(key, unit);
+            nextUnit = units.size();
+        } else {
+            nextUnit = static_cast<std::size_t>(known - units.begin()) + 1;
+        }
+    }
     void PutOut() {
         block.clear();
         head.TakeTo(block);
@@ -64,6 +92,8 @@ private:
     JsonObject* target = &head;
     std::string groupKey;
     std::string block;
+    std::vector<std::pair<std::string, std::string_view>> units;
+    std::size_t nextUnit = 0;  ///< where the next key is looked for first
 };
 
 }  // namespace

@@ -31,7 +31,12 @@ std::string Label(std::string_view key) {
     return label;
 }
 
-/// What a terminal would take for an order becomes a blank.
+/// Whether a key is that of a KP. Pipelines have their KPs in kilometres and routes in metres, so the label says which.
+bool NamesKp(std::string_view key) {
+    return key == "kp" || key.ends_with("_kp") || key == "kp_interval";
+}
+
+/// Replaces control characters by blanks: a terminal would obey them.
 std::string Printable(std::string_view value) {
     std::string text(value);
     std::replace_if(
@@ -72,13 +77,15 @@ public:
         cell = value ? "yes" : "no";
         Put(key);
     }
-    void Real(std::string_view key, double value, int decimals) override {
+    void Real(std::string_view key, double value, int decimals, std::string_view unit) override {
         cell.clear();
         AppendNumber(cell, value, decimals);
+        keyUnit = NamesKp(key) ? unit : std::string_view();
         Put(key);
+        keyUnit = {};
     }
     void Angle(std::string_view key, double radians) override {
-        Real(key, IsMissing(radians) ? radians : radians * kDegreesPerRadian, kDegreeDecimals);
+        Real(key, IsMissing(radians) ? radians : radians * kDegreesPerRadian, kDegreeDecimals, "rad");
     }
     void Pair(std::string_view key, tagXY position) override {
         subKey = key;
@@ -136,15 +143,20 @@ private:
             PutField(key);
         }
     }
+    std::string LabelWithUnit(std::string_view key) const {
+        std::string label = Label(key);
+        if (!keyUnit.empty()) label.append(" (").append(keyUnit).append(")");
+        return label;
+    }
     void PutField(std::string_view key) {
-        std::string label = Label(group + std::string(key));
+        std::string label = LabelWithUnit(group + std::string(key));
         label.resize(std::max(kLabelWidth, label.size() + 1), ' ');
         block.append(label).append(cell).append("\n");
     }
     /// As wide as the widest of what a column usually holds and its heading.
     void PutNumberCell(std::string_view key) {
         const std::size_t width = std::max(kCellWidth, key.size() + 2);
-        if (count == 1) AppendRight(heading, Label(key), width);
+        if (count == 1) AppendRight(heading, LabelWithUnit(key), width);
         AppendRight(row, cell, width);
     }
     void PutTextCell(std::string_view key) {
@@ -163,6 +175,7 @@ private:
     std::string row;
     std::string cell;
     std::string subKey;
+    std::string_view keyUnit;  ///< of the number that is being put, where its label says it
     std::ptrdiff_t count = 0;
     bool inRow = false;
 };

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "features/boundary_columns.h"
 #include "panes/row_values.h"
-#include "panes/table_texts.h"
 
 namespace quillon {
 namespace {
@@ -34,7 +34,7 @@ constexpr FeaturePaneTraits kTraits = {.comboId = 12057,
                                        .removeMovesCursor = true,
                                        .effects = kEffects};
 
-enum COLUMN { NUMBER, EASTING, NORTHING };
+constexpr auto kShownColumns = ColumnsWithHeaders(kBoundaryColumns, "No", "Easting", "Northing");
 
 }  // namespace
 
@@ -87,26 +87,8 @@ void CBoundaryPane::SaveMember(int index, std::uint8_t) {
     Member(index).SaveDrawingOptions();
 }
 
-std::vector<std::string> CBoundaryPane::TableColumns(int) const {
-    return {"No", "Easting", "Northing"};
-}
-
-TableRows CBoundaryPane::MakeTableRows(int index) {
-    const auto point = [this, index](std::ptrdiff_t row) {
-        return List().IsValidIndex(index) && Member(index).IsValidIndex(row) ? Member(index)[row] : tagXY();
-    };
-    const int count = static_cast<int>(Member(index).GetSize());
-    return {.count = count,
-            .cell =
-                [point](int row, int column) {
-                    if (column == NUMBER) return Format("%d", row + 1);
-                    return MetresText(column == EASTING ? point(row).x : point(row).y);
-                },
-            .widest = [point, count](int column) -> std::vector<std::string> {
-                if (column == NUMBER) return {Format("%d", count)};
-                return ExtremeTexts(
-                    count, [&](std::ptrdiff_t i) { return column == EASTING ? point(i).x : point(i).y; }, MetresText);
-            }};
+PointsTable CBoundaryPane::MakeTable(int index) {
+    return MakePointsTable(kShownColumns, RecordsOf<tagXY>(static_cast<CBoundaryList&>(List()), index));
 }
 
 bool CBoundaryPane::PointOfRow(int index, int row, tagXY& point) const {

@@ -28,8 +28,7 @@ private:
     CBoundary& Member(int index) const { return static_cast<CBoundaryList&>(List())[index]; }
 
     void BuildRows(int index) override;
-    std::vector<std::string> TableColumns(int index) const override;
-    TableRows MakeTableRows(int index) override;
+    PointsTable MakeTable(int index) override;
     bool PointOfRow(int index, int row, tagXY& point) const override;
     bool StoreRow(int index, CMFCPropertyGridProperty& row) override;
     void SaveMember(int index, std::uint8_t save) override;

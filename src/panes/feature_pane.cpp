@@ -102,11 +102,6 @@ bool CFeaturePane::IsMemberHighlighted(int) const {
 
 // ---- The points table ----
 
-TableRows CFeaturePane::CurrentRows() {
-    const int index = Current();
-    return index >= 0 ? MakeTableRows(index) : TableRows();
-}
-
 LRESULT CFeaturePane::OnSelectPoint(WPARAM, LPARAM row) {
     const int index = Current();
     tagXY point;

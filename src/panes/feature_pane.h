@@ -78,10 +78,8 @@ protected:
 
     /// Adds the groups and rows of the member to the empty property list.
     virtual void BuildRows(int index) = 0;
-    /// The headers of the points table; -1 stands for no member.
-    virtual std::vector<std::string> TableColumns(int index) const = 0;
-    /// The rows of the points table. They are asked for later, when the member may have gone.
-    virtual TableRows MakeTableRows(int index) = 0;
+    /// The points table; -1 stands for no member. Its rows are asked for later, when the member may have gone.
+    virtual PointsTable MakeTable(int index) = 0;
     /// The position of a table row that is to be shown; false if there is none.
     virtual bool PointOfRow(int index, int row, tagXY& point) const = 0;
     /// Stores the row's value in the member and refreshes the rows that hang on it. False if the member had that value.
@@ -94,9 +92,17 @@ protected:
 
     // The steps of every pane, for the member that the combo shows.
     void BuildPropertyRows() override;
-    std::vector<std::string> CurrentColumns() const override { return TableColumns(Current()); }
-    TableRows CurrentRows() override;
+    PointsTable CurrentTable() override { return MakeTable(Current()); }
     int LayOutTop(int width) override;
+
+    /// The records of a member, for a table: none once it has gone.
+    template <class Record, class List>
+    RecordSource<Record> RecordsOf(const List& features, int index) const {
+        return [&features, index]() -> std::span<const Record> {
+            if (!features.IsValidIndex(index)) return {};
+            return {features[index].GetData(), static_cast<std::size_t>(features[index].GetSize())};
+        };
+    }
 
 private:
     void SelectLast();

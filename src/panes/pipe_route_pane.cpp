@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
+#include "features/pipeline_columns.h"
 #include "foundation/paths.h"
 #include "frame/select_feature_files.h"
-#include "panes/pipeline_rows.h"
 #include "panes/row_values.h"
-#include "panes/table_texts.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 
 namespace quillon {
 namespace {
@@ -131,10 +131,6 @@ void CPipeRoutePane::StoreOrder(int order) {
 
 // ---- Points ----
 
-std::vector<std::string> CPipeRoutePane::CurrentColumns() const {
-    return {"K.P.", "Easting", "Northing", "Range", "Bearing"};
-}
-
 void CPipeRoutePane::UpdateAllPositions() {
     shownKps.clear();
     shownKps.reserve(static_cast<std::size_t>(route->GetSize()));
@@ -142,22 +138,21 @@ void CPipeRoutePane::UpdateAllPositions() {
     CPropertyPane::UpdateAllPositions();
 }
 
-TableRows CPipeRoutePane::CurrentRows() {
-    const auto widest = [this](int column) {
-        return ExtremeTexts(
-            route->GetSize(), [&](std::ptrdiff_t i) { return PipelineNumber((*route)[i], column); },
-            [column](double number) { return PipelineNumberText(column, number); });
+PointsTable CPipeRoutePane::CurrentTable() {
+    const RecordSource<PipelineDef> points = [this]() -> std::span<const PipelineDef> {
+        return {route->GetData(), static_cast<std::size_t>(route->GetSize())};
     };
-    return {.count = static_cast<int>(route->GetSize()),
-            .cell = [this](int row, int column) { return CellText(row, column); },
-            .widest = widest};
+    PointsTable table = MakePointsTable(kPipelineTableColumns, points);
+    table.rows.cell = [this, cell = table.rows.cell](int row, int column) {
+        // The KPs stand first.
+        return column == 0 ? ShownKpText(static_cast<std::size_t>(row)) : cell(row, column);
+    };
+    return table;
 }
 
-std::string CPipeRoutePane::CellText(std::ptrdiff_t row, int column) const {
-    if (!route->IsValidIndex(row) || static_cast<std::size_t>(row) >= shownKps.size()) return {};
-    const double number =
-        column == PIPELINE_KP ? shownKps[static_cast<std::size_t>(row)] : PipelineNumber((*route)[row], column);
-    return PipelineNumberText(column, number);
+std::string CPipeRoutePane::ShownKpText(std::size_t row) const {
+    const bool there = row < shownKps.size() && row < static_cast<std::size_t>(route->GetSize());
+    return there ? CellText(CELL::KP_KM, shownKps[row]) : std::string();
 }
 
 // ---- The file ----

@@ -44,14 +44,13 @@ public:
 
 private:
     void BuildPropertyRows() override;
-    std::vector<std::string> CurrentColumns() const override;
-    TableRows CurrentRows() override;
+    PointsTable CurrentTable() override;
     int LayOutTop(int width) override;
 
     void StoreRow(CMFCPropertyGridProperty& row);
     void StoreOrder(int order);
     void ShowRoute();
-    std::string CellText(std::ptrdiff_t row, int column) const;
+    std::string ShownKpText(std::size_t row) const;
 
     CPipeline* route = nullptr;
     CColourButton selectButton;

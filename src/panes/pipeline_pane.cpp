@@ -3,9 +3,8 @@
 #include <array>
 #include <limits>
 
-#include "panes/pipeline_rows.h"
+#include "features/pipeline_columns.h"
 #include "panes/row_values.h"
-#include "panes/table_texts.h"
 #include "platform/platform.h"
 
 namespace quillon {
@@ -46,11 +45,6 @@ constexpr FeaturePaneTraits kTraits = {.comboId = 12091,
                                        .cursor = COMBO_CURSOR::STAYS,
                                        .removeMovesCursor = false,
                                        .effects = kEffects};
-
-/// The first column that a data order shows: files without KPs have none in their table.
-int FirstColumn(int order) {
-    return order == 0 ? PIPELINE_EASTING : PIPELINE_KP;
-}
 
 }  // namespace
 
@@ -206,26 +200,11 @@ void CPipelinePane::OnTimer(UINT timer) {
 
 // ---- Points ----
 
-std::vector<std::string> CPipelinePane::TableColumns(int index) const {
+PointsTable CPipelinePane::MakeTable(int index) {
     if (index < 0) return {};
-    std::vector<std::string> columns = {"K.P.", "Easting", "Northing", "Range", "Bearing"};
-    columns.erase(columns.begin(), columns.begin() + FirstColumn(Member(index).dataOrder));
-    return columns;
-}
-
-TableRows CPipelinePane::MakeTableRows(int index) {
-    const int first = FirstColumn(Member(index).dataOrder);
-    const auto text = [this, index, first](std::ptrdiff_t row, int column) {
-        if (!List().IsValidIndex(index) || !Member(index).IsValidIndex(row)) return std::string();
-        return PipelineNumberText(column + first, PipelineNumber(Member(index)[row], column + first));
-    };
-    const auto widest = [this, index, first](int column) {
-        const CPipeline& pipeline = Member(index);
-        return ExtremeTexts(
-            pipeline.GetSize(), [&](std::ptrdiff_t i) { return PipelineNumber(pipeline[i], column + first); },
-            [&](double number) { return PipelineNumberText(column + first, number); });
-    };
-    return {.count = static_cast<int>(Member(index).GetSize()), .cell = text, .widest = widest};
+    // Files without KPs have none in their table.
+    const std::span shown = std::span(kPipelineTableColumns).subspan(Member(index).dataOrder == 0 ? 1 : 0);
+    return MakePointsTable(shown, RecordsOf<PipelineDef>(static_cast<CPipelineList&>(List()), index));
 }
 
 bool CPipelinePane::PointOfRow(int index, int row, tagXY& point) const {

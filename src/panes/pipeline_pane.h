@@ -41,8 +41,7 @@ private:
     void BuildRows(int index) override;
     void BuildCorridorRows(const CPipeline& pipeline);
     void BuildAlarmRows(const CPipeline& pipeline);
-    std::vector<std::string> TableColumns(int index) const override;
-    TableRows MakeTableRows(int index) override;
+    PointsTable MakeTable(int index) override;
     bool PointOfRow(int index, int row, tagXY& point) const override;
     bool StoreRow(int index, CMFCPropertyGridProperty& row) override;
     void SaveMember(int index, std::uint8_t save) override;

@@ -29,12 +29,12 @@ void CPropertyPane::InitPropList() {
 void CPropertyPane::CreateTable() {
     table.DeleteAllItems();
     table.DeleteAllColumns();
-    for (const std::string& column : CurrentColumns()) table.InsertColumn(column);
+    for (const CListCtrl::Column& column : CurrentTable().columns) table.InsertColumn(column.header, column.align);
     UpdateAllPositions();
 }
 
 void CPropertyPane::UpdateAllPositions() {
-    table.SetRows(CurrentRows());
+    table.SetRows(CurrentTable().rows);
     SizeColumns(table, false);
 }
 

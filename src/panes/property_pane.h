@@ -6,6 +6,7 @@
 
 #include "frame/feature_list_ctrl.h"
 #include "frame/my_dockable_pane.h"
+#include "frame/points_table.h"
 #include "platform/property_grid.h"
 
 namespace quillon {
@@ -40,10 +41,8 @@ public:
 protected:
     /// Fills the empty property list.
     virtual void BuildPropertyRows() = 0;
-    /// The headers of the points table as it should be now.
-    virtual std::vector<std::string> CurrentColumns() const = 0;
-    /// The rows of the points table now; none where there is nothing to show.
-    virtual TableRows CurrentRows() = 0;
+    /// The points table as it should be now; without rows where there is nothing to show.
+    virtual PointsTable CurrentTable() = 0;
     /// Places what stands above the property list in a strip `width` wide; its lower edge.
     virtual int LayOutTop(int width) = 0;
 

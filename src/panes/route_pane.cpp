@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "features/route_columns.h"
 #include "panes/row_values.h"
-#include "panes/table_texts.h"
 
 namespace quillon {
 namespace {
@@ -48,25 +48,7 @@ constexpr FeaturePaneTraits kTraits = {.comboId = 12037,
 constexpr int kSymbolsOffered = 26;
 constexpr std::string_view kWidthDescription = "Width of Corridor either side of route ";
 
-enum COLUMN { NAME, EASTING, NORTHING, RANGE, BEARING };
-
-double ColumnNumber(const RouteDef& record, int column) {
-    switch (column) {
-        case EASTING:
-            return record.position.x;
-        case NORTHING:
-            return record.position.y;
-        case RANGE:
-            return record.range;
-        default:
-            return record.bearing;
-    }
-}
-
-std::string NumberText(int column, double number) {
-    if (column == RANGE) return RangeText(number);
-    return column == BEARING ? BearingText(number) : MetresText(number);
-}
+constexpr auto kShownColumns = ColumnsWithHeaders(kRouteColumns, "Name", "Easting", "Northing", "Range", "Bearing");
 
 }  // namespace
 
@@ -193,25 +175,9 @@ void CRoutePane::SaveMember(int index, std::uint8_t save) {
 
 // ---- Points ----
 
-std::vector<std::string> CRoutePane::TableColumns(int) const {
-    return {"Name", "Easting", "Northing", "Range", "Bearing"};
-}
-
-TableRows CRoutePane::MakeTableRows(int index) {
-    Member(index).RenewNames();
-    const auto text = [this, index](std::ptrdiff_t row, int column) {
-        if (!List().IsValidIndex(index) || !Member(index).IsValidIndex(row)) return std::string();
-        const RouteDef& record = Member(index)[row];
-        return column == NAME ? record.name : NumberText(column, ColumnNumber(record, column));
-    };
-    const auto widest = [this, index](int column) {
-        const CRoute& route = Member(index);
-        if (column == NAME) return std::vector<std::string>{LongestName(route)};
-        return ExtremeTexts(
-            route.GetSize(), [&](std::ptrdiff_t i) { return ColumnNumber(route[i], column); },
-            [column](double number) { return NumberText(column, number); });
-    };
-    return {.count = static_cast<int>(Member(index).GetSize()), .cell = text, .widest = widest};
+PointsTable CRoutePane::MakeTable(int index) {
+    if (index >= 0) Member(index).RenewNames();
+    return MakePointsTable(kShownColumns, RecordsOf<RouteDef>(static_cast<CRouteList&>(List()), index));
 }
 
 bool CRoutePane::PointOfRow(int index, int row, tagXY& point) const {

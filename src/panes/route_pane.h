@@ -38,8 +38,7 @@ private:
 
     void BuildRows(int index) override;
     void BuildCorridorRows(const CRoute& route);
-    std::vector<std::string> TableColumns(int index) const override;
-    TableRows MakeTableRows(int index) override;
+    PointsTable MakeTable(int index) override;
     bool PointOfRow(int index, int row, tagXY& point) const override;
     bool StoreRow(int index, CMFCPropertyGridProperty& row) override;
     void SaveMember(int index, std::uint8_t save) override;

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "features/sail_line_columns.h"
 #include "panes/row_values.h"
-#include "panes/table_texts.h"
 
 namespace quillon {
 namespace {
@@ -33,29 +33,8 @@ constexpr FeaturePaneTraits kTraits = {.comboId = 12043,
                                        .removeMovesCursor = true,
                                        .effects = kEffects};
 
-enum COLUMN { NUMBER, SOL_EASTING, SOL_NORTHING, EOL_EASTING, EOL_NORTHING, RANGE, BEARING };
-
-double ColumnNumber(const SailLineDef& line, int column) {
-    switch (column) {
-        case SOL_EASTING:
-            return line.sol.x;
-        case SOL_NORTHING:
-            return line.sol.y;
-        case EOL_EASTING:
-            return line.eol.x;
-        case EOL_NORTHING:
-            return line.eol.y;
-        case RANGE:
-            return line.leg.range;
-        default:
-            return line.leg.bearing;
-    }
-}
-
-std::string NumberText(int column, double number) {
-    if (column == RANGE) return RangeText(number);
-    return column == BEARING ? BearingText(number) : MetresText(number);
-}
+constexpr auto kShownColumns =
+    ColumnsWithHeaders(kSailLineColumns, "Line No", "SOL Eng", "SOL Nng", "EOL Eng", "EOL Nng", "Range", "Bearing");
 
 }  // namespace
 
@@ -110,25 +89,8 @@ void CSailLinePane::SaveMember(int index, std::uint8_t) {
     Member(index).SaveDrawingOptions();
 }
 
-std::vector<std::string> CSailLinePane::TableColumns(int) const {
-    return {"Line No", "SOL Eng", "SOL Nng", "EOL Eng", "EOL Nng", "Range", "Bearing"};
-}
-
-TableRows CSailLinePane::MakeTableRows(int index) {
-    const int count = static_cast<int>(Member(index).GetSize());
-    const auto text = [this, index](std::ptrdiff_t row, int column) {
-        if (column == NUMBER) return Format("%td", row + 1);
-        if (!List().IsValidIndex(index) || !Member(index).IsValidIndex(row)) return std::string();
-        return NumberText(column, ColumnNumber(Member(index)[row], column));
-    };
-    const auto widest = [this, index, count](int column) -> std::vector<std::string> {
-        if (column == NUMBER) return {Format("%d", count)};
-        const CSailLine& lines = Member(index);
-        return ExtremeTexts(
-            lines.GetSize(), [&](std::ptrdiff_t i) { return ColumnNumber(lines[i], column); },
-            [column](double number) { return NumberText(column, number); });
-    };
-    return {.count = count, .cell = text, .widest = widest};
+PointsTable CSailLinePane::MakeTable(int index) {
+    return MakePointsTable(kShownColumns, RecordsOf<SailLineDef>(static_cast<CSailLineList&>(List()), index));
 }
 
 bool CSailLinePane::PointOfRow(int index, int row, tagXY& point) const {

@@ -22,8 +22,7 @@ private:
     CSailLine& Member(int index) const { return static_cast<CSailLineList&>(List())[index]; }
 
     void BuildRows(int index) override;
-    std::vector<std::string> TableColumns(int index) const override;
-    TableRows MakeTableRows(int index) override;
+    PointsTable MakeTable(int index) override;
     /// The middle of the line.
     bool PointOfRow(int index, int row, tagXY& point) const override;
     bool StoreRow(int index, CMFCPropertyGridProperty& row) override;

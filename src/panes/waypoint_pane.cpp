@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "features/grid_waypoint_columns.h"
 #include "panes/row_values.h"
-#include "panes/table_texts.h"
 #include "platform/platform.h"
 
 namespace quillon {
@@ -48,44 +48,14 @@ constexpr FeaturePaneTraits kTraits = {.comboId = 12035,
                                        .removeMovesCursor = false,
                                        .effects = kEffects};
 
-/// What a column shows, one letter each as in the data orders: T name, E easting, N northing, H height, R radius.
-std::string ColumnFields(const WaypointOrder& order) {
-    std::string fields = "TEN";
-    if (order.HasHeight()) fields += 'H';
-    if (order.HasRadius()) fields += 'R';
-    return fields;
-}
-
-std::string ColumnHeader(char field) {
-    switch (field) {
-        case 'T':
-            return "Name";
-        case 'E':
-            return "Easting";
-        case 'N':
-            return "Northing";
-        case 'H':
-            return "Ht";
-        default:
-            return "Radius";
-    }
-}
-
-double FieldNumber(const GridWaypointDef& point, char field) {
-    switch (field) {
-        case 'E':
-            return point.easting;
-        case 'N':
-            return point.northing;
-        case 'H':
-            return point.height;
-        default:
-            return point.radius;
-    }
-}
-
-std::string FieldText(const GridWaypointDef& point, char field) {
-    return field == 'T' ? point.name : MetresText(FieldNumber(point, field));
+/// The columns of a data order: names are shown in every order.
+std::vector<const Column<GridWaypointDef>*> ShownColumns(const WaypointOrder& order) {
+    constexpr auto kAlways = ColumnsWithHeaders(kWaypointColumns, "Name", "Easting", "Northing");
+    constexpr auto kSometimes = ColumnsWithHeaders(kWaypointColumns, "Ht", "Radius");
+    std::vector<const Column<GridWaypointDef>*> shown(kAlways.begin(), kAlways.end());
+    if (order.HasHeight()) shown.push_back(kSometimes[0]);
+    if (order.HasRadius()) shown.push_back(kSometimes[1]);
+    return shown;
 }
 
 }  // namespace
@@ -234,29 +204,11 @@ void CGridWaypointPane::OnTimer(UINT timer) {
 
 // ---- Points ----
 
-std::vector<std::string> CGridWaypointPane::TableColumns(int index) const {
-    std::vector<std::string> headers;
-    if (index < 0) return headers;
-    for (const char field : ColumnFields(Member(index).Order())) headers.push_back(ColumnHeader(field));
-    return headers;
-}
-
-TableRows CGridWaypointPane::MakeTableRows(int index) {
+PointsTable CGridWaypointPane::MakeTable(int index) {
+    if (index < 0) return {};
     Member(index).FillNames();
-    const std::string fields = ColumnFields(Member(index).Order());
-    const int count = static_cast<int>(Member(index).GetSize());
-    const auto text = [this, index, fields](std::ptrdiff_t row, int column) {
-        if (!List().IsValidIndex(index) || !Member(index).IsValidIndex(row)) return std::string();
-        return FieldText(Member(index)[row], fields[static_cast<std::size_t>(column)]);
-    };
-    const auto widest = [this, index, fields](int column) {
-        const char field = fields[static_cast<std::size_t>(column)];
-        const CGridWaypoint& waypoints = Member(index);
-        if (field == 'T') return std::vector<std::string>{LongestName(waypoints)};
-        return ExtremeTexts(
-            waypoints.GetSize(), [&](std::ptrdiff_t i) { return FieldNumber(waypoints[i], field); }, MetresText);
-    };
-    return {.count = count, .cell = text, .widest = widest};
+    return MakePointsTable(ShownColumns(Member(index).Order()),
+                           RecordsOf<GridWaypointDef>(static_cast<CGridWaypointList&>(List()), index));
 }
 
 bool CGridWaypointPane::PointOfRow(int index, int row, tagXY& point) const {

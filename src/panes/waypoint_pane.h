@@ -46,8 +46,7 @@ private:
     void BuildRows(int index) override;
     void BuildRingRows(const CGridWaypoint& waypoints);
     void BuildAlarmRows(const CGridWaypoint& waypoints);
-    std::vector<std::string> TableColumns(int index) const override;
-    TableRows MakeTableRows(int index) override;
+    PointsTable MakeTable(int index) override;
     bool PointOfRow(int index, int row, tagXY& point) const override;
     bool StoreRow(int index, CMFCPropertyGridProperty& row) override;
     void SaveMember(int index, std::uint8_t save) override;

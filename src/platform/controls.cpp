@@ -70,8 +70,8 @@ void CListCtrl::DeleteAllColumns() {
     Changed(CONTROL_CHANGE::CONTENT);
 }
 
-void CListCtrl::InsertColumn(std::string_view header) {
-    columns.push_back({std::string(header), 0});
+void CListCtrl::InsertColumn(std::string_view header, ALIGN align) {
+    columns.push_back({.header = std::string(header), .align = align});
     Changed(CONTROL_CHANGE::CONTENT);
 }
 

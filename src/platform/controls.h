@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/align.h"
 #include "platform/geometry.h"
 #include "platform/palette.h"
 #include "platform/window.h"
@@ -107,13 +108,14 @@ public:
     struct Column {
         std::string header;
         int width = 0;
+        ALIGN align = ALIGN::LEFT;  ///< of its cells and its header
     };
 
     using CControl::CControl;
 
     void DeleteAllItems();
     void DeleteAllColumns();
-    void InsertColumn(std::string_view header);
+    void InsertColumn(std::string_view header, ALIGN align = ALIGN::LEFT);
     int GetColumnCount() const { return static_cast<int>(columns.size()); }
     const Column& GetColumn(int column) const;
     void SetColumnWidth(int column, int width);

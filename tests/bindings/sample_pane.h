@@ -91,7 +91,8 @@ public:
     void FillTable(int points) {
         table.DeleteAllItems();
         table.DeleteAllColumns();
-        for (const char* header : {"No", "Easting", "Northing", "Name"}) table.InsertColumn(header);
+        for (const char* header : {"No", "Easting", "Northing"}) table.InsertColumn(header, ALIGN::RIGHT);
+        table.InsertColumn("Name");
         table.SetRows({points,
                        [this](int row, int column) {
                            ++cellsAsked;

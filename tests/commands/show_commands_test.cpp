@@ -180,8 +180,12 @@ TEST_F(ShowFiles, PrintsLargeFilesWhole) {
         const std::string out = Run(arguments).out;
         EXPECT_THAT(out, HasSubstr(*form ? "{\"easting\": 2500, \"northing\": 7},\n{\"easting\": 2501, "
                                          : "    2500      2500.000         7.000\n    2501      2501.000"));
-        EXPECT_THAT(out, EndsWith(*form ? "{\"easting\": 5000, \"northing\": 7}\n]}\n"
-                                        : "    5000      5000.000         7.000\n"));
+        EXPECT_THAT(
+            out,
+            EndsWith(
+                *form
+                    ? "{\"easting\": 5000, \"northing\": 7}\n], \"units\": {\"easting\": \"m\", \"northing\": \"m\"}}\n"
+                    : "    5000      5000.000         7.000\n"));
     }
 }
 

@@ -170,5 +170,25 @@ TEST_F(PaneRegistryTest, AnEmptyListDoesNoHarm) {
     }
 }
 
+// A host may remove a file by itself: until it brings the pane up to date, the table shows empty cells.
+TEST_F(PaneRegistryTest, AFileThatTheHostRemovedLeavesEmptyCells) {
+    for (const PaneEntry& entry : PaneRegistry()) {
+        SCOPED_TRACE(entry.title);
+        Restart();
+        LoadJob();
+        Open(entry);
+        const CListCtrl& table = pane->GetTable();
+        ASSERT_GT(table.GetItemCount(), 0);
+        for (CFileListBase* list : std::initializer_list<CFileListBase*>{
+                 &job->boundaries, &job->waypoints, &job->routes, &job->pipelines, &job->sailLines}) {
+            list->RemoveAt(0);
+        }
+        job->pipeRoute.Clear();
+        pane->Resize({400, 900});
+        for (int column = 0; column < table.GetColumnCount(); ++column) EXPECT_EQ(table.GetItemText(0, column), "");
+        pane.reset();
+    }
+}
+
 }  // namespace
 }  // namespace quillon

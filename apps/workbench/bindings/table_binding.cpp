@@ -59,14 +59,11 @@ public:
         const QRect room = option.rect.adjusted(kCellInset, 0, -kCellInset - 1, -1);
         const QString whole = index.data(Qt::DisplayRole).toString();
         const QString fitting = option.fontMetrics.elidedText(whole, Qt::ElideRight, room.width());
-        painter->drawText(room, AlignmentOf(whole), fitting);
+        painter->drawText(room, index.data(Qt::TextAlignmentRole).toInt(), fitting);
     }
 
 private:
     static constexpr int kCellInset = 4;
-    static int AlignmentOf(const QString& cell) {
-        return Qt::AlignVCenter | (LooksNumeric(FromQString(cell)) ? Qt::AlignRight : Qt::AlignLeft);
-    }
 };
 
 }  // namespace

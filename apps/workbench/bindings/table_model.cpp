@@ -4,15 +4,21 @@
 
 namespace quillon {
 
-bool LooksNumeric(std::string_view cell) {
-    constexpr std::string_view kAllowed = "0123456789+-., \xB0'\"";
-    constexpr std::string_view kCompass = "NSEW";
-    cell = Trim(cell);
-    if (!cell.empty() && kCompass.find(cell.back()) != std::string_view::npos) cell.remove_suffix(1);
-    if (!cell.empty() && kCompass.find(cell.front()) != std::string_view::npos) cell.remove_prefix(1);
-    return cell.find_first_of("0123456789") != std::string_view::npos &&
-           cell.find_first_not_of(kAllowed) == std::string_view::npos;
+namespace {
+
+Qt::Alignment AlignmentOf(ALIGN align) {
+    switch (align) {
+        case ALIGN::LEFT:
+            return Qt::AlignVCenter | Qt::AlignLeft;
+        case ALIGN::RIGHT:
+            return Qt::AlignVCenter | Qt::AlignRight;
+        case ALIGN::CENTRE:
+            break;
+    }
+    return Qt::AlignCenter;
 }
+
+}  // namespace
 
 int TableModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() || !table ? 0 : table->GetItemCount();
@@ -25,21 +31,14 @@ int TableModel::columnCount(const QModelIndex& parent) const {
 QVariant TableModel::data(const QModelIndex& index, int role) const {
     if (!table || index.row() >= table->GetItemCount() || index.column() >= table->GetColumnCount()) return {};
     if (role == Qt::DisplayRole) return ToQString(table->GetItemText(index.row(), index.column()));
-    if (role == Qt::TextAlignmentRole) {
-        const bool right = LooksNumeric(table->GetItemText(index.row(), index.column()));
-        return QVariant::fromValue(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
-    }
+    if (role == Qt::TextAlignmentRole) return QVariant::fromValue(AlignmentOf(table->GetColumn(index.column()).align));
     return {};
 }
 
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (!table || orientation != Qt::Horizontal || section >= table->GetColumnCount()) return {};
     if (role == Qt::DisplayRole) return ToQString(table->GetColumn(section).header);
-    if (role == Qt::TextAlignmentRole) {
-        // A header stands over its numbers; the first row speaks for the column.
-        const bool right = table->GetItemCount() > 0 && LooksNumeric(table->GetItemText(0, section));
-        return QVariant::fromValue(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
-    }
+    if (role == Qt::TextAlignmentRole) return QVariant::fromValue(AlignmentOf(table->GetColumn(section).align));
     return {};
 }
 

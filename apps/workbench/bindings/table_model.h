@@ -25,8 +25,4 @@ private:
     CListCtrl* table;
 };
 
-/// Whether a cell reads as a number or an angle, and so stands at the right edge: it has a digit, and nothing but
-/// digits, signs, points, blanks, units of angle and a letter of the compass.
-bool LooksNumeric(std::string_view cell);
-
 }  // namespace quillon

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "foundation/angle_units.h"
+#include "foundation/columns.h"
 #include "host/scene_builder.h"
-#include "panes/table_texts.h"
 #include "platform/text.h"
 
 namespace quillon {
@@ -198,8 +198,9 @@ void AddRouteCorridor(SceneBuilder& scene, const CRoute& route) {
 
 /// Range and bearing of the legs.
 ChartTextOf LegTexts(const CRoute& route) {
-    auto texts = std::make_shared<const std::vector<std::string>>(
-        NamesOf(route, [](const RouteDef& leg) { return RangeText(leg.range) + "  " + BearingText(leg.bearing); }));
+    auto texts = std::make_shared<const std::vector<std::string>>(NamesOf(route, [](const RouteDef& leg) {
+        return CellText(CELL::RANGE, leg.range) + "  " + CellText(CELL::BEARING, leg.bearing);
+    }));
     return [texts](std::size_t leg) { return leg < texts->size() ? (*texts)[leg] : std::string(); };
 }
 
