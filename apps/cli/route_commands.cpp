@@ -9,6 +9,7 @@
 #include "feature_sheets.h"
 #include "features/route.h"
 #include "foundation/field_scanner.h"
+#include "platform/drives_lock.h"
 #include "platform/text.h"
 
 namespace quillon {
@@ -62,8 +63,14 @@ void Save(CliContext& context, CRoute& route, const RewriteOptions& options) {
     context.Fail(options.file, "can't be written");
 }
 
+std::string WhyNotLocked(const DrivesLock& lock) {
+    return lock.Holder() ? "in use by " + HolderText(*lock.Holder()) : "can't be locked: " + lock.GetFault();
+}
+
 void Rewrite(CliContext& context, const RewriteOptions& options) {
     FileSystem& files = context.Files(FILE_ACCESS::READ_WRITE);
+    DrivesLock lock(files.Drives(), "quillon");
+    if (!lock.Take()) return context.Fail(files.Drives().string(), WhyNotLocked(lock));
     CRoute route(files);
     ReadReport report;
     route.Read(TextFromUtf8(options.file), options.from ? nullptr : &report);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "features/boundary.h"
 #include "features/grid_waypoint.h"
 #include "features/pipeline.h"
@@ -15,6 +17,9 @@ struct JobFeatures {
 
     /// Reads the list files and every feature that they name, as a host does at its start.
     void Load();
+    /// Removes what killed writers left in the folders of the job's settings, its data and its files; the count
+    /// removed. For the program that holds the drives folder, after Load.
+    std::size_t ClearLeftovers();
 
     CBoundaryList boundaries;
     CGridWaypointList waypoints;

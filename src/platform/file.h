@@ -80,6 +80,8 @@ public:
     const std::filesystem::path& Drives() const { return drives; }
     const std::string& CommandLine() const { return commandLine; }
     FILE_ACCESS Access() const { return access; }
+    /// For a folder that another program turns out to hold; see DrivesLock.
+    void SetAccess(FILE_ACCESS newAccess) { access = newAccess; }
 
     bool Exists(std::string_view path) const;
     bool DriveIsFixed(char letter) const;

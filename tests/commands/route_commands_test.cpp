@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "commands/cli_run.h"
+#include "platform/drives_lock.h"
 
 namespace quillon {
 namespace {
@@ -89,6 +90,15 @@ TEST_F(RewriteRoute, LeavesAFileThatItCantReadOrWrite) {
     EXPECT_THAT(run.err, HasSubstr("can't be written"));
     EXPECT_EQ(drives.Read(kFile), "1, 2\n");
     EXPECT_EQ(drives.Read(kOrderFile), "Data Order = 0\r\n");
+
+    other.Close();
+
+    // The workbench is at work on these drives.
+    DrivesLock workbench(drives.Root(), "Workbench");
+    ASSERT_TRUE(workbench.Take());
+    EXPECT_THAT(Run({"--order", "1"}).err, HasSubstr("in use by Workbench, process "));
+    EXPECT_EQ(drives.Read(kFile), "1, 2\n");
+    workbench.Release();
 
     EXPECT_EQ(Run({}).code, CLI_USAGE);
     EXPECT_EQ(Run({"--order", "3"}).code, CLI_USAGE);

@@ -72,6 +72,17 @@ TEST_F(JobFeaturesTest, MissingFilesKeepTheirPlace) {
     EXPECT_EQ(commits.paths, std::vector<std::string>());
 }
 
+TEST_F(JobFeaturesTest, ClearsWhatKilledWritersLeft) {
+    const std::vector<std::string> leftovers = {"C:\\MySettings\\Host\\Pipelines.FLS.new~",
+                                                "C:\\MyData\\Routes\\A.DRW.new~", "C:\\Job\\A.INI.new~"};
+    JobFeatures job(drives);
+    job.routes.Add("C:\\Job\\A.csv");
+    for (const std::string& path : leftovers) drives.Write(path, "half");
+    EXPECT_EQ(job.ClearLeftovers(), leftovers.size());
+    for (const std::string& path : leftovers) EXPECT_FALSE(drives.Exists(path)) << path;
+    EXPECT_TRUE(drives.Exists("C:\\Job\\A.csv"));
+}
+
 TEST_F(JobFeaturesTest, StandsUpToDamagedListFiles) {
     for (const char* list :
          {"", "[Boundary]", "\n\n", "[Boundary]\r\n\r\n  \r\nC:\\Job\\A.csv\r\nc:\\job\\a.CSV\r\n"}) {

@@ -15,6 +15,7 @@ Job::~Job() {
 
 void Job::Open() {
     features.Load();
+    features.ClearLeftovers();
     OpenPanes();
     countedFiles = CountFiles();
     KeepFlags();
