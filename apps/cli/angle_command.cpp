@@ -1,12 +1,16 @@
 #include "angle_command.h"
 
+#include <cmath>
+#include <cstdint>
 #include <istream>
 #include <memory>
 #include <ostream>
 #include <string>
 
 #include "foundation/angle_text.h"
+#include "number_lines.h"
 #include "platform/text.h"
+#include "printable.h"
 
 namespace quillon {
 namespace {
@@ -20,10 +24,18 @@ struct AngleOptions {
 
 void PrintAngles(CliContext& context, const AngleOptions& options) {
     const char letter = options.hemisphere.empty() ? '\0' : HemisphereLetter(options.hemisphere.front());
+    std::uint64_t number = 0;
     for (std::string line; std::getline(context.in, line);) {
-        if (Trim(line).empty()) continue;
+        ++number;
+        double radians = 0;
+        if (!ScanNumber(Trim(line), radians) || !std::isfinite(radians)) {
+            context.err << "line " << number << ": not a number: " << PrintableUtf8(line.substr(0, 60)) << '\n';
+            context.out << "nan\n";
+            context.result = CLI_USELESS;
+            continue;
+        }
         const std::string text =
-            FormatAngle(Atof(line), options.type, options.format, options.decimals, letter, &context.Files());
+            FormatAngle(radians, options.type, options.format, options.decimals, letter, &context.Files());
         context.out << Utf8FromText(text) << '\n';
     }
 }
@@ -43,7 +55,9 @@ void AddAngleCommand(CLI::App& app, CliContext& context) {
         ->check(CLI::Range(0, 32));
     angle.add_option("--hemisphere", options->hemisphere, "Letter of an angle of exactly 0")
         ->check(CLI::IsMember({"N", "S", "E", "W", "n", "s", "e", "w"}));
-    angle.footer("Example:\n  echo 0.916297857297023 | quillon angle --type 5 --format 1 --decimals 4");
+    angle.footer(
+        "A line that is no number gives \"nan\" and is named on stderr; the exit code is then 1.\n\n"
+        "Example:\n  echo 0.916297857297023 | quillon angle --type 5 --format 1 --decimals 4");
     angle.callback([&context, options] { PrintAngles(context, *options); });
 }
 

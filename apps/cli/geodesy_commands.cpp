@@ -1,19 +1,23 @@
 #include "geodesy_commands.h"
 
+#include <array>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <ostream>
 #include <span>
 #include <string>
 
 #include "foundation/angle_units.h"
+#include "geodesy/catalogue/grid_row.h"
 #include "geodesy/ellipsoid.h"
 #include "geodesy/grid.h"
 #include "geodesy/gsb_file.h"
 #include "geodesy_listing.h"
 #include "number_lines.h"
 #include "platform/text.h"
+#include "printable.h"
 
 namespace quillon {
 
@@ -21,6 +25,7 @@ namespace {
 
 constexpr int kDecimals = 4;
 constexpr double kHalfUnit = 0.00005;
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
 struct GridChoice {
     std::int32_t type = 0;
@@ -66,12 +71,23 @@ void ChooseGrid(CGrid& grid, CEllipsoid& ellipsoid, const GridChoice& choice) {
     }
 }
 
+/// Names what a user of the grid should know before he trusts a figure.
+void TellOfGrid(CliContext& context, const CGrid& grid) {
+    if (grid.Axes() != GRID_AXES::EASTING_NORTHING) context.err << "columns: " << AxisNames(grid) << '\n';
+    const std::string_view deviation = KnownDeviation(grid.type, grid.zone);
+    if (deviation.empty()) return;
+    context.err << "warning: " << Printable(grid.name + ' ' + grid.comment) << " lies " << deviation << '\n';
+}
+
 void PrintDistances(CliContext& context, std::int32_t index) {
     CEllipsoid ellipsoid;
     ChooseEllipsoid(ellipsoid, index);
+    if (ellipsoid.e2 == 0) {
+        throw CLI::ValidationError(Format("ellipsoid %d is a sphere; distances need a flattening", index));
+    }
     std::string text;
     NumberLines lines(context.in, context.err, 4, &ArePositions);
-    lines.Run([&](std::span<const std::span<double>> columns) {
+    const std::uint64_t bad = lines.Run([&](std::span<const std::span<double>> columns, std::uint64_t) {
         for (const std::span<double> column : columns) ToRadians(column);
         ellipsoid.DistanceAll(columns[0], columns[1], columns[2], columns[3], columns[0]);
         text.clear();
@@ -81,17 +97,36 @@ void PrintDistances(CliContext& context, std::int32_t index) {
         }
         context.out << text;
     });
+    if (bad > 0) context.result = CLI_USELESS;
+}
+
+/// Latitudes and longitudes in degrees become grid positions, NaN where there is none.
+void ToGrid(CliContext& context, const CGrid& grid, std::span<double> lats, std::span<double> lons,
+            std::uint64_t firstLine) {
+    std::array<double, NumberLines::kBatch> eastings, northings;
+    ToRadians(lats);
+    ToRadians(lons);
+    for (double& lon : lons) lon = grid.NearMeridian(lon);
+    grid.ForwardAll(eastings, northings, lats, lons);
+    for (std::size_t i = 0; i < lats.size(); ++i) {
+        const bool is = grid.IsPosition(lats[i], lons[i], eastings[i], northings[i]);
+        // A line that was none to begin with has been told of.
+        if (!is && std::isfinite(lats[i])) context.err << "line " << firstLine + i << ": no position on this grid\n";
+        lats[i] = is ? eastings[i] : kNaN;
+        lons[i] = is ? northings[i] : kNaN;
+        if (!is) context.result = CLI_USELESS;
+    }
 }
 
 void PrintPositions(CliContext& context, const GridChoice& choice) {
     CEllipsoid ellipsoid;
     CGrid grid;
     ChooseGrid(grid, ellipsoid, choice);
+    TellOfGrid(context, grid);
     std::string text;
     NumberLines lines(context.in, context.err, 2, &IsPosition);
-    lines.Run([&](std::span<const std::span<double>> columns) {
-        for (const std::span<double> column : columns) ToRadians(column);
-        grid.ForwardAll(columns[0], columns[1], columns[0], columns[1]);
+    lines.Run([&](std::span<const std::span<double>> columns, std::uint64_t firstLine) {
+        ToGrid(context, grid, columns[0], columns[1], firstLine);
         text.clear();
         for (std::size_t i = 0; i < columns[0].size(); ++i) {
             AppendMetres(text, columns[0][i]);
@@ -110,17 +145,19 @@ void PrintGridInfo(CliContext& context, const GridChoice& choice) {
     context.out << GridInfo(grid);
 }
 
-void PrintGsb(CliContext& context, const std::string& path, bool headerOnly) {
+void PrintGsbFile(CliContext& context, const std::string& path, bool headerOnly) {
     CStdioFile file(context.Files());
     if (!file.OpenForReading(TextFromUtf8(path), FILE_MODE::BINARY)) return context.Fail(path, "can't be read");
-    const std::shared_ptr<const GsbFile> gsb = ReadGsb(file);
-    if (!gsb || gsb->header.Keyword(NUM_OREC) != kGsbRecords[NUM_OREC].keyword) {
-        return context.Fail(path, "isn't a little-endian NTv2 file, or is cut short");
+    GSB_FAULT fault = GSB_FAULT::NONE;
+    const std::shared_ptr<const GsbFile> gsb = ReadGsb(file, &fault);
+    if (fault != GSB_FAULT::NONE || !gsb) return context.Fail(path, FaultText(fault));
+    if (SecondsPerUnit(gsb->header) == 0) {
+        context.err << path << ": GS_TYPE is no unit that is known; nodes are listed without positions\n";
     }
     if (gsb->header.Integer(NUM_FILE) > 1) {
         context.err << path << ": holds " << gsb->header.Integer(NUM_FILE) << " sub-grids; the first one is read\n";
     }
-    context.out << GsbText(*gsb, !headerOnly);
+    PrintGsb(context.out, *gsb, !headerOnly);
 }
 
 std::shared_ptr<GridChoice> AddGridChoice(CLI::App& command) {
@@ -173,8 +210,11 @@ void AddGridCommands(CLI::App& app, CliContext& context) {
     CLI::App& forward = *grid.add_subcommand("forward", "Grid positions in metres, a line for each line read");
     auto forwardChoice = AddGridChoice(forward);
     forward.footer(
-        "Reads \"lat lon\" in decimal degrees, west and south negative, and prints \"easting northing\".\n"
-        "A line that is no position gives \"nan nan\" and is named on stderr.\n\n"
+        "Reads \"lat lon\" in decimal degrees, west and south negative, and prints \"easting northing\" in metres;\n"
+        "type 3 (South African Lo) \"westing southing\", type 13 (Norwegian axes) \"northing easting\", X and Y.\n"
+        "The 1927 zones keep their constants in US survey feet and, the Lambert ones, longitudes positive west\n"
+        "(see grid info); lines read and printed are as for every grid.\n"
+        "A line without a position on the grid gives \"nan nan\" and is named on stderr; the exit code is then 1.\n\n"
         "Example:\n  echo 52 3 | quillon grid forward --type 0 --zone 31");
     forward.callback([&context, forwardChoice] { PrintPositions(context, *forwardChoice); });
 }
@@ -189,7 +229,7 @@ void AddGsbCommand(CLI::App& app, CliContext& context) {
     gsb.add_option("file", options->path, "The .gsb file")->required();
     gsb.add_flag("--header", options->headerOnly, "Without the nodes");
     gsb.footer("Example:\n  quillon gsb --header OSTN15_NTv2_ETRStoOSGB.gsb");
-    gsb.callback([&context, options] { PrintGsb(context, options->path, options->headerOnly); });
+    gsb.callback([&context, options] { PrintGsbFile(context, options->path, options->headerOnly); });
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <optional>
+#include <ostream>
 #include <span>
 #include <string_view>
 
@@ -11,12 +12,14 @@
 #include "geodesy/catalogue/grid_row.h"
 #include "json_text.h"
 #include "platform/text.h"
+#include "printable.h"
 
 namespace quillon {
 
 namespace {
 
 constexpr double kSecondsPerDegree = 3600;
+constexpr std::size_t kBlock = std::size_t{1} << 16;
 
 /// Degrees as the catalogue has them: without the last digits, which are the conversion's own.
 double Degrees(double radians) {
@@ -28,6 +31,45 @@ std::string Column(std::string_view text, std::size_t width) {
     std::string column = Utf8FromText(text);
     if (text.size() < width) column.append(width - text.size(), ' ');
     return column;
+}
+
+/// The units of a 1927 zone that stands on plane-coordinate constants; null for any other grid.
+struct TableUnits {
+    const char* json;  ///< of the longitude's sign
+    const char* line;
+    const char* lon0;
+    std::span<const char* const> table;  ///< what each slot holds
+};
+
+constexpr const char* kLambertSlots[] = {
+    "false easting, US survey feet",
+    "central meridian, seconds of arc, positive west",
+    "radius of the central parallel, US survey feet",
+    "northing of the cone's apex, US survey feet",
+    "scale on the central parallel",
+    "sine of the central parallel",
+    "rectified latitude of the central parallel, whole minutes",
+    "rectified latitude of the central parallel, seconds",
+    "L1",
+    "L2",
+    "L3",
+};
+constexpr const char* kTransverseSlots[] = {
+    "false easting, US survey feet",
+    "central meridian, seconds of arc, positive west",
+    "rectified latitude of the origin, whole minutes",
+    "rectified latitude of the origin, seconds",
+    "scale on the central meridian",
+    "Q, of the cubic term",
+};
+constexpr TableUnits kLambertUnits = {"west", "FE and FN in US survey feet, lon0 positive west",
+                                      "degrees, positive west", kLambertSlots};
+constexpr TableUnits kTransverseUnits = {"east", "FE in US survey feet", "degrees, positive east", kTransverseSlots};
+
+const TableUnits* UnitsOf(const CGrid& grid) {
+    if (grid.type != STATE_PLANE_27) return nullptr;
+    if (grid.subtype == 1) return &kLambertUnits;
+    return grid.subtype == 2 ? &kTransverseUnits : nullptr;
 }
 
 bool HasParallels(const CGrid& grid) {
@@ -57,6 +99,10 @@ JsonObject GridJson(const CGrid& grid, const CEllipsoid& ellipsoid, std::span<co
         object.Real("lat2", Degrees(grid.lat2));
     }
     if (!table.empty()) object.Reals("table", table);
+    if (const TableUnits* units = UnitsOf(grid)) {
+        object.Text("false_origin_unit", "US survey foot");
+        object.Text("lon0_positive", units->json);
+    }
     return object;
 }
 
@@ -72,6 +118,7 @@ std::string GridLine(const CGrid& grid, const CEllipsoid& ellipsoid, std::span<c
     if (HasParallels(grid)) line += Format("  parallels %.10g %.10g", Degrees(grid.lat1), Degrees(grid.lat2));
     if (!table.empty()) line += "  table";
     for (const double value : table) line += ' ' + ShortestText(value);
+    if (const TableUnits* units = UnitsOf(grid)) line += Format("  (%s)", units->line);
     return line + '\n';
 }
 
@@ -87,8 +134,10 @@ JsonObject EllipsoidJson(const CEllipsoid& e) {
     return object;
 }
 
-void AppendValue(std::string& text, std::string_view key, double value) {
-    text += Column(key, 14) + ShortestText(value) + '\n';
+/// With a unit or a meaning, where there is one to tell.
+void AppendValue(std::string& text, std::string_view key, double value, const char* meaning = nullptr) {
+    const std::string figures = ShortestText(value);
+    text += Column(key, 14) + (meaning ? Column(figures, 20) + "  " + meaning : figures) + '\n';
 }
 void AppendText(std::string& text, std::string_view key, std::string_view value) {
     text += Column(key, 14) + Utf8FromText(value) + '\n';
@@ -98,13 +147,13 @@ std::string HeaderText(const GsbHeader& header) {
     std::string text;
     for (std::size_t i = 0; i < GSB_RECORDS; ++i) {
         const auto record = static_cast<GSB_RECORD>(i);
-        text += Column(header.Keyword(record), 10);
+        text += PrintableUtf8(Column(header.Keyword(record), 10));
         switch (kGsbRecords[i].value) {
             case GSB_VALUE::INTEGER:
                 text += Format("%d\n", header.Integer(record));
                 break;
             case GSB_VALUE::TEXT:
-                text += Utf8FromText(header.Text(record)) + '\n';
+                text += Printable(header.Text(record)) + '\n';
                 break;
             case GSB_VALUE::REAL:
                 text += ShortestText(header.Real(record)) + '\n';
@@ -174,10 +223,13 @@ std::string GridInfo(const CGrid& grid) {
         AppendValue(text, "e2", grid.ellipsoid->e2);
     }
     AppendText(text, "fixed", grid.ellipsoidFixed ? "yes" : "no");
+    AppendText(text, "axes", AxisNames(grid));
+    const TableUnits* units = UnitsOf(grid);
+    const char* const feet = units ? "US survey feet" : nullptr;
     AppendValue(text, "lat0", Degrees(grid.lat0));
-    AppendValue(text, "lon0", Degrees(grid.lon0));
-    AppendValue(text, "FE", grid.FE);
-    AppendValue(text, "FN", grid.FN);
+    AppendValue(text, "lon0", Degrees(grid.lon0), units ? units->lon0 : nullptr);
+    AppendValue(text, "FE", grid.FE, feet);
+    AppendValue(text, "FN", grid.FN, grid.FN != 0 ? feet : nullptr);
     AppendValue(text, "k0", grid.k0);
     if (HasParallels(grid)) {
         AppendValue(text, "lat1", Degrees(grid.lat1));
@@ -193,15 +245,34 @@ std::string GridInfo(const CGrid& grid) {
     AppendValue(text, "M0", grid.M0);
     AppendValue(text, "psi0", grid.psi0);
     for (std::size_t i = 0; i < std::size(grid.W); ++i) {
-        if (grid.W[i] != 0) AppendValue(text, Format("W%zu", i), grid.W[i]);
+        const bool named = units && i < units->table.size();
+        if (grid.W[i] != 0) AppendValue(text, Format("W%zu", i), grid.W[i], named ? units->table[i] : nullptr);
+    }
+    if (const std::string_view deviation = KnownDeviation(grid.type, grid.zone); !deviation.empty()) {
+        AppendText(text, "deviation", deviation);
     }
     return text;
 }
 
-std::string GsbText(const GsbFile& file, bool withNodes) {
+std::string_view AxisNames(const CGrid& grid) {
+    switch (grid.Axes()) {
+        case GRID_AXES::WESTING_SOUTHING:
+            return "westing southing";
+        case GRID_AXES::NORTHING_EASTING:
+            return "northing (X) easting (Y)";
+        case GRID_AXES::EASTING_NORTHING:
+            break;
+    }
+    return "easting northing";
+}
+
+void PrintGsb(std::ostream& out, const GsbFile& file, bool withNodes) {
     std::string text = HeaderText(file.header);
-    if (!withNodes) return text;
-    const std::size_t columns = NodesInRow(file);
+    out << text;
+    if (!withNodes) return;
+    const double unitsPerDegree = kSecondsPerDegree / SecondsPerUnit(file.header);
+    const std::size_t columns = std::isfinite(unitsPerDegree) ? NodesInRow(file) : 0;
+    text.clear();
     text += "\n";
     text += columns ? "       node        latitude       longitude" : "       node";
     text += "   lat shift\"   lon shift\"  lat acc m  lon acc m\n";
@@ -211,13 +282,16 @@ std::string GsbText(const GsbFile& file, bool withNodes) {
             const double row = static_cast<double>(i / columns), column = static_cast<double>(i % columns);
             const double south = file.header.Real(S_LAT) + row * file.header.Real(LAT_INC);
             const double west = file.header.Real(E_LONG) + column * file.header.Real(LONG_INC);
-            text += Format(" %15.9f %15.9f", south / kSecondsPerDegree, -west / kSecondsPerDegree);
+            text += Format(" %15.9f %15.9f", south / unitsPerDegree, -west / unitsPerDegree);
         }
         const GridShiftRecordDef& node = file.nodes[i];
         text += Format(" %12.6f %12.6f %10.4f %10.4f\n", double{node.latShift}, double{node.lonShift},
                        double{node.latAccuracy}, double{node.lonAccuracy});
+        if (text.size() < kBlock) continue;
+        out << text;
+        text.clear();
     }
-    return text;
+    out << text;
 }
 
 }  // namespace quillon

@@ -9,6 +9,7 @@
 
 #include "platform/errors.h"
 #include "platform/text.h"
+#include "printable.h"
 
 namespace quillon {
 
@@ -102,7 +103,7 @@ void NumberLines::Line(std::string_view line, const Batch& batch) {
     if (!Scan(line, numbers.data())) {
         numbers.fill(std::numeric_limits<double>::quiet_NaN());
         ++badLines;
-        errors << "line " << lineNumber << ": not a position: " << line.substr(0, 60) << '\n';
+        errors << "line " << lineNumber << ": not a position: " << PrintableUtf8(line.substr(0, 60)) << '\n';
     }
     for (std::size_t c = 0; c < columns; ++c) values[c][filled] = numbers[c];
     if (++filled == kBatch) Flush(batch);
@@ -112,7 +113,7 @@ void NumberLines::Flush(const Batch& batch) {
     if (filled == 0) return;
     std::array<std::span<double>, kMostColumns> spans;
     for (std::size_t c = 0; c < columns; ++c) spans[c] = {values[c], filled};
-    batch(std::span(spans).first(columns));
+    batch(std::span(spans).first(columns), lineNumber - filled + 1);
     filled = 0;
 }
 

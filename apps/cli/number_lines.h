@@ -23,8 +23,8 @@ public:
     static constexpr std::size_t kMostColumns = 4;
     static constexpr std::size_t kLongestLine = 4096;
 
-    /// `columns` spans of the same length.
-    using Batch = std::function<void(std::span<const std::span<double>> columns)>;
+    /// `columns` spans of the same length, of the lines from `firstLine` (from 1) on.
+    using Batch = std::function<void(std::span<const std::span<double>> columns, std::uint64_t firstLine)>;
     /// Says whether a line's numbers make sense; told as a bad line if not.
     using Check = bool (*)(std::span<const double> numbers);
 

@@ -5,6 +5,7 @@
 
 #include "foundation/angle_units.h"
 #include "platform/text.h"
+#include "printable.h"
 #include "sheet.h"
 
 namespace quillon {
@@ -34,14 +35,6 @@ std::string Label(std::string_view key) {
 /// Whether a key is that of a KP. Pipelines have their KPs in kilometres and routes in metres, so the label says which.
 bool NamesKp(std::string_view key) {
     return key == "kp" || key.ends_with("_kp") || key == "kp_interval";
-}
-
-/// Replaces control characters by blanks: a terminal would obey them.
-std::string Printable(std::string_view value) {
-    std::string text(value);
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
-    return Utf8FromText(text);
 }
 
 void AppendNumber(std::string& text, double value, int decimals) {

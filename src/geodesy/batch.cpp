@@ -4,6 +4,7 @@
 #include <array>
 
 #include "geodesy/formulas.h"
+#include "geodesy/norwegian_axes.h"
 #include "geodesy/scalar_math.h"
 
 namespace quillon {
@@ -23,19 +24,29 @@ struct tagKernelsHere {
     tagKernelsHere() {
 #ifdef QUILLON_X86_KERNELS
         if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq")) kernels[count++] = &kAvx512Kernels;
-        if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma")) kernels[count++] = &kAvx2Kernels;
+        if (__builtin_cpu_supports("avx2")) kernels[count++] = &kAvx2Kernels;
 #endif
         kernels[count++] = &kBaselineKernels;
     }
 };
 
-/// The lanes' series wants a flattening like the earth's, and no grid whose position depends on the one before.
+/// The lanes' series wants a flattening like the earth's.
 bool FitsLanes(const CEllipsoid& ellipsoid) {
     return ellipsoid.e2 >= 0 && ellipsoid.e2 <= Formulas<ScalarMath>::kSeriesE2;
 }
 bool FitsLanes(const CGrid& grid) {
-    return grid.ellipsoid != nullptr && grid.ellipsoid->a != 0 && grid.k0 != 0 && grid.type != NORWEGIAN_AXES &&
-           FitsLanes(*grid.ellipsoid);
+    return grid.ellipsoid != nullptr && grid.ellipsoid->a != 0 && grid.k0 != 0 && FitsLanes(*grid.ellipsoid);
+}
+
+/// UTM positions become positions on their axes; 0, 0 stays no position.
+void UtmToNorwegian(const CGrid& grid, std::span<double> first, std::span<double> second) {
+    for (std::size_t i = 0; i < first.size(); i++) {
+        const bool none = first[i] == 0 && second[i] == 0;
+        const tagNorwegian position =
+            none ? tagNorwegian{} : NorwegianFromUtm(grid.utmZone, grid.subtype, first[i], second[i]);
+        first[i] = position.X;
+        second[i] = position.Y;
+    }
 }
 
 }  // namespace
@@ -46,14 +57,15 @@ std::span<const BatchKernels* const> BatchKernelsHere() {
 }
 
 void CGrid::ForwardAll(std::span<double> eastings, std::span<double> northings, std::span<const double> latitudes,
-                       std::span<const double> longitudes) {
+                       std::span<const double> longitudes) const {
     const std::size_t count = std::min({eastings.size(), northings.size(), latitudes.size(), longitudes.size()});
     if (FitsLanes(*this)) {
         BatchKernelsHere().front()->forward(*this, latitudes.data(), longitudes.data(), eastings.data(),
                                             northings.data(), count);
+        if (type == NORWEGIAN_AXES) UtmToNorwegian(*this, eastings.first(count), northings.first(count));
         return;
     }
-    for (std::size_t i = 0; i < count; i++) Forward(&eastings[i], &northings[i], latitudes[i], longitudes[i]);
+    for (std::size_t i = 0; i < count; i++) ForwardAlone(&eastings[i], &northings[i], latitudes[i], longitudes[i]);
 }
 
 bool CEllipsoid::DistanceAll(std::span<const double> firstLats, std::span<const double> firstLons,

@@ -28,25 +28,27 @@ struct LaneLoops {
     static Mask Apart(V lat, V lon) { return (M::Abs(lat) < kHighestLat) & (M::Abs(lon) < kHighestLon); }
 
     /// Positions that the lanes may take: on the globe short of the poles, and not the one that stands for no position.
-    static bool Ordinary(V lat, V lon) {
-        const Mask somewhere = (M::Abs(lat) >= kNoPosition) | (M::Abs(lon) >= kNoPosition);
-        return !M::Any(~(Apart(lat, lon) & somewhere));
+    static Mask Ordinary(V lat, V lon) {
+        return Apart(lat, lon) & ((M::Abs(lat) >= kNoPosition) | (M::Abs(lon) >= kNoPosition));
     }
 
     template <class F>
-    static void ForwardGroup(CGrid& grid, F formula, const double* lat, const double* lon, double* east,
+    static void ForwardGroup(const CGrid& grid, F formula, const double* lat, const double* lon, double* east,
                              double* north) {
         const V lats = Load(lat), lons = Load(lon);
-        if (Ordinary(lats, lons)) {
-            const auto position = formula(grid, lats, lons);
-            Store(east, position.east);
-            Store(north, position.north);
-            return;
+        const Mask ordinary = Ordinary(lats, lons);
+        const bool all = M::All(ordinary);
+        const V half = M::Fill(0.5);
+        const auto position =
+            all ? formula(grid, lats, lons) : formula(grid, ordinary ? lats : half, ordinary ? lons : half);
+        Store(east, position.east);
+        Store(north, position.north);
+        for (int i = 0; !all && i < kLanes; i++) {
+            if (!ordinary[i]) ForwardByFormula(grid, &east[i], &north[i], lats[i], lons[i]);
         }
-        for (int i = 0; i < kLanes; i++) grid.Forward(&east[i], &north[i], lats[i], lons[i]);
     }
 
-    static void Forward(CGrid& grid, const double* lat, const double* lon, double* east, double* north,
+    static void Forward(const CGrid& grid, const double* lat, const double* lon, double* east, double* north,
                         std::size_t count) {
         WithFormula<M>(grid, [=, &grid](auto formula) {
             std::size_t i = 0;

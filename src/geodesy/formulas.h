@@ -285,8 +285,8 @@ struct Formula {
     }
 };
 
-/// Calls `use` with the formula of the grid's type and subtype, and not at all where they have none. The Norwegian axes
-/// have none: a position on them is sought, not computed.
+/// Calls `use` with the formula of the grid's type and subtype, and not at all where they have none. That of the
+/// Norwegian axes is the UTM position from which the one on an axis is sought.
 template <class M, class Use>
 void WithFormula(const CGrid& grid, Use use) {
     using F = Formulas<M>;
@@ -295,6 +295,7 @@ void WithFormula(const CGrid& grid, Use use) {
         case TRANSVERSE_MERCATOR:
         case GAUSS_KRUGER:
         case STATE_PLANE_83_TM:
+        case NORWEGIAN_AXES:
             return use(Formula<&F::TransverseMercator>{});
         case SOUTH_AFRICAN_LO:
             return use(Formula<&F::SouthAfricanLo>{});

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "foundation/angle_units.h"
+#include "geodesy/batch.h"
 #include "geodesy/formulas.h"
 #include "geodesy/norwegian_axes.h"
 #include "geodesy/scalar_math.h"
@@ -18,6 +19,9 @@ constexpr double kQuarterPi = 0.7853981633974483;
 constexpr double kRadiansPerSecond = 4.84813681109536e-6;
 constexpr double kFeetPerMetre = 3.28083333;          // as the plane-coordinate tables have it
 constexpr double kNoPosition = 4.848136811095278e-9;  // 0.001"
+constexpr double kAtThePole = 1e-12;                  // radians: what turning 90 degrees into radians leaves
+constexpr double kTurn = 6.283185307179586;
+constexpr double kFarLongitude = 1e6;  // radians: beyond it no turn can be told
 
 double RootOrZero(double x) {
     return x > 0 ? std::sqrt(x) : 0;
@@ -157,7 +161,7 @@ void InitPolarStereographic(CGrid& grid) {
     const CEllipsoid& ellipsoid = *grid.ellipsoid;
     auto& W = grid.W;
     W[11] = W[12] = W[13] = 0;
-    if (std::fabs(grid.lat0) == kHalfPi) {
+    if (std::fabs(std::fabs(grid.lat0) - kHalfPi) < kAtThePole) {
         W[0] = grid.lat0 >= 0 ? 1 : 0;
     } else if (grid.lat0 != 0) {
         TrueAtParallel(grid, grid.lat0);
@@ -213,8 +217,9 @@ void InitObliqueMercator(CGrid& grid) {
 /// State Plane 1927, Lambert zones: the parameters follow from the plane-coordinate constants.
 void InitLambertTable27(CGrid& grid) {
     auto& W = grid.W;
-    grid.sin0 = W[5];
     grid.lat0 = std::asin(W[5]);
+    TakeOrigin(grid);
+    grid.sin0 = W[5];
     grid.lon0 = W[1] / 3600 * kRadiansPerDegree;
     grid.FE = W[0];
     grid.FN = W[3] - W[2];
@@ -268,6 +273,10 @@ void InitType(CGrid& grid) {
         default:
             return;
     }
+}
+
+bool StandsForNone(double lat, double lon) {
+    return std::fabs(lat) < kNoPosition && std::fabs(lon) < kNoPosition;
 }
 
 void Store(double* easting, double* northing, double first, double second) {
@@ -345,21 +354,62 @@ void CGrid::InitConic() {
     TakeScaleRatio(*this);
 }
 
-void CGrid::Forward(double* easting, double* northing, double lat, double lon) {
-    if (std::fabs(lat) < kNoPosition && std::fabs(lon) < kNoPosition) return Store(easting, northing, 0, 0);
-    if (ellipsoid == nullptr || ellipsoid->a == 0 || k0 == 0) {
+void ForwardByFormula(const CGrid& grid, double* easting, double* northing, double lat, double lon) {
+    if (StandsForNone(lat, lon)) return Store(easting, northing, 0, 0);
+    if (grid.ellipsoid == nullptr || grid.ellipsoid->a == 0 || grid.k0 == 0) {
         if (easting != nullptr && northing != nullptr) Store(easting, northing, 0, 0);
         return;
     }
-    if (type == NORWEGIAN_AXES) {
-        const auto [east, north] = OnePosition::TransverseMercator(*this, lat, lon);
-        const tagNorwegian position = NorwegianFromUtm(*this, east, north);
-        return Store(easting, northing, position.X, position.Y);
-    }
-    WithFormula<ScalarMath>(*this, [&](auto formula) {
-        const OnePosition::Position position = formula(*this, lat, lon);
+    WithFormula<ScalarMath>(grid, [&](auto formula) {
+        const OnePosition::Position position = formula(grid, lat, lon);
         Store(easting, northing, position.east, position.north);
     });
+}
+
+namespace {
+
+/// No UTM position is no position on an axis either.
+tagNorwegian OnAxis(const CGrid& grid, std::int32_t axis, double lat, double lon) {
+    double east = 0, north = 0;
+    ForwardByFormula(grid, &east, &north, lat, lon);
+    return east == 0 && north == 0 ? tagNorwegian{} : NorwegianFromUtm(grid.utmZone, axis, east, north);
+}
+
+}  // namespace
+
+void CGrid::Forward(double* easting, double* northing, double lat, double lon) {
+    if (type != NORWEGIAN_AXES) return ForwardByFormula(*this, easting, northing, lat, lon);
+    const tagNorwegian position = OnAxis(*this, axis, lat, lon);
+    if (position.axis != 0) {
+        axis = position.axis;
+        comment = NorwegianAxisName(axis);
+    }
+    Store(easting, northing, position.X, position.Y);
+}
+
+void CGrid::ForwardAlone(double* easting, double* northing, double lat, double lon) const {
+    if (type != NORWEGIAN_AXES) return ForwardByFormula(*this, easting, northing, lat, lon);
+    const tagNorwegian position = OnAxis(*this, subtype, lat, lon);
+    Store(easting, northing, position.X, position.Y);
+}
+
+bool CGrid::IsPosition(double lat, double lon, double easting, double northing) const {
+    if (!std::isfinite(easting) || !std::isfinite(northing)) return false;
+    if (StandsForNone(lat, lon) || ellipsoid == nullptr || ellipsoid->a == 0 || k0 == 0) return false;
+    return type != NORWEGIAN_AXES || easting != 0 || northing != 0;
+}
+
+double CGrid::NearMeridian(double lon) const {
+    if (!(std::fabs(lon) < kFarLongitude)) return lon;
+    const bool westward = type == STATE_PLANE_27 && subtype == 1;
+    // The middle of the turn.
+    const double own = westward ? -kTurn / 2 : lon0;
+    return lon - kTurn * std::round((lon - own) / kTurn);
+}
+
+GRID_AXES CGrid::Axes() const {
+    if (type == SOUTH_AFRICAN_LO) return GRID_AXES::WESTING_SOUTHING;
+    return type == NORWEGIAN_AXES ? GRID_AXES::NORTHING_EASTING : GRID_AXES::EASTING_NORTHING;
 }
 
 }  // namespace quillon

@@ -27,6 +27,13 @@ enum GRID_TYPE : std::int32_t {
     DANISH_SYSTEM_34 = 14,
 };
 
+/// What the two results of a grid are, in their order.
+enum class GRID_AXES {
+    EASTING_NORTHING,
+    WESTING_SOUTHING,  ///< South African Lo
+    NORTHING_EASTING,  ///< Norwegian axes: X north, Y east
+};
+
 /// One grid: a projection of a given type, its parameters, and the constants that follow from them for an ellipsoid.
 /// Angles are radians, lengths metres, unless said otherwise; east longitudes are positive.
 ///
@@ -59,7 +66,8 @@ public:
     /// Work area. Its first slots hold further parameters of types 11 and 12, the others what `Init` derives.
     double W[17] = {};
 
-    /// Type 13: the axis, 1 to 8, which `Forward` rewrites. Type 14: the system, 0 to 2.
+    /// Type 13: the axis of the last position, 1 to 8, which `Forward` rewrites; the one chosen is the subtype. Type
+    /// 14: the system, 0 to 2.
     std::int32_t axis = 0;
     double scaleRatio = 1;  ///< 1 / abs(1 - k0), or 1 when k0 is 1
     std::int32_t utmZone = 0;
@@ -114,15 +122,29 @@ public:
     /// or its scale. A type or subtype without a formula writes nothing. Beyond the reach of a formula the results
     /// are large or not finite; there is no flag for that.
     ///
-    /// Type 13 stores the axis that it chose, and its name as the comment. Its first result is the northward
-    /// coordinate.
+    /// Type 13 begins with the axis of the position before, stores the axis that serves, and its name as the comment.
     void Forward(double* easting, double* northing, double lat, double lon);
 
-    /// The same for many positions at the speed that the processor allows, within a micrometre of the one-point form.
-    /// Takes as many positions as the shortest span has; a result may lie in the array it is computed from, but must
-    /// not overlap it otherwise. Neither form allocates, and only type 13 changes the grid.
+    /// The same, but every position of type 13 begins with the axis chosen, so that none hangs on another, and the grid
+    /// stays as it is. Axis I, II or III follows from the position wherever it lies in their part of the country;
+    /// elsewhere there is none, and 0, 0, if none was chosen.
+    void ForwardAlone(double* easting, double* northing, double lat, double lon) const;
+
+    /// `ForwardAlone` for many positions at the speed that the processor allows, within a micrometre of the one-point
+    /// form. Every result is the same bit by bit on every machine and whatever stands beside it, except within 600 m of
+    /// a pole. Takes as many positions as the shortest span has; a result may lie in the array it is computed from, but
+    /// must not overlap it otherwise. No form allocates.
     void ForwardAll(std::span<double> eastings, std::span<double> northings, std::span<const double> latitudes,
-                    std::span<const double> longitudes);
+                    std::span<const double> longitudes) const;
+
+    /// Whether a result of the Forward forms is a position, and not the zeros that stand for none.
+    bool IsPosition(double lat, double lon, double easting, double northing) const;
+
+    /// The longitude, in radians, in the turn that the formulas want: within half a turn of the grid's own meridian.
+    /// The Lambert tables of 1927 take magnitudes, west of Greenwich, and get 0 to -2 pi.
+    double NearMeridian(double lon) const;
+
+    GRID_AXES Axes() const;
 };
 
 }  // namespace quillon

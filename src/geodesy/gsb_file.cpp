@@ -39,6 +39,22 @@ T ValueAt(const GsbHeader& header, GSB_RECORD record) {
     return value;
 }
 
+/// 11 overview records, as the first number of every file says, with its bytes the other way round.
+bool IsBigEndian(const GsbHeader& header) {
+    constexpr std::int32_t kElevenBackwards = 11 << 24;
+    return header.Integer(NUM_OREC) == kElevenBackwards;
+}
+
+GSB_FAULT FaultOf(const GsbHeader& header, std::uint64_t nodesHeld) {
+    const bool named = header.Keyword(NUM_OREC) == kGsbRecords[NUM_OREC].keyword &&
+                       header.Keyword(GS_COUNT) == kGsbRecords[GS_COUNT].keyword;
+    if (!named) return GSB_FAULT::NOT_NTV2;
+    if (IsBigEndian(header)) return GSB_FAULT::HIGH_BYTE_FIRST;
+    const std::int32_t count = header.Integer(GS_COUNT);
+    if (count <= 0) return GSB_FAULT::NO_NODES;
+    return static_cast<std::uint64_t>(count) > nodesHeld ? GSB_FAULT::CUT_SHORT : GSB_FAULT::NONE;
+}
+
 /// The last files read, newest first.
 class GsbCache {
 public:
@@ -85,13 +101,40 @@ std::string GsbHeader::Text(GSB_RECORD record) const {
     return EightCharacters(bytes.data() + record * kRecordSize + kKeywordSize);
 }
 
-std::shared_ptr<const GsbFile> ReadGsb(CStdioFile& file) {
+std::string_view FaultText(GSB_FAULT fault) {
+    switch (fault) {
+        case GSB_FAULT::NONE:
+            return "is whole";
+        case GSB_FAULT::SHORT_HEADER:
+            return "ends within its header";
+        case GSB_FAULT::NOT_NTV2:
+            return "isn't an NTv2 file";
+        case GSB_FAULT::HIGH_BYTE_FIRST:
+            return "is big-endian, which isn't read";
+        case GSB_FAULT::NO_NODES:
+            return "counts no nodes";
+        case GSB_FAULT::CUT_SHORT:
+            return "holds fewer nodes than it counts";
+    }
+    return {};
+}
+
+double SecondsPerUnit(const GsbHeader& header) {
+    const std::string unit = header.Text(GS_TYPE);
+    if (unit == "SECONDS") return 1;
+    if (unit == "MINUTES") return 60;
+    return unit == "DEGREES" ? 3600 : 0;
+}
+
+std::shared_ptr<const GsbFile> ReadGsb(CStdioFile& file, GSB_FAULT* fault) {
     auto loaded = std::make_shared<GsbFile>();
     auto& bytes = loaded->header.bytes;
-    if (file.Read(bytes.data(), bytes.size()) != bytes.size()) return nullptr;
+    const bool whole = file.Read(bytes.data(), bytes.size()) == bytes.size();
+    const std::uint64_t held = whole ? (file.GetLength() - GsbHeader::kSize) / sizeof(GridShiftRecordDef) : 0;
+    const GSB_FAULT found = whole ? FaultOf(loaded->header, held) : GSB_FAULT::SHORT_HEADER;
+    if (fault) *fault = found;
     const std::int32_t count = loaded->header.Integer(GS_COUNT);
-    const std::uint64_t held = (file.GetLength() - GsbHeader::kSize) / sizeof(GridShiftRecordDef);
-    if (count <= 0 || static_cast<std::uint64_t>(count) > held) return nullptr;
+    if (!whole || count <= 0 || static_cast<std::uint64_t>(count) > held) return nullptr;
     loaded->nodes.resize(static_cast<std::size_t>(count));
     const std::size_t size = loaded->nodes.size() * sizeof(GridShiftRecordDef);
     if (file.Read(loaded->nodes.data(), size) != size) return nullptr;

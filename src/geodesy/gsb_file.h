@@ -81,9 +81,25 @@ struct GsbFile {
     GridShiftNodes nodes;
 };
 
+/// Why a file gives no grid.
+enum class GSB_FAULT {
+    NONE,
+    SHORT_HEADER,     ///< it ends within the header
+    NOT_NTV2,         ///< the first or the last keyword of the header is another
+    HIGH_BYTE_FIRST,  ///< numbers stand with their high byte first
+    NO_NODES,         ///< it counts none
+    CUT_SHORT         ///< it counts more nodes than it holds
+};
+
+/// In words that follow "NAME: ".
+std::string_view FaultText(GSB_FAULT fault);
+
 /// Reads from an open file. Null where the header is cut short, or counts no nodes, or more than the file holds; memory
-/// is bounded by the file's length. A big-endian file ends here too: its count can't be met.
-std::shared_ptr<const GsbFile> ReadGsb(CStdioFile& file);
+/// is bounded by the file's length. Keywords aren't asked for: `fault` looks at them where the numbers make no sense.
+std::shared_ptr<const GsbFile> ReadGsb(CStdioFile& file, GSB_FAULT* fault = nullptr);
+
+/// Seconds of arc in the unit of a header's latitudes and longitudes, by its GS_TYPE; 0 if that names none.
+double SecondsPerUnit(const GsbHeader& header);
 
 /// Reads a file; null if it can't be opened or holds no grid. The last two files stay in memory and are handed out
 /// again while path, size and time of change are the same, so that a thousand owners cost one reading. Safe from any

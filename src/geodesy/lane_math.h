@@ -37,6 +37,7 @@ struct LaneMath {
         for (int i = 0; i < kCount; i++) any |= mask[i];
         return any != 0;
     }
+    static bool All(Mask mask) { return !Any(~mask); }
 
     static Value Sqrt(Value x) {
         Value root;

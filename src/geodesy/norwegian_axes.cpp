@@ -1,5 +1,6 @@
 #include "geodesy/norwegian_axes.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace quillon {
@@ -7,7 +8,10 @@ namespace {
 
 constexpr double kUnit = 536870.912;  // metres, of the polynomials' argument
 constexpr double kNear = 0.01;        // metres
-constexpr int kMostRounds = 100;      // a handful serve in the covered area: each takes a factor of 20 off
+constexpr double kSettled = 1e-8;     // metres; the rounding of a northing is 1e-9
+constexpr double kBetweenBlocks = 5;  // metres; neighbours differ by 2 at most
+constexpr std::int32_t kMostAxes = 8;
+constexpr int kMostRounds = 100;  // a handful serve in the covered area: each takes a factor of 20 off
 
 /// Polynomial from an NGO axis to UTM, highest power first.
 struct NorwegianAxisDef {
@@ -66,11 +70,17 @@ int BlockBelow(const NorwegianLimitDef (&limits)[kCount], double northing) {
     return limits[kCount - 1].block;
 }
 
-int BlockOf(const CGrid& grid, double easting, double northing) {
-    if (grid.utmZone >= 33) return kNoBlock;
+int BlockOf(std::int32_t utmZone, double easting, double northing) {
+    if (utmZone >= 33) return kNoBlock;
     if (easting < 400000) return BlockBelow(kWest, northing);
     if (easting < 530001) return BlockBelow(kMiddle, northing);
     return BlockBelow(kEast, northing);
+}
+
+/// The northing at which a block ends.
+double LimitOf(int block) {
+    if (block <= 3) return kWest[block - 1].below;
+    return block <= 8 ? kMiddle[block - 4].below : kEast[block - 9].below;
 }
 
 struct tagImage {
@@ -95,29 +105,68 @@ tagImage InBlock(const NorwegianBlockDef& block, tagImage image) {
     return {scale * north - block.B * east + 6800000 + block.C, scale * east + block.B * north + 500000 + block.D};
 }
 
+tagImage ImageOf(std::int32_t axis, int block, tagNorwegian position) {
+    const tagImage image = ImageOf(kAxes[axis - 1], position);
+    return block < kNoBlock ? InBlock(kBlocks[block - 1], image) : image;
+}
+
+/// The published way looks at one coordinate, whichever fits first.
+bool Ends(NORWEGIAN_END end, double dN, double dE) {
+    dN = std::fabs(dN);
+    dE = std::fabs(dE);
+    return end == NORWEGIAN_END::SETTLED ? dN <= kSettled && dE <= kSettled : dN <= kNear || dE <= kNear;
+}
+
+/// How far a UTM position lies outside a block, in the larger of its two coordinates; 0 inside.
+double OutsideBlock(int block, double easting, double northing) {
+    const double west = block <= 3 ? -HUGE_VAL : block <= 8 ? 400000 : 530001;
+    const double east = block <= 3 ? 400000 : block <= 8 ? 530001 : HUGE_VAL;
+    const double south = block == 1 || block == 4 || block == 9 ? -HUGE_VAL : LimitOf(block - 1);
+    const double north = LimitOf(block);
+    return std::max({west - easting, easting - east, south - northing, northing - north, 0.0});
+}
+
 }  // namespace
 
-tagNorwegian NorwegianFromUtm(CGrid& grid, double easting, double northing) {
-    const int block = BlockOf(grid, easting, northing);
-    const std::int32_t number = block < kNoBlock ? (block + 4) / 4 : grid.axis;
-    if (number < 1 || number > 8) return {};
-    const NorwegianAxisDef& axis = kAxes[number - 1];
+const char* NorwegianAxisName(std::int32_t axis) {
+    return kAxes[axis - 1].name;
+}
 
-    tagNorwegian position{northing - (block < kNoBlock ? 6430000 : 7200000), easting};
+tagNorwegian NorwegianFromUtm(std::int32_t utmZone, std::int32_t axis, double easting, double northing,
+                              NORWEGIAN_END end) {
+    const int block = BlockOf(utmZone, easting, northing);
+    const std::int32_t number = block < kNoBlock ? (block + 4) / 4 : axis;
+    if (number < 1 || number > kMostAxes) return {};
+
+    tagNorwegian position{northing - (block < kNoBlock ? 6430000 : 7200000), easting, number};
     for (int round = 0; round < kMostRounds; round++) {
-        tagImage image = ImageOf(axis, position);
-        if (block < kNoBlock) image = InBlock(kBlocks[block - 1], image);
+        const tagImage image = ImageOf(number, block, position);
         const double dN = northing - image.north, dE = easting - image.east;
-        // One of the two is enough; the other may still be off by more.
-        if (std::fabs(dN) <= kNear || std::fabs(dE) <= kNear) {
-            grid.axis = number;
-            grid.comment = axis.name;
-            return position;
-        }
+        if (Ends(end, dN, dE)) return position;
         position.X += dN;
         position.Y += dE;
     }
     return {};
+}
+
+std::optional<tagXY> UtmFromNorwegian(std::int32_t utmZone, std::int32_t axis, double X, double Y) {
+    if (axis < 1 || axis > kMostAxes || !std::isfinite(X) || !std::isfinite(Y)) return std::nullopt;
+    const tagNorwegian position{X, Y, axis};
+    // The north-east, and all of the zones without blocks.
+    const tagImage plain = ImageOf(axis, kNoBlock, position);
+    if (!std::isfinite(plain.east) || !std::isfinite(plain.north)) return std::nullopt;
+    if (BlockOf(utmZone, plain.east, plain.north) == kNoBlock) return tagXY{plain.east, plain.north};
+
+    std::optional<tagXY> nearest;
+    double outside = kBetweenBlocks;
+    for (int block = std::max(1, 4 * axis - 4); block < kNoBlock && (block + 4) / 4 == axis; block++) {
+        const tagImage image = ImageOf(axis, block, position);
+        const double off = OutsideBlock(block, image.east, image.north);
+        if (off >= outside) continue;
+        outside = off;
+        nearest = tagXY{image.east, image.north};
+    }
+    return nearest;
 }
 
 }  // namespace quillon

@@ -1,19 +1,37 @@
 #pragma once
 
-#include "geodesy/grid.h"
+#include <cstdint>
+#include <optional>
+
+#include "foundation/values.h"
 
 namespace quillon {
 
-/// A position on a Norwegian axis: X northward, Y eastward, metres.
+/// A position on a Norwegian axis: X northward, Y eastward, metres. All 0 where there is none.
 struct tagNorwegian {
     double X = 0;
     double Y = 0;
+    std::int32_t axis = 0;  ///< the one that serves, 1 to 8
 };
 
-/// The NGO position whose polynomial image is a UTM position of the grid, by successive substitution. Below UTM zone 33
-/// the position chooses the axis; from there on the grid's own axis, 1 to 8, serves. The grid keeps the axis that
-/// served and its name as comment. Where there is none (an axis out of range, or a position so far away that the
-/// substitution does not settle) the result is 0, 0, no position, and the grid stays as it was.
-tagNorwegian NorwegianFromUtm(CGrid& grid, double easting, double northing);
+/// When the substitution ends: the published way, as soon as one of the two coordinates is within a centimetre, or when
+/// nothing moves any more.
+enum class NORWEGIAN_END { FIRST_COORDINATE, SETTLED };
+
+/// The NGO position whose polynomial image is a UTM position, by successive substitution. In zones below 33 the
+/// position chooses axis I, II or III; in their north-east, and from zone 33 on, the axis asked for (1 to 8) serves.
+/// There is no position for an axis out of range, or so far away that the substitution doesn't settle.
+///
+/// Ended at the first coordinate, the other one is within some centimetres nearly everywhere. On lines a few
+/// centimetres wide, where the first coordinate fits by chance before the second is near, it is off by metres or more.
+tagNorwegian NorwegianFromUtm(std::int32_t utmZone, std::int32_t axis, double easting, double northing,
+                              NORWEGIAN_END end = NORWEGIAN_END::FIRST_COORDINATE);
+
+/// The UTM position, easting then northing, of one on an axis; none where the axis doesn't reach. The blocks into which
+/// the southern axes are cut meet within metres: a position between two of them takes the nearer one.
+std::optional<tagXY> UtmFromNorwegian(std::int32_t utmZone, std::int32_t axis, double X, double Y);
+
+/// "NGO (Axis II)"; `axis` is 1 to 8.
+const char* NorwegianAxisName(std::int32_t axis);
 
 }  // namespace quillon

@@ -7,7 +7,9 @@ namespace quillon {
 /// The mathematics of one value, for `Formulas` and `RudoeDistance`: the C library's.
 struct ScalarMath {
     using Value = double;
+    using Mask = bool;
 
+    static bool All(bool mask) { return mask; }
     static void SinCos(double x, double& sine, double& cosine) {
         sine = std::sin(x);  // the compiler makes one call of the two
         cosine = std::cos(x);

@@ -77,6 +77,9 @@ public:
     const RowValue& GetValue() const { return rowValue; }
     /// Raises InvalidArgument if the value is of another type than the row's.
     void SetValue(RowValue newValue);
+    /// The list that the row stands in; null as long as it stands in none.
+    const CMFCPropertyGridCtrl* GetList() const { return owner; }
+
     /// The value as the row's type; InvalidArgument if it is another.
     template <class T>
     const T& Get() const {

@@ -4,7 +4,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <numbers>
 
 #include "platform/platform.h"
 #include "platform/text.h"
@@ -118,25 +117,6 @@ std::string CMFCPropertyGridAngleInteger::FormatProperty() const {
 
 bool CMFCPropertyGridAngleInteger::Parse(std::string_view text, RowValue& parsed) const {
     return CMFCPropertyGridProperty::Parse(WithoutUnit(text, kDegreeSign), parsed);
-}
-
-CMFCPropertyGridAngleProperty::CMFCPropertyGridAngleProperty(std::string_view name, double value, int type,
-                                                             std::string_view description, UINT id)
-    : CMFCPropertyGridProperty(name, value, description, id), angleType(type) {}
-
-std::string CMFCPropertyGridAngleProperty::FormatProperty() const {
-    return Format("%.3f\xB0", Get<double>() * (180.0 / std::numbers::pi));
-}
-
-bool CMFCPropertyGridAngleProperty::Parse(std::string_view text, RowValue& parsed) const {
-    double degrees = 0;
-    if (!ReadNumber(text, kDegreeSign, degrees)) return false;
-    parsed = degrees * (std::numbers::pi / 180.0);
-    return true;
-}
-
-bool CMFCPropertyGridAngleProperty::Accept(const RowValue& candidate) const {
-    return IsFinite(candidate);
 }
 
 // ---- Pickers ----

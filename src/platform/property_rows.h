@@ -54,26 +54,6 @@ public:
     bool Parse(std::string_view text, RowValue& parsed) const override;
 };
 
-/// An angle in radians, shown and typed in decimal degrees. `type` tells a front end its range and letters.
-class CMFCPropertyGridAngleProperty : public CMFCPropertyGridProperty {
-public:
-    CMFCPropertyGridAngleProperty(std::string_view name, double value, int type, std::string_view description, UINT id);
-    ROW_KIND GetKind() const override { return ROW_KIND::ANGLE; }
-    int GetAngleType() const { return angleType; }
-    std::string FormatProperty() const override;
-    bool Parse(std::string_view text, RowValue& parsed) const override;
-    bool Accept(const RowValue& candidate) const override;
-
-private:
-    int angleType;
-};
-
-/// The same, where the notation is chosen by a mode of the list.
-class CMFCPropertyGridAngleDouble : public CMFCPropertyGridAngleProperty {
-public:
-    using CMFCPropertyGridAngleProperty::CMFCPropertyGridAngleProperty;
-};
-
 /// A row that offers a fixed set of values and draws them in a colour.
 class CPickerProperty : public CMFCPropertyGridProperty {
 public:

@@ -110,7 +110,7 @@ TEST_F(PropertyListTest, TypingEntersANumber) {
         {COUNT_ROW, "15", Qt::Key_Return, "15", true},
         // Beyond the bounds of the spin control: refused, and the edit stays open.
         {COUNT_ROW, "99", Qt::Key_Return, "15", false},
-        {HEADING_ROW, "90", Qt::Key_Return, "90.000\xB0", true},
+        {HEADING_ROW, "90", Qt::Key_Return, "090\xB0 00'.00", true},
         {COMMENT_ROW, "x y", Qt::Key_Return, "x y", true},
     };
     for (const Case& c : cases) {

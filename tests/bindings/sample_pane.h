@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "foundation/angle_rows.h"
 #include "frame/colour_button.h"
 #include "frame/colour_schemes.h"
 #include "platform/dockable_pane.h"
@@ -151,7 +152,7 @@ private:
             "Depth", 102.53, "%7.1lfm",
             "Depth of the seabed at the feature, below the lowest tide that the chart counts with; positive down",
             DEPTH_ROW);
-        group.Add<CMFCPropertyGridAngleProperty>("Heading", 1.0, 0, "Heading of the vessel", HEADING_ROW);
+        group.Add<CMFCPropertyGridAngleDouble>("Heading", 57.5, AS_SHORT, "Heading of the vessel", HEADING_ROW);
         group.Add<CMFCPropertyGridProperty>("Comment", std::string("Caf\xE9 \x80 12"), "Any text", COMMENT_ROW);
     }
     void AddPickers(CMFCPropertyGridProperty& group) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "angle_command.h"
 #include "geodesy/gsb_bytes.h"
 #include "number_lines.h"
 #include "support/scratch_drives.h"
@@ -30,6 +31,7 @@ protected:
         CLI::App app;
         app.require_subcommand(1);
         AddGeodesyCommands(app, context);
+        AddAngleCommand(app, context);
         try {
             app.parse(arguments);
         } catch (const CLI::ParseError& error) {
@@ -58,9 +60,13 @@ TEST_F(GeodesyCommandsTest, AnswersLineByLine) {
                   "651409.9030 313177.2720\n", "any other row brings its own; the last line needs no end"},
              Case{"grid forward --type 12 --zone 15", "\t35   -92.5 \n", "563956.8426 74075.2367\n",
                   "1927 feet as metres"},
-             Case{"grid forward --type 0 --zone 31", "0 0\n", "0.0000 0.0000\n", "no position"},
-             Case{"grid forward --type 0 --zone 31", "abc\n\n52 3 1\n1e9 3\n52 3x\nnan 3\n+52. 3e0\n",
-                  "nan nan\nnan nan\nnan nan\nnan nan\nnan nan\nnan nan\n500000.0000 5761038.2131\n", "bad lines"},
+             Case{"grid forward --type 6 --zone 8", "52.9 172.9\n52.9 -187.1\n",
+                  "256132.5169 268945.3954\n256132.5169 268945.3954\n", "Attu, west of the 180th meridian's zone"},
+             Case{"grid forward --type 12 --zone 11", "52.9 172.9\n52.9 -187.1\n",
+                  "170508.5987 268948.5469\n170508.5987 268948.5469\n", "the same in 1927"},
+             Case{"grid forward --type 13 --zone 1", "60 9\n", "222793.4051 34239.2272\n", "northing first"},
+             Case{"grid forward --type 3 --zone 5", "-29 26\n", "97444.5142 3209428.2135\n", "west and south positive"},
+             Case{"angle --type 2 --format 2 --decimals 3", "1\n 2e0 \r\n", "057\u00B0.296\n114\u00B0.592\n", "angles"},
              Case{"grid forward --type 0 --zone 31", "", "", "nothing"},
              Case{"ellipsoid distance --index 17",
                   "-37.951033416667 144.424867888889 -37.652821138889 143.926495527778\n0 10 0 10\n",
@@ -70,14 +76,70 @@ TEST_F(GeodesyCommandsTest, AnswersLineByLine) {
         EXPECT_EQ(outcome.out, c.out) << c.why;
         EXPECT_EQ(outcome.result, CLI_OK) << c.why << ": " << outcome.err;
     }
-    EXPECT_EQ(Run("grid forward --type 0 --zone 31", "52 3\n52;3\n").err, "line 2: not a position: 52;3\n");
+}
+
+struct BadCase {
+    const char* arguments;
+    const char* input;
+    const char* out;
+    const char* err;
+    const char* why;
+};
+
+// A line out for each line in, each line without an answer named, and an exit code that says so.
+TEST_F(GeodesyCommandsTest, NamesTheLinesWithoutAnAnswer) {
+    for (const BadCase& c : {
+             BadCase{"grid forward --type 0 --zone 31", "52 3\n52;3\n", "500000.0000 5761038.2131\nnan nan\n",
+                     "line 2: not a position: 52;3\n", "another separator"},
+             BadCase{"grid forward --type 0 --zone 31", "a\x1b[2J\n\n52 3 1\n1e9 3\n52 3x\nnan 3\n+52. 3e0\n",
+                     "nan nan\nnan nan\nnan nan\nnan nan\nnan nan\nnan nan\n500000.0000 5761038.2131\n",
+                     "line 1: not a position: a [2J\n", "no order reaches the terminal"},
+             BadCase{"grid forward --type 0 --zone 31", "0 0\n", "nan nan\n", "line 1: no position on this grid\n",
+                     "0, 0 stands for none"},
+             BadCase{"grid forward --type 13 --zone 1", "60 9\n64.86 11.24\n", "222793.4051 34239.2272\nnan nan\n",
+                     "line 2: no position on this grid\n", "no axis chosen, and not the one of the line before"},
+             BadCase{"ellipsoid distance", "1 2 3\n", "nan\n", "line 1: not a position: 1 2 3\n", "three numbers"},
+             BadCase{"angle --type 2 --format 2 --decimals 3", "abc\n\n1\n1e999\n", "nan\nnan\n057\u00B0.296\nnan\n",
+                     "line 1: not a number: abc\n", "text is no angle"},
+         }) {
+        const Outcome outcome = Run(c.arguments, c.input);
+        EXPECT_EQ(outcome.out, c.out) << c.why;
+        EXPECT_NE(outcome.err.find(c.err), std::string::npos) << c.why << ": " << outcome.err;
+        EXPECT_EQ(outcome.result, CLI_USELESS) << c.why;
+    }
+}
+
+TEST_F(GeodesyCommandsTest, TellsWhatAFigureMeans) {
+    const struct {
+        const char* arguments;
+        const char* out;
+        const char* err;
+    } rows[] = {
+        {"grid forward --type 11 --zone 3", "", "warning: Alaska (Zone 1) NAD 83 lies 11 m, at the edges 15 m"},
+        {"grid forward --type 3 --zone 0", "", "columns: westing southing"},
+        {"grid forward --type 13 --zone 1", "", "columns: northing (X) easting (Y)"},
+        {"grid forward --help", "westing southing", ""},
+        {"grid info --type 3 --zone 0", "axes          westing southing", ""},
+        {"grid info --type 12 --zone 15", "FE            2000000               US survey feet", ""},
+        {"grid info --type 12 --zone 15", "lon0          92                    degrees, positive west", ""},
+        {"grid info --type 12 --zone 15", "W8            3.81452               L1", ""},
+        {"grid info --type 12 --zone 0", "lat0          30.5\n", ""},
+        {"grid list --type 12", "(FE and FN in US survey feet, lon0 positive west)", ""},
+        {"grid list --type 12 --json", "\"lon0_positive\": \"west\"", ""},
+    };
+    for (const auto& row : rows) {
+        const Outcome outcome = Run(row.arguments);
+        EXPECT_NE(outcome.out.find(row.out), std::string::npos) << row.arguments << outcome.out.substr(0, 2000);
+        EXPECT_NE(outcome.err.find(row.err), std::string::npos) << row.arguments << outcome.err;
+    }
 }
 
 TEST_F(GeodesyCommandsTest, WrongUsageIsTold) {
-    for (const char* arguments : {"grid forward --type 0 --zone 62", "grid forward --type 15 --zone 0",
-                                  "grid forward --zone 3", "grid forward --type 0 --zone -1",
-                                  "grid forward --type 0 --zone 3 --ellipsoid 53", "grid info --type x --zone 1",
-                                  "grid list --type 15", "ellipsoid distance --index -1", "grid", "ellipsoid", "gsb"}) {
+    for (const char* arguments :
+         {"grid forward --type 0 --zone 62", "grid forward --type 15 --zone 0", "grid forward --zone 3",
+          "grid forward --type 0 --zone -1", "grid forward --type 0 --zone 3 --ellipsoid 53",
+          "grid info --type x --zone 1", "grid list --type 15", "ellipsoid distance --index -1",
+          "ellipsoid distance --index 31", "grid", "ellipsoid", "gsb"}) {
         const Outcome outcome = Run(arguments, "52 3\n");
         EXPECT_EQ(outcome.result, CLI_USAGE) << arguments;
         EXPECT_EQ(outcome.out, "") << arguments;
@@ -109,14 +171,41 @@ TEST_F(GeodesyCommandsTest, ShowsGridShiftFiles) {
         << whole.out;
     EXPECT_EQ(Run("gsb --header C:/a.gsb").out.find("latitude"), std::string::npos);
 
-    drives.Write("C:\\short.gsb", GsbBytes{}.Make().substr(0, 400));
-    drives.Write("C:\\text.gsb", std::string(1000, '\1'));
-    for (const char* arguments : {"gsb C:/short.gsb", "gsb C:/text.gsb", "gsb C:/none.gsb"}) {
-        const Outcome outcome = Run(arguments);
-        EXPECT_EQ(outcome.result, CLI_USELESS) << arguments;
-        EXPECT_EQ(outcome.out, "") << arguments;
-        EXPECT_NE(outcome.err.find(".gsb: "), std::string::npos) << arguments;
+    // The unit of the header's angles is the file's own to say; what its texts hold is no order to the terminal.
+    std::string minutes =
+        GsbBytes{.sLat = 3000, .nLat = 3005, .eLong = -120, .wLong = -115, .latInc = 5, .longInc = 5}.Make();
+    minutes.replace(GS_TYPE * 16 + 8, 8, "MINUTES ");
+    minutes.replace(SUB_NAME * 16 + 8, 4, "\x1b[2J");
+    drives.Write("C:\\minutes.gsb", minutes);
+    const std::string listed = Run("gsb C:/minutes.gsb").out;
+    EXPECT_NE(listed.find("          3    50.083333333     1.916666667 "), std::string::npos) << listed;
+    EXPECT_NE(listed.find("SUB_NAME   [2JGRID"), std::string::npos) << listed;
+    minutes.replace(GS_TYPE * 16 + 8, 8, "FURLONGS");
+    drives.Write("C:\\minutes.gsb", minutes);
+    EXPECT_NE(Run("gsb C:/minutes.gsb").err.find("GS_TYPE"), std::string::npos);
+}
+
+TEST_F(GeodesyCommandsTest, TellsBrokenGridShiftFilesApart) {
+    std::string bigEndian = GsbBytes{}.Make();
+    std::reverse(bigEndian.begin() + 8, bigEndian.begin() + 12);
+    const struct {
+        std::string bytes;
+        const char* reason;
+    } files[] = {
+        {GsbBytes{}.Make().substr(0, 300), "ends within its header"},
+        {std::string(1000, '\1'), "isn't an NTv2 file"},
+        {bigEndian, "is big-endian, which isn't read"},
+        {GsbBytes{.count = 0, .nodes = 4}.Make(), "counts no nodes"},
+        {GsbBytes{}.Make().substr(0, 400), "holds fewer nodes than it counts"},
+    };
+    for (const auto& file : files) {
+        drives.Write("C:\\broken.gsb", file.bytes);
+        const Outcome outcome = Run("gsb C:/broken.gsb");
+        EXPECT_EQ(outcome.err, std::string("C:/broken.gsb: ") + file.reason + "\n");
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_EQ(outcome.result, CLI_USELESS);
     }
+    EXPECT_EQ(Run("gsb C:/none.gsb").result, CLI_USELESS);
 }
 
 // Lines across the ends of blocks and batches: a block is 256 KB, a batch 4096 lines.
@@ -130,7 +219,8 @@ TEST(NumberLines, KeepsEveryLineOfALongInput) {
     NumberLines lines(in, err, 2, [](std::span<const double>) { return true; });
     int next = 0;
     double last = 0;
-    const auto bad = lines.Run([&](std::span<const std::span<double>> columns) {
+    const auto bad = lines.Run([&](std::span<const std::span<double>> columns, std::uint64_t firstLine) {
+        EXPECT_EQ(firstLine, static_cast<std::uint64_t>(next) + 1);
         for (const double value : columns[0]) {
             if (next < kLines) {
                 EXPECT_EQ(value, next);

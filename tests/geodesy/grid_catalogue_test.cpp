@@ -164,6 +164,25 @@ TEST_F(GridCatalogueTest, OriginsMapToTheFalseOrigin) {
     EXPECT_EQ(checked, 39 + 36 + 54 + 76 + 2 + 1 + 3 - 2);
 }
 
+// A 1927 zone names no latitude; the derived constants must be those of the one that its table leads to.
+TEST_F(GridCatalogueTest, ZonesOf1927HaveTheirOrigin) {
+    const struct {
+        std::int32_t zone;
+        double lat0;       // degrees
+        double tolerance;  // of the published figure
+    } rows[] = {{0, 30.5, 1e-9}, {12, 31, 1e-9}, {28, 38, 1e-9}, {15, 35.5842283, 1e-6}};
+    for (const auto& row : rows) {
+        ASSERT_TRUE(grid.SetGrid(row.zone, STATE_PLANE_27, 0));
+        const double lat = row.lat0 * kRadiansPerDegree;
+        EXPECT_NEAR(grid.lat0, lat, row.tolerance) << grid.name;
+        EXPECT_NEAR(grid.M0, ellipsoid.MeridianArc(lat), 10) << grid.name;
+        EXPECT_NEAR(grid.nu0, ellipsoid.a / std::sqrt(1 - ellipsoid.e2 * std::pow(std::sin(lat), 2)), 1) << grid.name;
+        double easting = 0, northing = -1;
+        grid.Forward(&easting, &northing, grid.lat0, -std::fabs(grid.lon0));
+        EXPECT_TRUE(grid.subtype != 2 || std::fabs(northing) < 0.01) << grid.name << northing;
+    }
+}
+
 struct Match {
     std::int32_t zone, type;
     std::int32_t ellipsoid;  ///< set after the row

@@ -110,6 +110,9 @@ const PublishedDef kPublished[] = {
      557057.739, 0.001},
     {"UPS north", 26, 9, 2, [](Built& b) { SetPolar(b, 0, 0, 0, 0, 2e6, 2e6, 0.994); }, 73, 44, 3320416.75, 632668.43,
      0.01},
+    // 90 degrees turned into radians miss the pole by 3e-14.
+    {"UPS north by degrees", 26, 9, 2, [](Built& b) { b.Origin(90, 0, 2e6, 2e6, 0.994); }, 73, 44, 3320416.75,
+     632668.43, 0.01},
     {"Antarctica", 26, 9, 2, [](Built& b) { SetPolar(b, -71, 0, 0, 70, 6e6, 6e6, 1); }, -75, 120, 7255380.79,
      7053389.56, 0.01},
     {"Antarctica by lat1", 26, 9, 2, [](Built& b) { SetPolar(b, 0, -71, 0, 70, 6e6, 6e6, 1); }, -75, 120, 7255380.79,

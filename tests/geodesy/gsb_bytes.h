@@ -27,6 +27,7 @@ struct GsbBytes {
         Put(bytes, NUM_OREC, std::int32_t{11});
         Put(bytes, NUM_SREC, std::int32_t{11});
         Put(bytes, NUM_FILE, std::int32_t{1});
+        bytes.replace(GS_TYPE * 16 + 8, 8, "SECONDS ");
         bytes.replace(SUB_NAME * 16 + 8, 8, "TESTGRID");
         Put(bytes, MAJOR_F, majorF);
         Put(bytes, MINOR_F, minorF);

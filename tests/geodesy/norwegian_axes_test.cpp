@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
+
+#include "geodesy/grid.h"
 
 namespace quillon {
 namespace {
@@ -48,9 +52,8 @@ TEST_F(NorwegianAxes, ThePositionChoosesTheAxis) {
         {530002, 6700000, 3}, {600000, 6800000, 3}, {600000, 7000000, 3}, {600000, 7100000, 5},
     };
     for (const auto& c : cases) {
-        Use(32, 5);
-        const tagNorwegian position = NorwegianFromUtm(grid, c.easting, c.northing);
-        EXPECT_EQ(grid.axis, c.axis) << c.easting << ' ' << c.northing;
+        const tagNorwegian position = NorwegianFromUtm(32, 5, c.easting, c.northing);
+        EXPECT_EQ(position.axis, c.axis) << c.easting << ' ' << c.northing;
         EXPECT_TRUE(std::isfinite(position.X) && position.X != 0);
     }
 }
@@ -93,11 +96,63 @@ TEST_F(NorwegianAxes, FarAwayEndsWithoutAPosition) {
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
     for (const double far : {1e14, -1e14, 1e200, kInfinity, kNaN}) {
-        const tagNorwegian position = NorwegianFromUtm(grid, far, far);
+        const tagNorwegian position = NorwegianFromUtm(32, 2, far, far);
         EXPECT_EQ(position.X, 0) << far;
         EXPECT_EQ(position.Y, 0) << far;
-        EXPECT_EQ(grid.comment, "before");
+        EXPECT_EQ(position.axis, 0) << far;
+        EXPECT_FALSE(UtmFromNorwegian(32, 2, far, far)) << far;
     }
+}
+
+// The north-east of zone 32 takes the axis in force. In an array that is the one chosen, not that of the line before,
+// which would lead thousands of kilometres away; without a choice there is no position.
+TEST_F(NorwegianAxes, NoPositionOfAnArrayHangsOnAnother) {
+    constexpr double kNorthEast[] = {64.86 * kDegree, 11.24 * kDegree};
+    for (const int chosen : {0, 3}) {
+        ASSERT_TRUE(grid.SetGrid(1, NORWEGIAN_AXES, chosen));
+        const CGrid before = grid;
+        double alone[2] = {-1, -1};
+        grid.ForwardAlone(&alone[0], &alone[1], kNorthEast[0], kNorthEast[1]);
+        EXPECT_EQ(grid.IsPosition(kNorthEast[0], kNorthEast[1], alone[0], alone[1]), chosen == 3);
+        for (const double latBefore : {58.5, 60.0, 62.0, 64.0}) {  // axis I by the coast, II and III
+            std::vector<double> lats(9, latBefore * kDegree), lons(9, (latBefore < 59 ? 6.5 : 9) * kDegree);
+            lats[8] = kNorthEast[0];
+            lons[8] = kNorthEast[1];
+            grid.ForwardAll(lats, lons, lats, lons);
+            EXPECT_NEAR(lats[8], alone[0], 1e-6) << latBefore;
+            EXPECT_NEAR(lons[8], alone[1], 1e-6) << latBefore;
+        }
+        EXPECT_EQ(grid.axis, before.axis);
+        EXPECT_EQ(grid.comment, before.comment);
+    }
+}
+
+// There and back over the whole country: the settled form is the exact inverse of the polynomials, whatever part of it
+// a position lies in. The published form is within a centimetre of it in one coordinate, and near it in the other.
+TEST_F(NorwegianAxes, UtmComesBackFromEveryAxis) {
+    int strays = 0, all = 0;
+    for (const int utmZone : {32, 33, 35}) {
+        for (double easting = 250000; easting <= 750000; easting += 7777) {
+            for (double northing = 6.45e6; northing <= 7.9e6; northing += 7919) {
+                const int chosen = utmZone == 32 ? 3 : utmZone == 33 ? 4 : 8;
+                const tagNorwegian settled =
+                    NorwegianFromUtm(utmZone, chosen, easting, northing, NORWEGIAN_END::SETTLED);
+                ASSERT_NE(settled.axis, 0);
+                const auto utm = UtmFromNorwegian(utmZone, settled.axis, settled.X, settled.Y);
+                ASSERT_TRUE(utm) << utmZone << ' ' << easting << ' ' << northing;
+                // Where two parts of the country overlap by their metre, either may answer.
+                const double miss = std::hypot(utm->x - easting, utm->y - northing);
+                EXPECT_LT(miss, 2.5) << utmZone << ' ' << easting << ' ' << northing;
+                strays += miss > 1e-4;
+                const tagNorwegian published = NorwegianFromUtm(utmZone, chosen, easting, northing);
+                EXPECT_LT(std::min(std::fabs(published.X - settled.X), std::fabs(published.Y - settled.Y)), 0.02);
+                all++;
+            }
+        }
+    }
+    EXPECT_LT(strays, all / 1000);
+    EXPECT_FALSE(UtmFromNorwegian(32, 2, 0, 900000)) << "on no part of axis II";
+    EXPECT_FALSE(UtmFromNorwegian(33, 9, 0, 0)) << "no such axis";
 }
 
 }  // namespace

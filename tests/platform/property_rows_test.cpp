@@ -115,15 +115,6 @@ TEST_F(PropertyRows, AnglesAreShownInDegrees) {
     EXPECT_EQ(Type(whole, "90\xB0"), "90\xB0");
     EXPECT_EQ(Type(whole, "-5"), "-5\xB0");
     EXPECT_EQ(Type(whole, "5.5"), "(refused)");
-
-    auto& angle = Add<CMFCPropertyGridAngleProperty>("Bearing", 1.0, 4, "", 3);
-    EXPECT_EQ(angle.GetKind(), ROW_KIND::ANGLE);
-    EXPECT_EQ(angle.GetAngleType(), 4);
-    EXPECT_EQ(angle.FormatProperty(), "57.296\xB0");
-    EXPECT_EQ(Type(angle, "180"), "180.000\xB0");
-    EXPECT_NEAR(angle.Get<double>(), 3.14159265358979, 1e-12);
-    EXPECT_EQ(Type(angle, "12.5 \xB0"), "12.500\xB0");
-    EXPECT_EQ(Type(angle, "12\xB0 30'"), "(refused)");
 }
 
 TEST_F(PropertyRows, ChecksTextsAndOptions) {

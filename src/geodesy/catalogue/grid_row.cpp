@@ -1,13 +1,16 @@
 #include "geodesy/catalogue/grid_row.h"
 
+#include <cmath>
 #include <cstddef>
 #include <cstdlib>
 #include <iterator>
 #include <numeric>
 
+#include "foundation/angle_units.h"
 #include "geodesy/catalogue/cassini.h"
 #include "geodesy/catalogue/gauss_kruger.h"
 #include "geodesy/catalogue/guam.h"
+#include "geodesy/catalogue/known_deviations.h"
 #include "geodesy/catalogue/lambert.h"
 #include "geodesy/catalogue/mercator.h"
 #include "geodesy/catalogue/norwegian.h"
@@ -21,7 +24,9 @@
 #include "geodesy/catalogue/system34.h"
 #include "geodesy/catalogue/transverse_mercator.h"
 #include "geodesy/catalogue/utm.h"
+#include "geodesy/formulas.h"
 #include "geodesy/grid.h"
+#include "geodesy/scalar_math.h"
 #include "platform/text.h"
 
 namespace quillon {
@@ -159,6 +164,19 @@ GridRow ObliqueRow(std::int32_t zone) {
     return row;
 }
 
+/// Degrees of latitude of which a table gives the rectified latitude. Origins lie on whole minutes, from which the five
+/// decimals of the tables stray by 0.0001".
+double OriginOfTable(double minutes, double seconds) {
+    constexpr double kSecondsPerRadian = 3600 / kRadiansPerDegree;
+    const double rectified = 60 * minutes + seconds;
+    double lat = rectified;
+    for (int round = 0; round < 8; round++) {  // each takes a factor of 200 off
+        const double radians = lat / kSecondsPerRadian;
+        lat = rectified + Formulas<ScalarMath>::RectifyingSeconds(std::sin(radians), std::cos(radians));
+    }
+    return std::round(lat / 60) / 60;
+}
+
 /// What the table of a 1927 zone says of origin and scale; `CGrid::Init` derives the rest from the table itself.
 void SetStatePlane27Origin(GridRow& row, const StatePlane27Figures& figures) {
     const auto& table = figures.table;
@@ -176,6 +194,7 @@ void SetStatePlane27Origin(GridRow& row, const StatePlane27Figures& figures) {
             row.table = std::span(table).first(6);
             break;
         case kTransverseTable:
+            row.lat0 = OriginOfTable(table[2], table[3]);
             row.lon0 = -table[1] / 3600;
             row.falseEasting = table[0];
             row.scale = table[4];
@@ -255,6 +274,13 @@ std::optional<GridRow> FindGridRow(std::int32_t zone, std::int32_t type, std::in
             return System34(zone, subtype);
     }
     return std::nullopt;
+}
+
+std::string_view KnownDeviation(std::int32_t type, std::int32_t zone) {
+    for (const KnownDeviationDef& row : kKnownDeviations) {
+        if (row.type == type && row.zone == zone) return row.text;
+    }
+    return {};
 }
 
 }  // namespace quillon

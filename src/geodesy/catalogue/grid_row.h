@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace quillon {
 
@@ -35,5 +36,8 @@ extern const std::array<std::int32_t, kGridTypes> kGridFamilySizes;
 /// The row of a family, or none. The subtype counts where a family leaves it to its user (UTM north and south, the
 /// Norwegian axis number); rows that have one of their own bring it.
 std::optional<GridRow> FindGridRow(std::int32_t zone, std::int32_t type, std::int32_t subtype);
+
+/// By how much, and why, a row lies a centimetre or more from the grid that its name promises; empty for all others.
+std::string_view KnownDeviation(std::int32_t type, std::int32_t zone);
 
 }  // namespace quillon
