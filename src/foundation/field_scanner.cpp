@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "foundation/number_scan.h"
 #include "platform/text.h"
 
 namespace quillon {
@@ -28,39 +29,10 @@ const char* SkipSpaces(const char* p, const char* end) {
     return p;
 }
 
-constexpr std::array<double, 23> kPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                                 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-
-/// A plain decimal ("-6001234.567") of up to 19 digits, read in the same pass that finds its end. Where the digits fit
-/// a double's 53 bits, the one division by an exact power of ten rounds correctly (William D. Clinger, How to Read
-/// Floating Point Numbers Accurately, 1990). Null for everything else, which then goes the long way. 2.2 times the rate
-/// of the long way on a file of a million points (field_scanner_bench).
+/// Null if the number isn't plain, or is but the head of a longer run of number characters.
 const char* PlainNumber(const char* p, const char* end, double& value) {
-    constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53;
-    constexpr std::ptrdiff_t kMostDigits = 19;
-    const bool negative = *p == '-';
-    if (negative) ++p;
-    std::uint64_t digits = 0;
-    const auto takeDigits = [&] {
-        const char* const start = p;
-        for (unsigned digit; p != end && (digit = static_cast<unsigned char>(*p) - unsigned{'0'}) < 10; ++p) {
-            digits = digits * 10 + digit;
-        }
-        return p - start;
-    };
-    std::ptrdiff_t count = takeDigits();
-    std::ptrdiff_t decimals = 0;
-    if (p != end && *p == '.') {
-        ++p;
-        decimals = takeDigits();
-        count += decimals;
-    }
-    if (count == 0 || count > kMostDigits || digits > kLargestExact) return nullptr;
-    if (p != end && KindOf(*p) == NUMBER) return nullptr;
-    const auto magnitude = static_cast<double>(static_cast<std::int64_t>(digits));
-    value = magnitude / kPowersOfTen[static_cast<std::size_t>(decimals)];
-    if (negative) value = -value;
-    return p;
+    const char* const behind = TakePlainNumber(p, end, value);
+    return behind && (behind == end || KindOf(*behind) != NUMBER) ? behind : nullptr;
 }
 
 }  // namespace

@@ -16,8 +16,21 @@ std::string_view ReasonText(PASSED_OVER reason) {
             return "the position of the point before";
         case PASSED_OVER::UNKNOWN_ORDER:
             return "unknown data order";
+        case PASSED_OVER::NOT_THREE_NUMBERS:
+            return "not three numbers";
+        case PASSED_OVER::OUT_OF_RANGE:
+            return "a number out of range";
     }
     return {};
+}
+
+void ReadReport::Append(const ReadReport& later) {
+    for (const PassedLine& line : later.named) {
+        if (named.size() < kMostNamed) named.push_back({lines + line.number, line.reason});
+    }
+    lines += later.lines;
+    taken += later.taken;
+    passedOver += later.passedOver;
 }
 
 void ReadReport::NameLine(PASSED_OVER reason) {

@@ -13,7 +13,9 @@ enum class PASSED_OVER {
     NO_NORTHING,        ///< no number where the second should be
     ZERO_POSITION,      ///< 0, 0 stands for no position
     REPEATED_POSITION,  ///< the position of the point before it
-    UNKNOWN_ORDER       ///< the data order names no fields
+    UNKNOWN_ORDER,      ///< the data order names no fields
+    NOT_THREE_NUMBERS,  ///< of easting, northing and depth one is missing
+    OUT_OF_RANGE        ///< a number that is no position or depth on this earth
 };
 
 std::string_view ReasonText(PASSED_OVER reason);
@@ -42,6 +44,9 @@ struct ReadReport {
             NameLine(reason);
         }
     }
+
+    /// Adds what was made of the lines behind these, numbered from 1 there.
+    void Append(const ReadReport& later);
 
 private:
     void NameLine(PASSED_OVER reason);

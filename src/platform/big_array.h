@@ -2,36 +2,39 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <span>
 #include <type_traits>
+#include <utility>
 
 namespace quillon {
 
-/// Asks the system for huge pages under a block; it may decline.
-void AdviseHugePages(void* block, std::size_t size);
+/// Memory on pages of its own, all 0; null if it can't be had. From 2 MiB on it lies on huge pages where the system
+/// grants them, and no page is taken before it is touched.
+void* AllocatePages(std::size_t bytes);
+void FreePages(void* pages, std::size_t bytes);
 
-/// Plain values in one block on pages of its own, on huge pages from 2 MiB on: filling it costs a fraction of the page
-/// faults of a std::vector. The values are not set when it is made.
+/// Plain values in one block on pages of its own, all 0 at first, on huge pages where it is large: filling it costs a
+/// fraction of the page faults of a std::vector. A block starts on a page.
 template <class T>
 requires std::is_trivial_v<T>
 class BigArray {
 public:
     static constexpr std::size_t kPage = 4096;
-    static constexpr std::size_t kHugePage = std::size_t{2} << 20;
 
     BigArray() = default;
     /// Holds nothing if the memory can't be had; `operator bool` tells.
     explicit BigArray(std::size_t size) {
-        constexpr std::size_t kMost = static_cast<std::size_t>(PTRDIFF_MAX) / sizeof(T) - kHugePage;
+        constexpr std::size_t kMost = static_cast<std::size_t>(PTRDIFF_MAX) / sizeof(T) / 2;
         if (size == 0 || size > kMost) return;
-        const std::size_t page = size * sizeof(T) < kHugePage ? kPage : kHugePage;
-        const std::size_t bytes = (size * sizeof(T) + page - 1) / page * page;
-        block.reset(static_cast<T*>(std::aligned_alloc(page, bytes)));
-        if (!block) return;
-        count = size;
-        if (page == kHugePage) AdviseHugePages(block.get(), bytes);
+        block = {static_cast<T*>(AllocatePages(size * sizeof(T))), Free{size * sizeof(T)}};
+        if (block) count = size;
+    }
+    BigArray(BigArray&& other) noexcept : block(std::move(other.block)), count(std::exchange(other.count, 0)) {}
+    BigArray& operator=(BigArray&& other) noexcept {
+        block = std::move(other.block);
+        count = std::exchange(other.count, 0);
+        return *this;
     }
 
     explicit operator bool() const { return block != nullptr; }
@@ -45,7 +48,8 @@ public:
 
 private:
     struct Free {
-        void operator()(T* p) const { std::free(p); }
+        std::size_t bytes = 0;
+        void operator()(T* pages) const { FreePages(pages, bytes); }
     };
     std::unique_ptr<T, Free> block;
     std::size_t count = 0;

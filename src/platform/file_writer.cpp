@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
+#include <algorithm>
 #include <chrono>
 #include <system_error>
 #include <vector>
@@ -13,6 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kBlock = std::size_t{256} << 10;
+constexpr std::size_t kFurtherBlock = std::size_t{4} << 20;
 /// Links followed one after another before they count as a circle.
 constexpr int kMostLinks = 40;
 /// No writer takes that long from opening its file to committing it, seconds.
@@ -136,8 +138,14 @@ std::optional<std::string> FileWriter::Before() const {
 }
 
 bool FileWriter::Commit(std::string& fault) {
+    return CommitWith(
+        {}, [] { return true; }, fault);
+}
+
+bool FileWriter::CommitWith(std::span<const std::string_view> further, const std::function<bool()>& goOn,
+                            std::string& fault) {
     KeepOwnerAndMode();
-    if (!WriteWhole() || !Replace()) {
+    if (!WriteWhole(further, goOn) || !Replace()) {
         fault = FaultText(errno);
         return false;
     }
@@ -148,14 +156,25 @@ bool FileWriter::Commit(std::string& fault) {
     return true;
 }
 
-bool FileWriter::WriteWhole() {
-    if (Retry([&] { return calls.Truncate(fd.Get()); }) != 0) return false;
-    for (std::string_view rest = bytes; !rest.empty();) {
+bool FileWriter::WriteOut(std::string_view rest) {
+    while (!rest.empty()) {
         const ssize_t n = Retry([&] { return calls.Write(fd.Get(), rest.data(), rest.size()); });
         if (n <= 0) return false;
         rest.remove_prefix(static_cast<std::size_t>(n));
     }
-    return Retry([&] { return calls.Sync(fd.Get()); }) == 0;
+    return true;
+}
+
+bool FileWriter::WriteWhole(std::span<const std::string_view> further, const std::function<bool()>& goOn) {
+    if (Retry([&] { return calls.Truncate(fd.Get()); }) != 0 || !WriteOut(bytes)) return false;
+    for (std::string_view piece : further) {
+        for (; !piece.empty(); piece.remove_prefix(std::min(piece.size(), kFurtherBlock))) {
+            errno = ECANCELED;
+            if (!goOn() || !WriteOut(piece.substr(0, kFurtherBlock))) return false;
+        }
+    }
+    errno = ECANCELED;
+    return goOn() && Retry([&] { return calls.Sync(fd.Get()); }) == 0;
 }
 
 bool FileWriter::Replace() {

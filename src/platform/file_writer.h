@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -36,6 +38,9 @@ public:
     void Write(std::string_view text);
     /// False, with the old file as it was, if a step fails; `fault` then says why.
     bool Commit(std::string& fault);
+    /// The same with further bytes behind those written. They are lent and go to the disk without a copy. `goOn` is
+    /// asked before every few megabytes; when it says no, the old file stands.
+    bool CommitWith(std::span<const std::string_view> further, const std::function<bool()>& goOn, std::string& fault);
 
     const std::string& Bytes() const { return bytes; }
     /// What stands in the file's place now; none if nothing does.
@@ -49,7 +54,8 @@ private:
     bool Lock();
     bool IsNamed() const;
     void KeepOwnerAndMode();
-    bool WriteWhole();
+    bool WriteOut(std::string_view rest);
+    bool WriteWhole(std::span<const std::string_view> further, const std::function<bool()>& goOn);
     bool Replace();
 
     FileCalls& calls;
