@@ -115,7 +115,7 @@ std::string Told(const ReadReport& report) {
 // of the report.
 TEST(DtmPasses, InPartsGiveWhatLineByLineGives) {
     std::mt19937 random(4711);
-    for (int round = 0; round < 100; ++round) {
+    for (int round = 0; round < 60; ++round) {
         std::vector<std::string> files;
         for (unsigned file = 0; file <= random() % 3; ++file) {
             files.push_back(RandomText(random, static_cast<int>(random() % 60)));
