@@ -19,35 +19,53 @@ PASSED_OVER DecodePoint(std::string_view line, tagXY& point) {
 }  // namespace
 
 bool CBoundary::Read(std::string_view newPath, ReadReport* report) {
+    // The path may be this object's own.
+    SetPathAndLoad(std::string(newPath));
     RemoveAll();
     RebuildPolygon();
-    SetPathAndLoad(newPath);
+    SetStub(false);
     CStdioFile file(GetFiles());
     if (file.OpenForReading(GetPath())) ReadFrom(file, report);
+    SetReadStamp(file.GetStamp());
     LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
     return !IsEmpty();
 }
 
 bool CBoundary::ReadFrom(CStdioFile& file, ReadReport* report) {
     if (report) report->opened = true;
+    SetStub(false);
     Adopt(ReadRecords<tagXY>(file, DecodePoint, report));
     RebuildPolygon();
     return !IsEmpty();
 }
 
+bool CBoundary::ReadAgain(ReadReport* report) {
+    CStdioFile file(GetFiles());
+    if (!file.OpenForReading(GetPath())) return false;
+    const bool taken = IsStub() ? Read(GetPath(), report) : ReadFrom(file, report);
+    if (!taken) AddStubPoint();
+    SetReadStamp(file.GetStamp());
+    return true;
+}
+
 void CBoundary::MakeStub(std::string_view stubPath) {
     SetPathAndLoad(stubPath);
+    AddStubPoint();
+}
+
+void CBoundary::AddStubPoint() {
     Add({0.0, 0.0});
     RebuildPolygon();
+    SetStub(true);
+}
+
+const CXYArray& CBoundary::GetPolygon() const {
+    static const CXYArray kNone;
+    return hasPolygon ? *this : kNone;
 }
 
 void CBoundary::SaveDrawingOptions() const {
     SaveDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
-}
-
-void CBoundary::RebuildPolygon() {
-    polygon.RemoveAll();
-    if (GetSize() >= 3) polygon = *this;
 }
 
 bool CBoundaryList::AppendFile(std::string_view path, bool) {

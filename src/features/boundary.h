@@ -24,16 +24,21 @@ public:
     bool Read(std::string_view path, ReadReport* report = nullptr);
     /// The points alone, from an opened file. True if one was taken.
     bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
+    /// Reads the points anew; the display choices stay. A file that gives no point leaves a stub. False, with the
+    /// points as they were, if the file can't be opened.
+    bool ReadAgain(ReadReport* report = nullptr);
     /// What stands in the list for a file of no use: its path and one point at 0, 0.
     void MakeStub(std::string_view path);
     void SaveDrawingOptions() const;
 
-    /// A plain copy of the points for the filled drawing; empty with fewer than 3 points.
-    const CXYArray& GetPolygon() const { return polygon; }
-    void RebuildPolygon();
+    /// The points for the filled drawing; empty with fewer than 3 points.
+    const CXYArray& GetPolygon() const;
+    void RebuildPolygon() { hasPolygon = GetSize() >= 3; }
 
 private:
-    CXYArray polygon;
+    void AddStubPoint();
+
+    bool hasPolygon = false;
 };
 
 class CBoundaryList : public CFileList<CBoundary> {

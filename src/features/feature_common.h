@@ -3,13 +3,14 @@
 #include <string>
 #include <string_view>
 
+#include "features/source_file.h"
 #include "platform/file.h"
 
 namespace quillon {
 
 /// What every feature has: the data file that it is, known by its path, and two flags kept in a settings file beside
 /// that file.
-class CFeatureCommon {
+class CFeatureCommon : public CSourceFile {
 public:
     explicit CFeatureCommon(FileSystem& fileSystem) : files(fileSystem) {}
 
@@ -25,9 +26,15 @@ public:
     /// Without folder and extension.
     const std::string& GetName() const { return name; }
     FileSystem& GetFiles() const { return files; }
+    /// Whether what the feature holds stands in for a file of no use and is no data: not to be drawn, measured or
+    /// saved.
+    bool IsStub() const { return stub; }
 
     bool Status = true;      ///< the feature is displayed
     bool Highlight = false;  ///< the feature is shown on the cross profile
+
+protected:
+    void SetStub(bool stands) { stub = stands; }
 
 private:
     bool HasFlagsFile() const;
@@ -36,6 +43,7 @@ private:
     std::string path;
     std::string folder;
     std::string name;
+    bool stub = false;
 };
 
 }  // namespace quillon

@@ -43,6 +43,23 @@ bool CFileListBase::Save() const {
     return paths.Commit();
 }
 
+std::vector<CFileListBase::Changed> CFileListBase::ChangedOnDisk() const {
+    std::vector<Changed> all;
+    for (int i = 0; i < GetCount(); ++i) {
+        const CSourceFile* const source = GetSource(i);
+        const DISK_CHANGE change = source ? source->ChangeOnDisk(files, GetPath(i)) : DISK_CHANGE::NONE;
+        if (change != DISK_CHANGE::NONE) all.push_back({i, change});
+    }
+    return all;
+}
+
+bool CFileListBase::ReadAgain(int index, ReadReport* report) {
+    if (!ReadMemberAgain(index, report)) return false;
+    if (editState.editFileIndex == index) SetEditCursor(-1, -1);
+    changed = true;
+    return true;
+}
+
 std::vector<std::string> CFileListBase::GetPaths() const {
     std::vector<std::string> paths;
     paths.reserve(static_cast<std::size_t>(GetCount()));

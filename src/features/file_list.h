@@ -5,9 +5,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
+#include "features/source_file.h"
+#include "foundation/read_report.h"
 #include "platform/errors.h"
 #include "platform/file.h"
 
@@ -46,6 +49,23 @@ public:
     /// Destroys the member. `index` is valid. Moves no cursor and saves nothing.
     virtual void RemoveAt(int index) = 0;
 
+    /// What stood on the disk when the member was read; null if its kind keeps no account of it.
+    virtual const CSourceFile* GetSource(int index) const = 0;
+    /// Whether the member has no data: its file was of no use.
+    virtual bool IsStub(int index) const = 0;
+
+    struct Changed {
+        int index;
+        DISK_CHANGE change;
+        friend bool operator==(const Changed&, const Changed&) = default;
+    };
+    /// The members whose files another program has changed since they were read.
+    std::vector<Changed> ChangedOnDisk() const;
+    /// Reads a member's file anew, in its place; its display choices stay, and the edit cursor where its point is still
+    /// there. A member without data is read with its settings, as at its first time. False, with the member as it was,
+    /// if the file can't be opened. `index` is valid.
+    bool ReadAgain(int index, ReadReport* report = nullptr);
+
     bool IsEmpty() const { return GetCount() == 0; }
     bool IsValidIndex(int index) const { return index >= 0 && index < GetCount(); }
     /// The member with this path, regardless of case; -1 for none.
@@ -73,6 +93,7 @@ protected:
     /// Reads the file and appends it, without a look at the members and without saving. With `keepUseless` a file that
     /// gives nothing is kept in any case.
     virtual bool AppendFile(std::string_view path, bool keepUseless) = 0;
+    virtual bool ReadMemberAgain(int index, ReadReport* report) = 0;
     /// The head of the section that the paths are listed under.
     virtual std::string_view GetSection() const = 0;
     /// Whether the list keeps its cursor in an "INI" file.
@@ -96,6 +117,21 @@ public:
     const Feature& operator[](int index) const { return *members[Checked(index)]; }
     void Append(std::unique_ptr<Feature> feature) { members.push_back(std::move(feature)); }
     void RemoveAt(int index) override { members.erase(members.begin() + static_cast<std::ptrdiff_t>(Checked(index))); }
+    const CSourceFile* GetSource(int index) const override {
+        if constexpr (std::is_base_of_v<CSourceFile, Feature>) return &(*this)[index];
+        return nullptr;
+    }
+    bool IsStub(int index) const override {
+        if constexpr (requires(const Feature& feature) { feature.IsStub(); }) return (*this)[index].IsStub();
+        return false;
+    }
+
+protected:
+    bool ReadMemberAgain(int index, ReadReport* report) override {
+        if constexpr (requires(Feature & feature) { feature.ReadAgain(report); })
+            return (*this)[index].ReadAgain(report);
+        return false;
+    }
 
 private:
     std::size_t Checked(int index) const {

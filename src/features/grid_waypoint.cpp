@@ -126,20 +126,31 @@ const WaypointOrder& CGridWaypoint::Order() const {
 // ---- Reading ----
 
 bool CGridWaypoint::Read(std::string_view newPath, ReadReport* report) {
-    RemoveAll();
-    CStdioFile file(files);
-    if (!file.OpenForReading(newPath, FILE_MODE::BINARY)) return false;
-    path = newPath;
-    LoadSettings();
-    return ReadFrom(file, report);
+    return ReadFile(newPath, true, report);
 }
 
 bool CGridWaypoint::ReadData(std::string_view newPath, ReadReport* report) {
+    return ReadFile(newPath, false, report);
+}
+
+bool CGridWaypoint::ReadFile(std::string_view newPath, bool withSettings, ReadReport* report) {
     RemoveAll();
     CStdioFile file(files);
-    if (!file.OpenForReading(newPath, FILE_MODE::BINARY)) return false;
+    const bool opened = file.OpenForReading(newPath, FILE_MODE::BINARY);
+    SetReadStamp(file.GetStamp());
+    if (!opened) return false;
     path = newPath;
+    if (withSettings) LoadSettings();
     return ReadFrom(file, report);
+}
+
+bool CGridWaypoint::ReadAgain(ReadReport* report) {
+    CStdioFile file(files);
+    if (!file.OpenForReading(path, FILE_MODE::BINARY)) return false;
+    if (IsStub()) LoadSettings();
+    ReadFrom(file, report);
+    SetReadStamp(file.GetStamp());
+    return true;
 }
 
 bool CGridWaypoint::ReadFrom(CStdioFile& file, ReadReport* report) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "features/file_list.h"
+#include "features/source_file.h"
 #include "foundation/read_report.h"
 #include "foundation/values.h"
 #include "platform/display_options.h"
@@ -73,7 +74,7 @@ struct WaypointSettings {
 
 /// A waypoint file. Its fields stand in the order that the operator chose for it; the settings, with that order, lie in
 /// the settings folder under the file's name, so two files of one name share them.
-class CGridWaypoint : public CGridWaypointArray, public WaypointSettings {
+class CGridWaypoint : public CGridWaypointArray, public WaypointSettings, public CSourceFile {
 public:
     explicit CGridWaypoint(FileSystem& fileSystem) : files(fileSystem) {}
 
@@ -85,6 +86,12 @@ public:
 
     /// The points alone, from an opened file, with the settings as they stand. True if one was taken.
     bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
+
+    /// Reads the points anew, with the settings as they stand. False, with the points as they were, if the file can't
+    /// be opened.
+    bool ReadAgain(ReadReport* report = nullptr);
+    /// Whether there is no data: a file of no use that keeps its place in the list.
+    bool IsStub() const { return IsEmpty(); }
 
     void LoadSettings();
     /// Skipped if the file can't be written.
@@ -102,6 +109,7 @@ public:
     const WaypointOrder& Order() const;
 
 private:
+    bool ReadFile(std::string_view newPath, bool withSettings, ReadReport* report);
     std::string SettingsName() const;
 
     FileSystem& files;

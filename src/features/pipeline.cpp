@@ -88,11 +88,20 @@ bool CPipeline::Load(std::string_view newPath, ReadReport* report) {
 
 bool CPipeline::LoadData(std::string_view newPath, ReadReport* report) {
     path = newPath;
-    RemoveAll();
-    kpListing.RemoveAll();
-    kpListingCut = false;
+    Forget();
     CStdioFile file(files);
-    return file.OpenForReading(path) && ReadFrom(file, report);
+    const bool taken = file.OpenForReading(path) && ReadFrom(file, report);
+    SetReadStamp(file.GetStamp());
+    return taken;
+}
+
+bool CPipeline::ReadAgain(ReadReport* report) {
+    CStdioFile file(files);
+    if (!file.OpenForReading(path)) return false;
+    if (IsStub()) ReadSettings();
+    ReadFrom(file, report);
+    SetReadStamp(file.GetStamp());
+    return true;
 }
 
 bool CPipeline::ReadFrom(CStdioFile& file, ReadReport* report) {
@@ -115,6 +124,11 @@ bool CPipeline::ReadFrom(CStdioFile& file, ReadReport* report) {
 
 void CPipeline::Clear() {
     path.clear();
+    Forget();
+    SetReadStamp({});
+}
+
+void CPipeline::Forget() {
     RemoveAll();
     kpListing.RemoveAll();
     kpListingCut = false;

@@ -7,8 +7,9 @@
 #include <vector>
 
 #include "features/file_list.h"
-#include "foundation/read_report.h"
+#include "features/source_file.h"
 #include "foundation/config_file.h"
+#include "foundation/read_report.h"
 #include "foundation/values.h"
 
 namespace quillon {
@@ -69,7 +70,7 @@ struct PipelineSettings {
 ///
 /// The steps are separate, so that a change of a setting needs no new reading of the file: call the step that hangs on
 /// what was changed.
-class CPipeline : public CPipelineArray, public PipelineSettings {
+class CPipeline : public CPipelineArray, public PipelineSettings, public CSourceFile {
 public:
     explicit CPipeline(FileSystem& fileSystem) : files(fileSystem) {}
     virtual ~CPipeline() = default;
@@ -81,6 +82,11 @@ public:
     bool LoadData(std::string_view path, ReadReport* report = nullptr);
     /// The points alone, from an opened file, and what is worked out from them. True if one was taken.
     bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
+    /// Reads the points anew, with the settings as they stand. False, with the points as they were, if the file can't
+    /// be opened.
+    bool ReadAgain(ReadReport* report = nullptr);
+    /// Whether there is no data: nothing was loaded, or a file of no use.
+    bool IsStub() const { return IsEmpty(); }
     /// Forgets the path, the points and the labels. The settings stay.
     void Clear();
 
@@ -103,6 +109,7 @@ public:
     bool IsKpListingCut() const { return kpListingCut; }
 
 private:
+    void Forget();
     std::string SettingsName() const;
     /// False if the listing ends in this leg.
     bool ListLeg(const PipelineDef& from, const PipelineDef& to, double& label,

@@ -18,21 +18,20 @@ inline PASSED_OVER PositionFault(double easting, double northing) {
     return easting == 0.0 && northing == 0.0 ? PASSED_OVER::ZERO_POSITION : PASSED_OVER::NO;
 }
 
-/// Reads records, one a line. `decode(line, record)` fills a fresh record and says whether it is one. Storage is
-/// reserved by what the first lines take of the file's length, so that a large file isn't copied over and over while it
-/// grows, and never by more than the bytes that are left could hold.
+/// Reads records, one a line. `decode(line, record)` fills a fresh record, in its place in the array, and says whether
+/// it is one. Storage is reserved by what the first lines take of the file's length, so that a large file isn't copied
+/// over and over while it grows, and never by more than the bytes that are left could hold.
 template <class Record, class Decode>
 std::vector<Record> ReadRecords(CStdioFile& file, Decode decode, ReadReport* report) {
     constexpr std::size_t kSample = 1024;
     std::vector<Record> records;
     std::string_view line;
     while (file.ReadString(line)) {
-        Record record{};
-        const PASSED_OVER reason = decode(line, record);
+        const PASSED_OVER reason = decode(line, records.emplace_back());
         if (report) report->Count(reason);
-        if (reason != PASSED_OVER::NO) continue;
-        records.push_back(std::move(record));
-        if (records.size() == kSample) {
+        if (reason != PASSED_OVER::NO) {
+            records.pop_back();
+        } else if (records.size() == kSample) {
             const std::uint64_t bytes = std::max<std::uint64_t>(file.GetPosition(), kSample);
             const std::uint64_t left = file.GetLength() - std::min(file.GetLength(), bytes);
             records.reserve(kSample + static_cast<std::size_t>(left * kSample / bytes + left * kSample / bytes / 64));

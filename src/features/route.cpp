@@ -97,15 +97,18 @@ bool CRoute::Read(std::string_view newPath, ReadReport* report) {
 
 bool CRoute::ReadPoints(ReadReport* report) {
     RemoveAll();
-    stub = false;
+    SetStub(false);
     firstWork = -2;
     secondWork = -1;
     CStdioFile file(GetFiles());
-    return file.OpenForReading(GetPath()) && ReadFrom(file, report);
+    const bool taken = file.OpenForReading(GetPath()) && ReadFrom(file, report);
+    SetReadStamp(file.GetStamp());
+    return taken;
 }
 
 bool CRoute::ReadFrom(CStdioFile& file, ReadReport* report) {
     if (report) report->opened = true;
+    SetStub(false);
     const auto decode = [this](std::string_view line, RouteDef& record) {
         return DecodePoint(line, dataOrder, record);
     };
@@ -113,6 +116,16 @@ bool CRoute::ReadFrom(CStdioFile& file, ReadReport* report) {
     FillLegs();
     RenewNames();
     return !IsEmpty();
+}
+
+bool CRoute::ReadAgain(ReadReport* report) {
+    CStdioFile file(GetFiles());
+    if (!file.OpenForReading(GetPath())) return false;
+    const bool taken = IsStub() ? Read(GetPath(), report) : ReadFrom(file, report);
+    if (!taken) AddStubRecord();
+    SetReadStamp(file.GetStamp());
+    ComputeCorridor();
+    return true;
 }
 
 void CRoute::RenewNames() {
@@ -130,8 +143,12 @@ void CRoute::FillLegs() {
 
 void CRoute::MakeStub(std::string_view path) {
     SetPathAndLoad(path);
+    AddStubRecord();
+}
+
+void CRoute::AddStubRecord() {
     Add(RouteDef());
-    stub = true;
+    SetStub(true);
 }
 
 // ---- Saving ----
@@ -143,7 +160,7 @@ void CRoute::SaveDrawingOptions() const {
 bool CRoute::SaveRoute() const {
     SaveOrder();
     CStdioFile file(GetFiles());
-    bool saved = !stub && !IsEmpty() && file.OpenForWriting(GetPath(), FILE_MODE::BINARY);
+    bool saved = !IsStub() && !IsEmpty() && file.OpenForWriting(GetPath(), FILE_MODE::BINARY);
     if (saved) {
         CDelimitedLine line;
         for (const RouteDef& record : *this) {

@@ -66,6 +66,9 @@ public:
     bool ReadPoints(ReadReport* report = nullptr);
     /// The same from an opened file.
     bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
+    /// Reads the points anew; the data order and the display choices stay. A file that gives no point leaves a stub.
+    /// False, with the points as they were, if the file can't be opened.
+    bool ReadAgain(ReadReport* report = nullptr);
     /// What stands in the list for a file of no use: its path and one record of zeros.
     void MakeStub(std::string_view path);
 
@@ -92,8 +95,7 @@ public:
 
 private:
     void FillLegs();
-
-    bool stub = false;  ///< the one record doesn't come from the file
+    void AddStubRecord();
 };
 
 /// A list of routes; also of design routes, whose records have their curve fields filled.

@@ -38,12 +38,16 @@ bool CSailLine::Read(std::string_view newPath, ReadReport* report) {
 
 bool CSailLine::ReadLines(ReadReport* report) {
     RemoveAll();
+    SetStub(false);
     CStdioFile file(GetFiles());
-    return file.OpenForReading(GetPath()) && ReadFrom(file, report);
+    const bool taken = file.OpenForReading(GetPath()) && ReadFrom(file, report);
+    SetReadStamp(file.GetStamp());
+    return taken;
 }
 
 bool CSailLine::ReadFrom(CStdioFile& file, ReadReport* report) {
     if (report) report->opened = true;
+    SetStub(false);
     const auto decode = [this](std::string_view line, SailLineDef& record) {
         return DecodeLine(line, dataOrder, record);
     };
@@ -51,9 +55,22 @@ bool CSailLine::ReadFrom(CStdioFile& file, ReadReport* report) {
     return !IsEmpty();
 }
 
+bool CSailLine::ReadAgain(ReadReport* report) {
+    CStdioFile file(GetFiles());
+    if (!file.OpenForReading(GetPath())) return false;
+    const bool taken = IsStub() ? Read(GetPath(), report) : ReadFrom(file, report);
+    if (!taken) {
+        AddEmpty();
+        SetStub(true);
+    }
+    SetReadStamp(file.GetStamp());
+    return true;
+}
+
 void CSailLine::MakeStub(std::string_view path) {
     SetPathAndLoad(path);
     AddEmpty();
+    SetStub(true);
 }
 
 void CSailLine::SaveDrawingOptions() const {

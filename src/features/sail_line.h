@@ -36,6 +36,9 @@ public:
     bool ReadLines(ReadReport* report = nullptr);
     /// The same from an opened file.
     bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
+    /// Reads the lines anew; the data order and the display choices stay. A file that gives no line leaves a stub.
+    /// False, with the lines as they were, if the file can't be opened.
+    bool ReadAgain(ReadReport* report = nullptr);
     void AddEmpty() { Add(SailLineDef()); }
     /// What stands in the list for a file of no use: its path and one empty record.
     void MakeStub(std::string_view path);

@@ -70,10 +70,10 @@ public:
     void Reserve(Index capacity) {
         if (capacity > 0) items.reserve(static_cast<std::size_t>(capacity));
     }
-    /// Takes a filled vector over; room to spare is given back.
+    /// Takes a filled vector over. Room to spare is given back if it is more than a sixteenth: that costs a copy.
     void Adopt(std::vector<T>&& filled) {
         items = std::move(filled);
-        items.shrink_to_fit();
+        if (items.capacity() - items.size() > items.size() / 16) items.shrink_to_fit();
     }
 
 private:

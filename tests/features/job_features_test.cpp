@@ -72,6 +72,60 @@ TEST_F(JobFeaturesTest, MissingFilesKeepTheirPlace) {
     EXPECT_EQ(commits.paths, std::vector<std::string>());
 }
 
+/// Every kind notices what another program does to its file, and reads it again in its place.
+TEST_F(JobFeaturesTest, FollowsTheFilesOnTheDisk) {
+    using Changes = std::vector<CFileListBase::Changed>;
+    const std::string path = "D:\\Job\\Away.csv";
+    const std::string fresh = "1,2,3,4\n5,6,7,8\n9,10,11,12\n";
+    JobFeatures first(drives);
+    for (CFileListBase* list : Lists(first)) list->Add(path);
+    std::filesystem::remove(drives.Files().Native(path));
+    JobFeatures job(drives);
+    job.Load();
+    for (CFileListBase* list : Lists(job)) {
+        SCOPED_TRACE(list->GetSettingsName());
+        ASSERT_EQ(list->GetCount(), 1);
+        EXPECT_TRUE(list->IsStub(0));
+        EXPECT_EQ(list->ChangedOnDisk(), Changes());
+        EXPECT_FALSE(list->ReadAgain(0));
+        drives.Write(path, "1,2,3,4\n");
+        EXPECT_EQ(list->ChangedOnDisk(), (Changes{{0, DISK_CHANGE::APPEARED}}));
+        EXPECT_TRUE(list->ReadAgain(0));
+        EXPECT_FALSE(list->IsStub(0));
+
+        drives.Write(path, fresh);
+        EXPECT_EQ(list->ChangedOnDisk(), (Changes{{0, DISK_CHANGE::RENEWED}}));
+        ReadReport report;
+        EXPECT_TRUE(list->ReadAgain(0, &report));
+        EXPECT_EQ(report.taken, 3u);
+        EXPECT_EQ(list->GetPointCount(0), 3);
+        EXPECT_EQ(list->ChangedOnDisk(), Changes());
+        list->SetEditCursor(0, 2);
+        drives.Write(path, "words\n");
+        EXPECT_TRUE(list->ReadAgain(0));
+        EXPECT_TRUE(list->IsStub(0));
+        EXPECT_LE(list->editState.editPointIndex, -1);
+        std::filesystem::remove(drives.Files().Native(path));
+        EXPECT_EQ(list->ChangedOnDisk(), (Changes{{0, DISK_CHANGE::GONE}}));
+        EXPECT_FALSE(list->ReadAgain(0));
+    }
+    // What was chosen for display stays, saved or not.
+    drives.Write(path, fresh);
+    for (CFileListBase* list : Lists(job)) list->ReadAgain(0);
+    job.boundaries[0].pen.thickness = 7;
+    job.waypoints[0].ringCount = 8;
+    job.pipelines[0].startKp = 9;
+    job.routes[0].portWidth = 50;
+    job.sailLines[0].symbol = 6;
+    drives.Write(path, "10,2,3,4\n10,20,7,8\n");
+    for (CFileListBase* list : Lists(job)) EXPECT_TRUE(list->ReadAgain(0));
+    EXPECT_EQ(job.boundaries[0].pen.thickness, 7);
+    EXPECT_EQ(job.waypoints[0].ringCount, 8);
+    EXPECT_EQ(job.pipelines[0][0].kp, 9);
+    EXPECT_EQ(job.routes[0][1].portCorridorStart, (tagXY{-40, 20}));
+    EXPECT_EQ(job.sailLines[0].symbol, 6);
+}
+
 TEST_F(JobFeaturesTest, ClearsWhatKilledWritersLeft) {
     const std::vector<std::string> leftovers = {"C:\\MySettings\\Host\\Pipelines.FLS.new~",
                                                 "C:\\MyData\\Routes\\A.DRW.new~", "C:\\Job\\A.INI.new~"};

@@ -8,6 +8,7 @@
 
 #include "host/scene_builder.h"
 #include "platform/headless.h"
+#include "scene/scene_paths.h"
 #include "support/scratch_drives.h"
 
 namespace quillon {
@@ -258,6 +259,34 @@ TEST_F(SceneKindsTest, WhatIsSwitchedOffIsNotDrawn) {
         EXPECT_THAT(layer.texts, IsEmpty()) << layer.id;
     }
     EXPECT_TRUE(scenes->IsEmpty());
+}
+
+TEST_F(SceneKindsTest, KeepsSharpBendsAndFilesOfNoUseOffTheChart) {
+    drives.Write("C:\\Job\\Hairpin.csv", "10, 10\r\n10, 1010\r\n11, 10\r\n");
+    drives.Write("C:\\Job\\Empty.csv", "");
+    JobFeatures& features = job->Features();
+    features.routes.Add("C:\\Job\\Hairpin.csv");
+    CRoute& hairpin = features.routes[1];
+    hairpin.displayCorridor = true;
+    hairpin.portWidth = hairpin.starboardWidth = 20;
+    hairpin.ComputeCorridor();
+    ASSERT_GT(hairpin[1].portCorridorStart.y, 30000) << "by the rule of the crossing lines";
+    const std::size_t paths[] = {Layer(FEATURE_TYPES::ROUTE).paths.size(), Layer(FEATURE_TYPES::BOUNDARY).paths.size(),
+                                 Layer(FEATURE_TYPES::SAIL_LINE).paths.size()};
+    for (CFileListBase* const list :
+         std::initializer_list<CFileListBase*>{&features.routes, &features.boundaries, &features.sailLines}) {
+        ASSERT_TRUE(list->Add("C:\\Job\\Empty.csv"));
+    }
+    EXPECT_THAT(Layer(FEATURE_TYPES::BOUNDARY).paths, SizeIs(paths[1]));
+    EXPECT_THAT(Layer(FEATURE_TYPES::SAIL_LINE).paths, SizeIs(paths[2]));
+    const ChartLayer& routes = Layer(FEATURE_TYPES::ROUTE);
+    EXPECT_THAT(routes.paths, SizeIs(paths[0]));
+    for (const ChartPath& path : routes.paths) {
+        for (const tagXY& point : path.points) EXPECT_LT(std::abs(point.y), 1300);
+    }
+    ScenePaths shown;
+    shown.Update(scene);
+    EXPECT_EQ(shown.Extent(scene).maxY, 2001) << "the points' own, without a corridor";
 }
 
 }  // namespace

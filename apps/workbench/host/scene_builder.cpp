@@ -53,6 +53,7 @@ void SceneBuilder::AddPath(int file, ChartPath path, int pointsPerRecord) {
 
 void SceneBuilder::AddBackground(ChartPath path) {
     path.canBeHit = false;
+    path.extends = false;
     AddPath(-1, std::move(path));
 }
 

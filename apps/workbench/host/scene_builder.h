@@ -48,7 +48,7 @@ public:
     static ChartPath PathOver(const ScenePoints& kept);
     /// A path that shows the file with that index, with so many points a record.
     void AddPath(int file, ChartPath path, int pointsPerRecord = 1);
-    /// A path below those that can be hit, such as a corridor.
+    /// A path below those that can be hit, such as a corridor. What is shown in all doesn't grow by it.
     void AddBackground(ChartPath path);
 
 private:

@@ -72,14 +72,34 @@ ScenePoints& KeepRecords(SceneBuilder& scene, const std::string& name, const Rec
                       [&](std::size_t i) { return position(records[static_cast<std::ptrdiff_t>(i)]); });
 }
 
+/// A corner as it is drawn: no farther from its point than some widths. At a sharp bend the lines of a corridor cross
+/// far off, and the area would lie across half the chart.
+tagXY DrawnCorner(tagXY at, tagXY corner, double width) {
+    constexpr double kFarthestWidths = 10.0;
+    const double limit = kFarthestWidths * std::abs(width);
+    const double distance = std::hypot(corner.x - at.x, corner.y - at.y);
+    if (!(distance > limit)) return corner;
+    return {at.x + (corner.x - at.x) * (limit / distance), at.y + (corner.y - at.y) * (limit / distance)};
+}
+
+/// How to find the sides of a corridor in its records.
+template <class Record>
+struct CorridorSides {
+    tagXY (*position)(const Record&);
+    tagXY Record::*port;
+    tagXY Record::*starboard;
+};
+
 /// The strip between the two sides of a corridor, whose corners the records hold.
-template <class Records, class Port, class Starboard>
-ScenePoints& KeepCorridor(SceneBuilder& scene, const std::string& path, const Records& records, Port port,
-                          Starboard starboard) {
+template <class Records, class Record>
+ScenePoints& KeepCorridor(SceneBuilder& scene, const std::string& path, const Records& records,
+                          const CorridorSides<Record>& sides, double portWidth, double starboardWidth) {
     const auto count = static_cast<std::size_t>(records.GetSize());
     return scene.Keep(path + "|corridor", 2 * count, [&](std::size_t i) {
-        return i < count ? port(records[static_cast<std::ptrdiff_t>(i)])
-                         : starboard(records[static_cast<std::ptrdiff_t>(2 * count - 1 - i)]);
+        const Record& record = records[static_cast<std::ptrdiff_t>(i < count ? i : 2 * count - 1 - i)];
+        const tagXY at = sides.position(record);
+        return i < count ? DrawnCorner(at, record.*sides.port, portWidth)
+                         : DrawnCorner(at, record.*sides.starboard, starboardWidth);
     });
 }
 
@@ -126,7 +146,7 @@ void AddBoundaries(SceneBuilder& scene) {
     const CBoundaryList& list = scene.Features().boundaries;
     for (int i = 0; i < list.GetCount(); ++i) {
         const CBoundary& boundary = list[i];
-        if (!boundary.Status || boundary.IsEmpty()) continue;
+        if (!boundary.Status || boundary.IsEmpty() || boundary.IsStub()) continue;
         ScenePoints& kept = KeepRecords(scene, boundary.GetPath(), boundary, [](const tagXY& point) { return point; });
         if (!std::exchange(kept.areaLabelPlaced, true)) kept.areaLabel = PlaceAreaLabel(*kept.points);
         ChartPath path = SceneBuilder::PathOver(kept);
@@ -157,9 +177,10 @@ void AddKpTexts(ChartLayer& layer, const CPipeline& pipeline) {
 void AddPipeline(SceneBuilder& scene, const CPipeline& pipeline, int file) {
     if (!pipeline.use || pipeline.IsEmpty()) return;
     if (pipeline.displayCorridor && pipeline.GetSize() > 1) {
-        ChartPath corridor = SceneBuilder::PathOver(KeepCorridor(
-            scene, pipeline.GetPath(), pipeline, [](const PipelineDef& point) { return point.portCorridor; },
-            [](const PipelineDef& point) { return point.starboardCorridor; }));
+        constexpr CorridorSides<PipelineDef> kSides = {[](const PipelineDef& point) { return point.Position(); },
+                                                       &PipelineDef::portCorridor, &PipelineDef::starboardCorridor};
+        ChartPath corridor = SceneBuilder::PathOver(KeepCorridor(scene, pipeline.GetPath(), pipeline, kSides,
+                                                                 pipeline.portCorridor, pipeline.starboardCorridor));
         corridor.closed = true;
         const tagPen& pen = pipeline.corridorPen;
         corridor.line = {pen.colour, pen.thickness, pen.style};
@@ -187,9 +208,10 @@ void AddPipeRoute(SceneBuilder& scene) {
 
 void AddRouteCorridor(SceneBuilder& scene, const CRoute& route) {
     if (!route.displayCorridor || route.GetSize() < 2) return;
-    ChartPath corridor = SceneBuilder::PathOver(KeepCorridor(
-        scene, route.GetPath(), route, [](const RouteDef& point) { return point.portCorridorStart; },
-        [](const RouteDef& point) { return point.starboardCorridorStart; }));
+    constexpr CorridorSides<RouteDef> kSides = {[](const RouteDef& point) { return point.position; },
+                                                &RouteDef::portCorridorStart, &RouteDef::starboardCorridorStart};
+    ChartPath corridor = SceneBuilder::PathOver(
+        KeepCorridor(scene, route.GetPath(), route, kSides, route.portWidth, route.starboardWidth));
     corridor.closed = true;
     corridor.line = {route.corridorColour, 1, PS_SOLID};
     corridor.fill = {route.fill, route.corridorColour};
@@ -208,7 +230,7 @@ void AddRoutes(SceneBuilder& scene) {
     const CRouteList& list = scene.Features().routes;
     for (int i = 0; i < list.GetCount(); ++i) {
         const CRoute& route = list[i];
-        if (!route.Status || route.IsEmpty()) continue;
+        if (!route.Status || route.IsEmpty() || route.IsStub()) continue;
         AddRouteCorridor(scene, route);
         const ScenePoints& kept =
             KeepRecords(scene, route.GetPath(), route, [](const RouteDef& point) { return point.position; });
@@ -233,7 +255,7 @@ void AddSailLines(SceneBuilder& scene) {
     const CSailLineList& list = scene.Features().sailLines;
     for (int i = 0; i < list.GetCount(); ++i) {
         const CSailLine& lines = list[i];
-        if (!lines.Status || lines.IsEmpty()) continue;
+        if (!lines.Status || lines.IsEmpty() || lines.IsStub()) continue;
         const auto count = static_cast<std::size_t>(lines.GetSize());
         const ScenePoints& kept = scene.Keep(lines.GetPath(), 2 * count, [&](std::size_t point) {
             const SailLineDef& line = lines[static_cast<std::ptrdiff_t>(point / 2)];
@@ -290,7 +312,7 @@ void AddWaypoints(SceneBuilder& scene) {
     const CGridWaypointList& list = scene.Features().waypoints;
     for (int i = 0; i < list.GetCount(); ++i) {
         const CGridWaypoint& waypoints = list[i];
-        if (!waypoints.display || waypoints.IsEmpty()) continue;
+        if (!waypoints.display || waypoints.IsEmpty() || waypoints.IsStub()) continue;
         const ScenePoints& kept = KeepRecords(scene, waypoints.GetPath(), waypoints, [](const GridWaypointDef& point) {
             return tagXY{point.easting, point.northing};
         });

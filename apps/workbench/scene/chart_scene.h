@@ -64,6 +64,7 @@ struct ChartPath {
     /// A small head halfway along each leg that is long enough, in the direction of the points.
     bool arrows = false;
     bool canBeHit = true;
+    bool extends = true;  ///< counts towards all that the scene shows
 };
 
 /// A ring, or a disc if filled.

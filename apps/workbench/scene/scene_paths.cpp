@@ -33,7 +33,9 @@ void ScenePaths::Update(const ChartScene& scene) {
 ChartBox ScenePaths::Extent(const ChartScene& scene) const {
     ChartBox box;
     for (std::size_t i = 0; i < layers.size(); ++i) {
-        for (const Entry& entry : layers[i].paths) box.Add(entry.lod.Box());
+        for (std::size_t path = 0; path < layers[i].paths.size(); ++path) {
+            if (scene.layers[i].paths[path].extends) box.Add(layers[i].paths[path].lod.Box());
+        }
         for (const ChartCircle& circle : scene.layers[i].circles) {
             if (!IsPlace(circle.centre)) continue;
             box.Add(ChartBox{circle.centre.x, circle.centre.y, circle.centre.x, circle.centre.y}.Grown(circle.radius));

@@ -18,7 +18,7 @@ public:
     /// By their places in the scene of the last `Update`.
     const PathLod& Of(std::size_t layer, std::size_t path) const { return layers[layer].paths[path].lod; }
 
-    /// All that the scene shows.
+    /// All that the scene shows, but for what only surrounds something.
     ChartBox Extent(const ChartScene& scene) const;
     /// What lies within so many pixels of a pixel. Of equals, the one that is drawn last.
     std::optional<ChartHit> Hit(const ChartScene& scene, const ChartView& view, PixelPoint at, double radius) const;

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "platform/file.h"
+
+namespace quillon {
+
+/// How a data file has changed on the disk since its feature read it.
+enum class DISK_CHANGE : std::uint8_t {
+    NONE,
+    RENEWED,  ///< it holds something else now
+    GONE,
+    APPEARED  ///< it couldn't be read, and is there now
+};
+
+/// What stood on the disk when a feature read its data file.
+class CSourceFile {
+public:
+    /// Of the file as it was read; none if it couldn't be.
+    const std::optional<FileStamp>& GetReadStamp() const { return readStamp; }
+    void SetReadStamp(const std::optional<FileStamp>& stamp) { readStamp = stamp; }
+
+    DISK_CHANGE ChangeOnDisk(const FileSystem& files, std::string_view path) const {
+        const std::optional<FileStamp> now = files.Stamp(path);
+        if (now == readStamp) return DISK_CHANGE::NONE;
+        if (!now) return DISK_CHANGE::GONE;
+        return readStamp ? DISK_CHANGE::RENEWED : DISK_CHANGE::APPEARED;
+    }
+
+private:
+    std::optional<FileStamp> readStamp;
+};
+
+}  // namespace quillon
