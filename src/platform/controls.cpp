@@ -1,5 +1,6 @@
 #include "platform/controls.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/errors.h"
@@ -39,26 +40,36 @@ void CButton::SetWindowText(std::string_view text) {
     Changed(CONTROL_CHANGE::CONTENT);
 }
 
-void CComboBox::ResetContent() {
+void CItemList::ResetContent() {
     items.clear();
     selection = -1;
     Changed(CONTROL_CHANGE::CONTENT);
 }
 
-int CComboBox::AddString(std::string_view text) {
+int CItemList::AddString(std::string_view text) {
     items.emplace_back(text);
     Changed(CONTROL_CHANGE::CONTENT);
     return GetCount() - 1;
 }
 
-const std::string& CComboBox::GetLBText(int index) const {
-    if (index < 0 || index >= GetCount()) throw InvalidArgument("combo box index out of range");
+const std::string& CItemList::GetLBText(int index) const {
+    if (index < 0 || index >= GetCount()) throw InvalidArgument("item index out of range");
     return items[static_cast<std::size_t>(index)];
 }
 
-void CComboBox::SetCurSel(int index) {
+int CItemList::FindStringExact(std::string_view text) const {
+    const auto found = std::find(items.begin(), items.end(), text);
+    return found == items.end() ? -1 : static_cast<int>(found - items.begin());
+}
+
+void CItemList::SetCurSel(int index) {
     selection = index >= 0 && index < GetCount() ? index : -1;
     Changed(CONTROL_CHANGE::SELECTION);
+}
+
+void CComboBoxEx::SetImageList(const CImageList* pictures) {
+    images = pictures;
+    Changed(CONTROL_CHANGE::CONTENT);
 }
 
 void CListCtrl::DeleteAllItems() {

@@ -7,6 +7,7 @@
 
 #include "platform/align.h"
 #include "platform/geometry.h"
+#include "platform/image_list.h"
 #include "platform/palette.h"
 #include "platform/window.h"
 
@@ -19,7 +20,8 @@ enum class CONTROL_CHANGE {
     CONTENT,    ///< items, rows, columns, captions
     VALUE,      ///< the value or look of one property row
     SELECTION,  ///< what is selected
-    COLOURS
+    COLOURS,
+    FOCUS  ///< it gives the keyboard back to its window
 };
 
 /// What shows a control: a binding of the host's toolkit, or a test. It must outlive its observing or stop it.
@@ -75,8 +77,8 @@ private:
     std::string caption;
 };
 
-/// A drop-down list; a choice by the operator reaches the owner's `OnCommand`. -1 is no selection.
-class CComboBox : public CControl {
+/// Texts of which one is chosen; a choice by the operator reaches the owner's `OnCommand`. -1 is no selection.
+class CItemList : public CControl {
 public:
     using CControl::CControl;
 
@@ -84,6 +86,8 @@ public:
     int AddString(std::string_view text);
     int GetCount() const { return static_cast<int>(items.size()); }
     const std::string& GetLBText(int index) const;
+    /// The first item of exactly that text, or -1.
+    int FindStringExact(std::string_view text) const;
     int GetCurSel() const { return selection; }
     /// An index that is no item's clears the selection.
     void SetCurSel(int index);
@@ -91,6 +95,24 @@ public:
 private:
     std::vector<std::string> items;
     int selection = -1;
+};
+
+/// A drop-down list.
+class CComboBox : public CItemList {
+public:
+    using CItemList::CItemList;
+};
+
+/// A drop-down list with a picture before each text: the picture of the item's own index. The pictures are lent, and
+/// outlive the control.
+class CComboBoxEx : public CComboBox {
+public:
+    using CComboBox::CComboBox;
+    void SetImageList(const CImageList* pictures);
+    const CImageList* GetImageList() const { return images; }
+
+private:
+    const CImageList* images = nullptr;
 };
 
 /// What fills a table. Rows are made when they are asked for, so that a table over a million points costs nothing to

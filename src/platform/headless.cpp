@@ -11,6 +11,7 @@ namespace {
 constexpr int kCharacterWidth = 7;
 constexpr int kRowHeight = 20;
 constexpr int kComboHeight = 24;
+constexpr int kTabHeight = 26;
 /// How long a modal loop waits for a worker before it counts as stuck.
 constexpr std::chrono::seconds kPatience{60};
 
@@ -92,7 +93,15 @@ void HeadlessPlatform::Beep() {
 }
 
 int HeadlessPlatform::GetMetric(SYSTEM_METRIC metric) const {
-    return metric == SYSTEM_METRIC::ROW_HEIGHT ? kRowHeight : kComboHeight;
+    switch (metric) {
+        case SYSTEM_METRIC::ROW_HEIGHT:
+            return kRowHeight;
+        case SYSTEM_METRIC::COMBO_HEIGHT:
+            return kComboHeight;
+        case SYSTEM_METRIC::TAB_HEIGHT:
+            return kTabHeight;
+    }
+    return 0;
 }
 
 int HeadlessPlatform::TextWidth(std::string_view text) const {

@@ -54,6 +54,8 @@ public:
     Profile& GetProfile() override { return profile; }
     LocalClock GetLocalClock() const override { return localClock; }
     int GetMetric(SYSTEM_METRIC metric) const override;
+    COLORREF GetTabFaceColour() const override { return tabFace; }
+    void SetTabFaceColour(COLORREF colour) { tabFace = colour; }
     /// Every character is 7 pixels wide.
     int TextWidth(std::string_view text) const override;
     /// Moves the clock to the next timer when nothing is posted. Raises std::logic_error where a loop could never end.
@@ -73,6 +75,7 @@ private:
     MemoryProfile profile;
     LocalClock localClock;
     std::string clipboard;
+    COLORREF tabFace = 0x808080;
     std::deque<FileAnswer> fileAnswers;
     std::deque<std::string> folderAnswers;
     std::deque<std::function<void(CDialog&)>> dialogAnswers;

@@ -9,6 +9,7 @@
 #include "platform/file.h"
 #include "platform/geometry.h"
 #include "platform/message_queue.h"
+#include "platform/palette.h"
 #include "platform/password.h"
 
 namespace quillon {
@@ -36,8 +37,9 @@ struct LocalClock {
 };
 
 enum class SYSTEM_METRIC {
-    ROW_HEIGHT,   ///< of one line in a property list, pixels
-    COMBO_HEIGHT  ///< of a closed combo box, pixels
+    ROW_HEIGHT,    ///< of one line in a property list, pixels
+    COMBO_HEIGHT,  ///< of a closed combo box, pixels
+    TAB_HEIGHT     ///< of the row of tabs over the pages of a tab control, pixels
 };
 
 /// Small values that outlive the run and belong to the program, not to a job: whether a pane is shown, where the
@@ -81,6 +83,8 @@ public:
     PasswordLock& Passwords();
     virtual LocalClock GetLocalClock() const = 0;
     virtual int GetMetric(SYSTEM_METRIC metric) const = 0;
+    /// The face colour of the frame round a tab control.
+    virtual COLORREF GetTabFaceColour() const = 0;
     /// Width of one line in the font of tables, pixels.
     virtual int TextWidth(std::string_view text) const = 0;
 

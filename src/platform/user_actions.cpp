@@ -9,16 +9,42 @@ bool CanUse(const CControl& control) {
     return control.IsWindowEnabled() && control.IsWindowVisible();
 }
 
+void TellOwner(const CControl& control) {
+    control.GetOwner().OnCommand(control.GetDlgCtrlID());
+}
+
 }  // namespace
 
 void Press(CButton& button) {
-    if (CanUse(button)) button.GetOwner().OnCommand(button.GetDlgCtrlID());
+    if (CanUse(button)) TellOwner(button);
 }
 
-void Select(CComboBox& combo, int index) {
-    if (!CanUse(combo) || index < 0 || index >= combo.GetCount()) return;
-    combo.SetCurSel(index);
-    combo.GetOwner().OnCommand(combo.GetDlgCtrlID());
+void Select(CItemList& list, int index) {
+    if (!CanUse(list) || index < 0 || index >= list.GetCount()) return;
+    list.SetCurSel(index);
+    TellOwner(list);
+}
+
+void DoubleClick(CListBox& list, int index) {
+    if (!CanUse(list) || index < 0 || index >= list.GetCount()) return;
+    Select(list, index);
+    list.GetOwner().OnDoubleClick(list.GetDlgCtrlID());
+}
+
+void Check(CCheckBox& box, bool checked) {
+    if (!CanUse(box)) return;
+    box.SetCheck(checked);
+    TellOwner(box);
+}
+
+void Type(CEdit& edit, std::string_view text) {
+    if (!CanUse(edit) || edit.IsReadOnly() || edit.GetWindowText() == text) return;
+    edit.SetWindowText(text);
+    TellOwner(edit);
+}
+
+void Select(CMFCTabCtrl& tabs, int tab) {
+    if (CanUse(tabs)) tabs.SetActiveTab(tab);
 }
 
 void Click(CListCtrl& table, int row) {

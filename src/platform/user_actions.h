@@ -4,17 +4,27 @@
 
 #include "platform/controls.h"
 #include "platform/dialog.h"
+#include "platform/dialog_controls.h"
 #include "platform/property_grid.h"
+#include "platform/tab_ctrl.h"
 
 namespace quillon {
 
 /// What the operator does to a control. For the bindings of a host and for tests; panes and dialogs don't call it.
 namespace user {
 
-/// Nothing happens on a button, a combo box or a property list that is disabled or hidden.
+// Nothing happens on a control that is disabled or hidden.
+
 void Press(CButton& button);
-/// Chooses an entry, also the one already chosen.
-void Select(CComboBox& combo, int index);
+/// Chooses an item, also the one already chosen.
+void Select(CItemList& list, int index);
+/// A double click on an item, which is chosen first.
+void DoubleClick(CListBox& list, int index);
+void Check(CCheckBox& box, bool checked);
+/// Makes this the text of the edit; nothing where it may not be edited or has that text.
+void Type(CEdit& edit, std::string_view text);
+/// Brings a tab to the front.
+void Select(CMFCTabCtrl& tabs, int tab);
 /// A click on a row; -1 is a click below the rows. The row becomes the selected one.
 void Click(CListCtrl& table, int row);
 

@@ -29,5 +29,6 @@ LRESULT CWnd::OnMessage(const MSG&) {
 }
 void CWnd::OnTimer(UINT) {}
 void CWnd::OnCommand(UINT) {}
+void CWnd::OnDoubleClick(UINT) {}
 
 }  // namespace quillon

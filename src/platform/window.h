@@ -29,8 +29,10 @@ public:
     /// A posted or sent message has arrived.
     virtual LRESULT OnMessage(const MSG& message);
     virtual void OnTimer(UINT timer);
-    /// A button of this window was pressed, or a choice made in one of its combo boxes.
+    /// A button of this window was pressed, a choice made in one of its lists, a box ticked, a text edited.
     virtual void OnCommand(UINT control);
+    /// An item of one of its list boxes was double-clicked, after the choice of it was told.
+    virtual void OnDoubleClick(UINT control);
 
 private:
     Platform& platform;

@@ -5,14 +5,25 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPointer>
+#include <QProgressBar>
+#include <QRadioButton>
 #include <QTest>
 #include <QTimer>
 #include <filesystem>
 
-#include "bindings/button_binding.h"
+#include "bindings/tab_binding.h"
+#include "frame/base_edit_ctrl.h"
 #include "frame/colour_button.h"
 #include "frame/colour_dialog.h"
+#include "frame/colour_picker_combo.h"
+#include "platform/dialog_controls.h"
+#include "platform/property_grid.h"
 #include "toolkit/qt_platform.h"
 
 namespace quillon::test {
@@ -117,6 +128,101 @@ TEST_F(DialogTest, AModelessDialogGoesInItsOwnEvent) {
     EXPECT_FALSE(dialog.IsOpen());
     EXPECT_FALSE(window->isVisible());
     QTest::keyClick(window, Qt::Key_Escape);  // still an object, without a dialog
+}
+
+/// Every control that a dialog may have.
+class FullDialog : public CColourDialogEx {
+public:
+    explicit FullDialog(Platform& owner) : CColourDialogEx(owner, "All", {400, 400}) {
+        int top = 0;
+        for (CControl* const control :
+             std::initializer_list<CControl*>{&label, &bar, &name, &depth, &box, &farms, &side, &colour, &tabs}) {
+            AddControl(*control);
+            control->MoveWindow({0, top, 200, top + 40});
+            top += 40;
+        }
+        for (const char* farm : {"North", "South"}) farms.AddString(farm);
+        for (const char* way : {"Port", "Starboard"}) side.AddString(way);
+        tabs.AddTab(list, "Target");
+        tabs.AddTab(more, "Shadow");
+        depth.SetDouble(12.5);
+    }
+    void OnCommand(UINT control) override { done.push_back(control); }
+    void OnDoubleClick(UINT control) override { done.push_back(1000 + control); }
+    LRESULT OnMessage(const MSG& message) override {
+        if (message.message == AFX_WM_CHANGE_ACTIVE_TAB) done.push_back(2000 + static_cast<UINT>(message.wParam));
+        return 0;
+    }
+    CStatic label{*this, 10, "0 Bytes of 0 Bytes"};
+    CProgressCtrl bar{*this, 11};
+    CEdit name{*this, 12};
+    CEditDoubleCtrl depth{*this, 13};
+    CCheckBox box{*this, 14, "Show && Dots"};
+    CListBox farms{*this, 15};
+    CRadioGroup side{*this, 16};
+    CColourPickerComboBoxEx colour{*this, 17};
+    CMFCTabCtrl tabs{*this, 18};
+    CMyMFCPropertyGridCtrl list{tabs, 2}, more{tabs, 3};
+    std::vector<UINT> done;
+};
+
+// The operator's acts reach the model once; what the program sets shows and tells nobody.
+TEST_F(DialogTest, EveryControlWorksBothWays) {
+    FullDialog dialog(platform);
+    WindowBinding view(dialog, factory);
+    view.resize(400, 400);
+    view.show();
+    const auto of = [&]<class Widget>(const CControl& control, Widget*) {
+        return dynamic_cast<Widget*>(view.WidgetOf(control));
+    };
+#define OF(Type, control) (*of(dialog.control, static_cast<Type*>(nullptr)))
+    QTest::keyClicks(&OF(QLineEdit, name), "B1");
+    EXPECT_EQ(dialog.name.GetWindowText(), "B1");
+    OF(QCheckBox, box).click();
+    EXPECT_TRUE(dialog.box.IsChecked());
+    auto& farms = OF(QListWidget, farms);
+    QTest::keyClick(&farms, Qt::Key_Down);
+    emit farms.itemDoubleClicked(farms.item(1));
+    EXPECT_EQ(dialog.farms.GetCurSel(), 1);
+    view.WidgetOf(dialog.side)->findChildren<QRadioButton*>()[1]->click();
+    EXPECT_EQ(dialog.side.GetCurSel(), 1);
+    QTest::keyClick(&OF(QComboBox, colour), Qt::Key_Down);
+    EXPECT_EQ(dialog.colour.GetColour(), RGB(0, 0, 0));
+    QTest::keyClick(&OF(TabBinding, tabs).Bar(), Qt::Key_Right);
+    EXPECT_TRUE(dialog.more.IsWindowVisible() && !dialog.list.IsWindowVisible());
+    EXPECT_EQ(dialog.done, (std::vector<UINT>{12, 12, 14, 15, 15, 1015, 16, 17, 2001}));
+
+    auto& depth = OF(QLineEdit, depth);
+    EXPECT_EQ(depth.text(), "12.500");
+    depth.selectAll();
+    QTest::keyClicks(&depth, "7.x25");
+    EXPECT_EQ(depth.text(), "7.25");
+    QTest::keyClick(&depth, Qt::Key_Backspace);
+    EXPECT_DOUBLE_EQ(dialog.depth.GetDouble(), 7.2);
+
+    dialog.done.clear();
+    dialog.label.SetWindowText("5 Bytes of 9 Bytes");
+    EXPECT_EQ(OF(QLabel, label).text(), "5 Bytes of 9 Bytes");
+    dialog.bar.SetRange(0, 1000);
+    dialog.bar.SetPos(1500);
+    EXPECT_EQ(OF(QProgressBar, bar).value(), 1000);
+    dialog.name.SetWindowText("C2");
+    EXPECT_EQ(OF(QLineEdit, name).text(), "C2");
+    dialog.box.SetCheck(false);
+    EXPECT_FALSE(OF(QCheckBox, box).isChecked());
+    dialog.farms.ResetContent();
+    EXPECT_EQ(farms.count(), 0);
+    dialog.side.SetCurSel(-1);
+    EXPECT_FALSE(view.WidgetOf(dialog.side)->findChildren<QRadioButton*>()[1]->isChecked());
+    dialog.colour.SetColour(RGB(255, 0, 128));
+    EXPECT_EQ(OF(QComboBox, colour).currentText(), "Crimson");
+    const QImage swatch = OF(QComboBox, colour).itemIcon(1).pixmap(16).toImage();
+    EXPECT_EQ(swatch.pixelColor(0, 8), QColor(0, 0, 0));
+    EXPECT_EQ(swatch.pixelColor(8, 8), QColor(255, 0, 0));
+    dialog.tabs.SetActiveTab(0);
+    EXPECT_EQ(OF(TabBinding, tabs).Bar().currentIndex(), 0);
+    EXPECT_EQ(dialog.done, std::vector<UINT>{2000}) << "the tab control tells its owner in either case";
+#undef OF
 }
 
 }  // namespace

@@ -30,6 +30,11 @@ class CommandWindow : public CDockablePane {
 public:
     using CDockablePane::CDockablePane;
     void OnCommand(UINT control) override { commands.push_back(control); }
+    void OnDoubleClick(UINT control) override { commands.push_back(1000 + control); }
+    LRESULT OnMessage(const MSG& message) override {
+        if (message.message == AFX_WM_CHANGE_ACTIVE_TAB) commands.push_back(2000 + static_cast<UINT>(message.wParam));
+        return 0;
+    }
     void OnSize(tagSIZE size) override { sizes.push_back(size); }
     std::vector<UINT> commands;
     std::vector<tagSIZE> sizes;
@@ -125,6 +130,39 @@ TEST_F(Controls, ButtonsAndCombosReachTheirOwner) {
     combo.ResetContent();
     EXPECT_EQ(combo.GetCurSel(), -1);
     EXPECT_THROW(combo.GetLBText(0), InvalidArgument);
+}
+
+TEST_F(Controls, DialogControlsReachTheirOwnerOnceForAnAct) {
+    CEdit edit(window, 1);
+    CCheckBox box(window, 2, "Show");
+    CListBox list(window, 3);
+    CMFCTabCtrl tabs(window, 4);
+    CMyMFCPropertyGridCtrl first(tabs, 5), second(tabs, 6);
+    list.AddString("North");
+    list.AddString("South");
+    tabs.AddTab(first, "Target");
+    tabs.AddTab(second, "Shadow");
+    EXPECT_TRUE(first.IsWindowVisible() && !second.IsWindowVisible());
+    user::Type(edit, "a");
+    user::Type(edit, "a");
+    edit.SetReadOnly(true);
+    user::Type(edit, "b");
+    EXPECT_EQ(edit.GetWindowText(), "a");
+    user::Check(box, true);
+    user::DoubleClick(list, 1);
+    user::DoubleClick(list, 2);
+    EXPECT_EQ(list.FindStringExact("South"), list.GetCurSel());
+    EXPECT_EQ(list.FindStringExact("south"), -1);
+    user::Select(tabs, 1);
+    user::Select(tabs, 1);
+    user::Select(tabs, 2);
+    EXPECT_EQ(tabs.GetActiveWnd(), &second);
+    EXPECT_TRUE(!first.IsWindowVisible() && second.IsWindowVisible());
+    EXPECT_EQ(window.commands, (std::vector<UINT>{1, 2, 3, 1003, 2001}));
+    EXPECT_THROW(tabs.GetTabWnd(2), InvalidArgument);
+    CImageList images({2, 1}, 0);
+    EXPECT_THROW(images.Add({1}), InvalidArgument);
+    EXPECT_THROW(images.GetPixels(0), InvalidArgument);
 }
 
 TEST_F(Controls, TablesMakeTheirCellsWhenAsked) {

@@ -8,36 +8,13 @@
 #include <vector>
 
 #include "features/job_features.h"
-#include "frame/messages.h"
 #include "platform/headless.h"
 #include "platform/property_rows.h"
-#include "platform/text.h"
 #include "platform/user_actions.h"
+#include "support/message_log.h"
 #include "support/scratch_drives.h"
 
 namespace quillon {
-
-/// A host without a window: it writes down what the panes post to it.
-class MessageLog : public CWnd {
-public:
-    using CWnd::CWnd;
-
-    LRESULT OnMessage(const MSG& message) override {
-        const std::string_view full = RegisteredMessageName(message.message);
-        std::string line(full.substr(0, full.find('-')));
-        const bool redraw = message.message == UM_REDRAW_CHART || message.message == UM_REDRAW_VECTOR_DISPLAY;
-        if (redraw && message.wParam != 0) {
-            const tagXY& point = *reinterpret_cast<const tagXY*>(message.wParam);
-            line += Format(" %.3f, %.3f", point.x, point.y);
-        } else if (message.wParam != 0) {
-            line += Format(" %zu", message.wParam);
-        }
-        lines.push_back(line);
-        return 0;
-    }
-
-    std::vector<std::string> lines;
-};
 
 /// A job on drives of its own, with a host that listens. `Restart` begins a new run over the same drives.
 class JobFixture : public testing::Test {

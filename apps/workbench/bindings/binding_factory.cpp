@@ -2,15 +2,26 @@
 
 #include "bindings/button_binding.h"
 #include "bindings/combo_binding.h"
+#include "bindings/dialog_control_bindings.h"
+#include "bindings/number_edit_binding.h"
 #include "bindings/property_list_binding.h"
+#include "bindings/tab_binding.h"
 #include "bindings/table_binding.h"
 
 namespace quillon {
 
 BindingFactory::BindingFactory(SymbolPainter symbols) {
-    Add<CButton>([](CButton& button, QWidget* parent) { return new ButtonBinding(button, parent); });
-    Add<CComboBox>([](CComboBox& combo, QWidget* parent) { return new ComboBinding(combo, parent); });
-    Add<CListCtrl>([](CListCtrl& table, QWidget* parent) { return new TableBinding(table, parent); });
+    Add<CButton, ButtonBinding>();
+    Add<CComboBox, ComboBinding>();
+    Add<CListCtrl, TableBinding>();
+    Add<CStatic, StaticBinding>();
+    Add<CProgressCtrl, ProgressBinding>();
+    Add<CEdit, EditBinding>();
+    Add<CBaseEditCtrl, NumberEditBinding>();
+    Add<CCheckBox, CheckBinding>();
+    Add<CListBox, ListBoxBinding>();
+    Add<CRadioGroup, RadioBinding>();
+    Add<CMFCTabCtrl>([this](CMFCTabCtrl& tabs, QWidget* parent) { return new TabBinding(tabs, *this, parent); });
     Add<CMFCPropertyGridCtrl>([symbols = std::move(symbols)](CMFCPropertyGridCtrl& list, QWidget* parent) {
         return new PropertyListBinding(list, symbols, parent);
     });

@@ -9,17 +9,17 @@
 
 namespace quillon {
 
-/// Makes the binding of a control by the control's type. It knows the controls of the platform floor; a host adds what
-/// it shows by itself:
+/// Makes the binding of a control by the control's type. It knows the controls of the floors platform and frame; a host
+/// adds what it shows by itself:
 ///
-///     factory.Add<CStructureView>([](CStructureView& view, QWidget* parent) {
-///         return new StructureViewBinding(view, parent);
-///     });
+///     factory.Add<CStructureView, StructureViewBinding>();
 ///
 /// What was added last is asked first, so that a derived control gets its own binding.
 class BindingFactory {
 public:
     explicit BindingFactory(SymbolPainter symbols = {});
+    BindingFactory(const BindingFactory&) = delete;
+    BindingFactory& operator=(const BindingFactory&) = delete;
 
     template <class Model, class Make>
     void Add(Make make) {
@@ -27,6 +27,12 @@ public:
             Model* const model = dynamic_cast<Model*>(&control);
             return model ? make(*model, parent) : nullptr;
         });
+    }
+
+    /// A binding that is made from model and parent alone.
+    template <class Model, class Binding>
+    void Add() {
+        Add<Model>([](Model& model, QWidget* parent) { return new Binding(model, parent); });
     }
 
     /// A child of `parent`, which owns it. Null for a control of a type that nobody added.

@@ -7,12 +7,26 @@
 
 #include "platform/platform.h"
 #include "platform/user_actions.h"
+#include "toolkit/colours.h"
 #include "toolkit/text_edge.h"
 
 namespace quillon {
 namespace {
 
 constexpr int kVisibleItems = 20;
+
+QIcon IconOf(const CImageList& images, int image) {
+    const tagSIZE size = images.GetImageSize();
+    QImage picture(size.width, size.height, QImage::Format_ARGB32);
+    const std::vector<COLORREF>& pixels = images.GetPixels(image);
+    for (int y = 0; y < size.height; ++y) {
+        for (int x = 0; x < size.width; ++x) {
+            const COLORREF pixel = pixels[static_cast<std::size_t>(y * size.width + x)];
+            picture.setPixelColor(x, y, pixel == images.GetMask() ? QColor(Qt::transparent) : QColorOf(pixel));
+        }
+    }
+    return QIcon(QPixmap::fromImage(picture));
+}
 
 }  // namespace
 
@@ -49,8 +63,18 @@ void ComboBinding::FillItems() {
             setItemText(i, text);
         }
     }
+    FillPictures();
     setCurrentIndex(combo->GetCurSel());
     setToolTip(currentText());
+}
+
+void ComboBinding::FillPictures() {
+    const auto* const pictured = dynamic_cast<const CComboBoxEx*>(combo);
+    const CImageList* const images = pictured ? pictured->GetImageList() : nullptr;
+    if (!images) return;
+    for (int i = 0; i < count() && i < images->GetImageCount(); ++i) {
+        if (itemIcon(i).isNull()) setItemIcon(i, IconOf(*images, i));
+    }
 }
 
 void ComboBinding::Refresh(CONTROL_CHANGE change) {

@@ -22,6 +22,7 @@ protected:
 
 private:
     void FillItems();
+    void FillPictures();
     CComboBox* combo;
 };
 

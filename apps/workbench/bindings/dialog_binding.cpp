@@ -43,11 +43,12 @@ void DialogBinding::ApplyLook() {
     const auto* const coloured = dynamic_cast<const CColourDialogEx*>(dialog);
     if (!coloured) return;
     QPalette colours;
-    for (const auto role : {QPalette::Window, QPalette::Base}) {
-        colours.setColor(role, QColorOf(coloured->GetBackground()));
-    }
+    const QColor ground = QColorOf(coloured->GetBackground());
+    const QColor text = QColorOf(coloured->GetTextColour());
+    for (const auto role : {QPalette::Window, QPalette::Base}) colours.setColor(role, ground);
     for (const auto role : {QPalette::WindowText, QPalette::Text}) {
-        colours.setColor(role, QColorOf(coloured->GetTextColour()));
+        colours.setColor(role, text);
+        colours.setColor(QPalette::Disabled, role, Mix(ground, text, 0.55));
     }
     setPalette(colours);
 }

@@ -52,6 +52,7 @@ void PropertyListBinding::Refresh(CONTROL_CHANGE change) {
     if (!list) return;
     switch (change) {
         case CONTROL_CHANGE::LAYOUT:
+        case CONTROL_CHANGE::FOCUS:
             break;
         case CONTROL_CHANGE::CONTENT:
             view->ContentChanged();

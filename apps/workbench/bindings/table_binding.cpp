@@ -153,6 +153,8 @@ void TableBinding::Refresh(CONTROL_CHANGE change) {
         case CONTROL_CHANGE::COLOURS:
             ApplyColours();
             break;
+        case CONTROL_CHANGE::FOCUS:
+            break;
     }
 }
 

@@ -27,6 +27,7 @@ constexpr const char* kFolderKey = "LastFolder";
 constexpr int kStretchMs = 12;
 constexpr int kRowPadding = 6;
 constexpr int kComboPadding = 8;
+constexpr int kTabPadding = 11;
 constexpr QSize kFileDialogSize(860, 520);
 
 std::vector<std::string_view> SplitAtBars(std::string_view filter) {
@@ -221,7 +222,15 @@ LocalClock QtPlatform::GetLocalClock() const {
 
 int QtPlatform::GetMetric(SYSTEM_METRIC metric) const {
     const int line = QFontMetrics(QApplication::font()).height();
-    return line + (metric == SYSTEM_METRIC::ROW_HEIGHT ? kRowPadding : kComboPadding);
+    switch (metric) {
+        case SYSTEM_METRIC::ROW_HEIGHT:
+            return line + kRowPadding;
+        case SYSTEM_METRIC::COMBO_HEIGHT:
+            return line + kComboPadding;
+        case SYSTEM_METRIC::TAB_HEIGHT:
+            return line + kTabPadding;
+    }
+    return line;
 }
 
 int QtPlatform::TextWidth(std::string_view text) const {

@@ -41,6 +41,8 @@ public:
     QtProfile& GetProfile() override { return profile; }
     LocalClock GetLocalClock() const override;
     int GetMetric(SYSTEM_METRIC metric) const override;
+    /// A middle grey: the grounds made from it carry black text by day and by night.
+    COLORREF GetTabFaceColour() const override { return RGB(0x80, 0x80, 0x80); }
     int TextWidth(std::string_view text) const override;
     void RunModal(const std::function<bool()>& ended) override;
     std::unique_ptr<DialogView> ShowDialog(CDialog& dialog) override;
