@@ -3,6 +3,16 @@
 file(STRINGS "${PROJECT_SOURCE_DIR}/floors.txt" floor_lines REGEX "^[a-z]")
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/floors.txt")
 
+# The headers of the standard library that nearly every source takes in are compiled once. Each source still names what
+# it uses: the stage "headers" of the tests compiles without this.
+set(quillon_common_headers
+  <algorithm> <array> <cmath> <cstdint> <filesystem> <functional> <map> <memory> <optional> <span> <string>
+  <string_view> <utility> <variant> <vector>)
+file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/pch.cpp" CONTENT "// For the headers alone.\n")
+add_library(quillon_pch OBJECT "${PROJECT_BINARY_DIR}/pch.cpp")
+target_link_libraries(quillon_pch PRIVATE quillon_warnings)
+target_precompile_headers(quillon_pch PRIVATE ${quillon_common_headers})
+
 # quillon_add_floor(LINE): the library of one line of the list; rooms of the toolkit only where the workbench is built.
 function(quillon_add_floor line)
   separate_arguments(fields UNIX_COMMAND "${line}")
@@ -20,6 +30,10 @@ function(quillon_add_floor line)
   if(sources)
     add_library(${target} STATIC ${sources})
     target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:quillon_warnings>)
+    # Rooms of the toolkit, and the commands, have headers of their own to compile once.
+    if(NOT toolkit STREQUAL "qt" AND NOT name STREQUAL "commands")
+      target_precompile_headers(${target} REUSE_FROM quillon_pch)
+    endif()
     set(scope PUBLIC)
   else()
     add_library(${target} INTERFACE)
