@@ -30,35 +30,37 @@ public:
         NoteUnit(key, "m");
         target->Pair(key, position);
     }
+    void Reals(std::string_view key, std::span<const double> values, int) override { target->Reals(key, values); }
+    void Texts(std::string_view key, std::span<const std::string> values) override { target->Texts(key, values); }
     void Choice(std::string_view key, long long value, std::string_view) override { target->Int(key, value); }
     void Colour(std::string_view key, COLORREF colour) override { target->Int(key, colour); }
 
     void BeginGroup(std::string_view key) override {
         groupKey = key;
-        inner.Clear();
-        target = &inner;
+        group.Clear();
+        open = target = &group;
     }
     void EndGroup() override {
-        head.Object(groupKey, inner);
-        target = &head;
+        open = target = &head;
+        head.Object(groupKey, group);
     }
 
-    void BeginTable(std::string_view key, std::ptrdiff_t) override { head.BeginRecords(key); }
+    void BeginTable(std::string_view key, std::ptrdiff_t) override { open->BeginRecords(key); }
     void BeginRow() override {
-        inner.Clear();
-        target = &inner;
+        row.Clear();
+        target = &row;
     }
     void EndRow() override {
-        head.AddRecord(inner);
-        target = &head;
+        open->AddRecord(row);
+        target = open;
         if (head.Pending() >= kBlock) PutOut();
     }
-    void EndTable() override { head.EndRecords(); }
+    void EndTable() override { open->EndRecords(); }
 
     void Finish() override {
-        inner.Clear();
-        for (const auto& [key, unit] : units) inner.Text(key, unit);
-        head.Object("units", inner);
+        group.Clear();
+        for (const auto& [key, unit] : units) group.Text(key, unit);
+        head.Object("units", group);
         PutOut();
         out << head.End() << '\n';
     }
@@ -88,8 +90,10 @@ private:
 
     std::ostream& out;
     JsonObject head;
-    JsonObject inner;  ///< the row or group that is open
-    JsonObject* target = &head;
+    JsonObject group;
+    JsonObject row;
+    JsonObject* open = &head;    ///< head or group: what a table goes into
+    JsonObject* target = &head;  ///< what a field goes into
     std::string groupKey;
     std::string block;
     std::vector<std::pair<std::string, std::string_view>> units;

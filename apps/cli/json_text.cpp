@@ -69,6 +69,15 @@ void JsonObject::Reals(std::string_view key, std::span<const double> values) {
     }
     text += ']';
 }
+void JsonObject::Texts(std::string_view key, std::span<const std::string> values) {
+    Key(key);
+    text += '[';
+    for (const std::string& value : values) {
+        if (text.back() != '[') text += ", ";
+        AppendQuoted(text, value);
+    }
+    text += ']';
+}
 void JsonObject::Bool(std::string_view key, bool value) {
     Key(key);
     text += value ? "true" : "false";

@@ -21,6 +21,7 @@ public:
     void Int(std::string_view key, long long value);
     void Real(std::string_view key, double value);
     void Reals(std::string_view key, std::span<const double> values);
+    void Texts(std::string_view key, std::span<const std::string> values);
     void Bool(std::string_view key, bool value);
     void Object(std::string_view key, const JsonObject& value);
     /// [easting, northing]

@@ -36,10 +36,14 @@ public:
     /// Radians; degrees for people.
     virtual void Angle(std::string_view key, double radians) = 0;
     virtual void Pair(std::string_view key, tagXY position) = 0;
+    /// Some values under one key.
+    virtual void Reals(std::string_view key, std::span<const double> values, int decimals) = 0;
+    virtual void Texts(std::string_view key, std::span<const std::string> values) = 0;
     /// A stored number with what it is called, if it has a name.
     virtual void Choice(std::string_view key, long long value, std::string_view name) = 0;
     virtual void Colour(std::string_view key, COLORREF colour) = 0;
 
+    /// A group may hold a small table.
     virtual void BeginGroup(std::string_view key) = 0;
     virtual void EndGroup() = 0;
 

@@ -9,6 +9,7 @@
 #include "feature_sheets.h"
 #include "number_option.h"
 #include "platform/text.h"
+#include "shape_command.h"
 #include "sheet.h"
 
 namespace quillon {
@@ -184,6 +185,7 @@ void AddShowCommands(CLI::App& app, CliContext& context) {
     AddKind<CSailLine>(show, context, std::make_shared<ShowOptions>(), "sail-line", "Lines of a sail line file",
                        static_cast<int>(kSailLineOrderTxt.size()))
         .footer("Example:\n  quillon show sail-line block-4.csv --json");
+    AddShowShape(show, context);
 }
 
 }  // namespace quillon

@@ -87,6 +87,22 @@ public:
         subKey.back() = 'N';
         Metres(subKey, position.y);
     }
+    void Reals(std::string_view key, std::span<const double> values, int decimals) override {
+        cell.clear();
+        for (const double value : values) {
+            if (!cell.empty()) cell += ", ";
+            AppendNumber(cell, value, decimals);
+        }
+        Put(key);
+    }
+    void Texts(std::string_view key, std::span<const std::string> values) override {
+        cell.clear();
+        for (const std::string& value : values) {
+            if (!cell.empty()) cell += ", ";
+            cell += Printable(value);
+        }
+        Put(key);
+    }
     void Choice(std::string_view key, long long value, std::string_view name) override {
         cell = Format("%lld", value);
         if (!name.empty()) cell.append("  ").append(name);

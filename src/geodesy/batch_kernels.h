@@ -107,17 +107,18 @@ struct LaneLoops {
 
         typename RudoeDistance<M>::Point At(std::size_t i) const { return {Load(s + i), Load(c + i), Load(nu + i)}; }
 
+        /// A leg that the lanes can't take goes alone, and the others of its group stay in theirs: no figure hangs on
+        /// its neighbours.
         V Legs(const CEllipsoid& ellipsoid, std::size_t i) const {
             const V lat1 = Load(lat + i), lon1 = Load(lon + i), lat2 = Load(lat + i + 1), lon2 = Load(lon + i + 1);
             const Mask same = (lat1 == lat2) & (lon1 == lon2);
-            if (!M::Any(~(Apart(lat1, lon1) & Apart(lat2, lon2) & ((lat1 != 0.0) | same)))) {
-                const V legs = RudoeDistance<M>::Between(ellipsoid, At(i), At(i + 1), lon2 - lon1);
-                return same ? V{} : legs;
-            }
-            V legs{};
+            const Mask odd = ~(Apart(lat1, lon1) & Apart(lat2, lon2) & ((lat1 != 0.0) | same));
+            V legs = RudoeDistance<M>::Between(ellipsoid, At(i), At(i + 1), lon2 - lon1);
+            legs = same ? V{} : legs;
+            if (!M::Any(odd)) return legs;
             for (int k = 0; k < kLanes; k++) {
-                double leg = 0;
-                ellipsoid.Distance(lat1[k], lon1[k], lat2[k], lon2[k], &leg);
+                double leg = legs[k];
+                if (odd[k]) ellipsoid.Distance(lat1[k], lon1[k], lat2[k], lon2[k], &leg);
                 legs[k] = leg;
             }
             return legs;
