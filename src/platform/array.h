@@ -2,9 +2,13 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
+#include "platform/array_stamp.h"
 #include "platform/errors.h"
 
 namespace quillon {
@@ -17,61 +21,85 @@ namespace quillon {
 ///
 /// Readers of large files don't append one element at a time, since the capped step would make that quadratic: they
 /// fill a vector and hand it over whole (`Adopt`), or tell the array beforehand what is coming (`Reserve`).
+///
+/// Whoever works something out from the elements keeps it until `GetStamp` is another. `Share` lends the elements
+/// without a copy: the array makes a copy of its own before its next change. Every access through an array that isn't
+/// const counts as a change, so what only reads takes a const one. A reference or iterator is good until the next
+/// `GetStamp`, `Share` or change.
 template <class T>
 class CArray {
 public:
     using Index = std::ptrdiff_t;
 
-    Index GetSize() const { return static_cast<Index>(items.size()); }
+    Index GetSize() const { return static_cast<Index>(Items().size()); }
     Index GetCount() const { return GetSize(); }
     Index GetUpperBound() const { return GetSize() - 1; }
-    Index GetCapacity() const { return static_cast<Index>(items.capacity()); }
-    bool IsEmpty() const { return items.empty(); }
+    Index GetCapacity() const { return static_cast<Index>(Items().capacity()); }
+    bool IsEmpty() const { return Items().empty(); }
     bool IsValidIndex(Index index) const { return index >= 0 && index < GetSize(); }
+
+    /// Arrays of one stamp have equal elements. Never 0.
+    std::uint64_t GetStamp() const { return stamp.Get(); }
+    /// The elements as they stand. They stay so, also when the array changes or goes.
+    std::shared_ptr<const std::vector<T>> Share() const {
+        static_assert(std::is_copy_constructible_v<T>);
+        stamp.Get();
+        if (!lent) lent = std::make_shared<const std::vector<T>>(std::move(items));
+        return lent;
+    }
 
     void SetSize(Index size) {
         if (size < 0) throw InvalidArgument("negative array size");
         if (size == 0) {
-            std::vector<T>().swap(items);
+            Forget();
             return;
         }
         Grow(size);
-        items.resize(static_cast<std::size_t>(size));
+        Own().resize(static_cast<std::size_t>(size));
     }
     void RemoveAll() { SetSize(0); }
 
     /// Appends and returns the new element's index.
     Index Add(T item) {
         Grow(GetSize() + 1);
-        items.push_back(std::move(item));
+        Own().push_back(std::move(item));
         return GetUpperBound();
     }
     void InsertAt(Index index, T item) {
         if (index < 0 || index > GetSize()) throw InvalidArgument("array index out of range");
         Grow(GetSize() + 1);
-        items.insert(items.begin() + index, std::move(item));
+        std::vector<T>& own = Own();
+        own.insert(own.begin() + index, std::move(item));
     }
-    void RemoveAt(Index index) { items.erase(items.begin() + Checked(index)); }
+    void RemoveAt(Index index) {
+        Checked(index);
+        std::vector<T>& own = Own();
+        own.erase(own.begin() + index);
+    }
 
-    T& operator[](Index index) { return items[static_cast<std::size_t>(Checked(index))]; }
-    const T& operator[](Index index) const { return items[static_cast<std::size_t>(Checked(index))]; }
+    T& operator[](Index index) {
+        Checked(index);
+        return Own()[static_cast<std::size_t>(index)];
+    }
+    const T& operator[](Index index) const { return Items()[static_cast<std::size_t>(Checked(index))]; }
     T& ElementAt(Index index) { return (*this)[index]; }
     const T& GetAt(Index index) const { return (*this)[index]; }
     void SetAt(Index index, T item) { (*this)[index] = std::move(item); }
 
-    T* GetData() { return items.data(); }
-    const T* GetData() const { return items.data(); }
-    auto begin() { return items.begin(); }
-    auto end() { return items.end(); }
-    auto begin() const { return items.begin(); }
-    auto end() const { return items.end(); }
+    T* GetData() { return Own().data(); }
+    const T* GetData() const { return Items().data(); }
+    auto begin() { return Own().begin(); }
+    auto end() { return Own().end(); }
+    auto begin() const { return Items().begin(); }
+    auto end() const { return Items().end(); }
 
     /// Room for `capacity` elements in all, outside the growth rule.
     void Reserve(Index capacity) {
-        if (capacity > 0) items.reserve(static_cast<std::size_t>(capacity));
+        if (capacity > 0) Own().reserve(static_cast<std::size_t>(capacity));
     }
     /// Takes a filled vector over. Room to spare is given back if it is more than a sixteenth: that costs a copy.
     void Adopt(std::vector<T>&& filled) {
+        Forget();
         items = std::move(filled);
         if (items.capacity() - items.size() > items.size() / 16) items.shrink_to_fit();
     }
@@ -87,10 +115,30 @@ private:
     void Grow(Index size) {
         if (size <= GetCapacity()) return;
         const Index step = std::clamp(GetSize() / 8, kSmallestStep, kLargestStep);
-        items.reserve(static_cast<std::size_t>(std::max(GetCapacity() + step, size)));
+        Own().reserve(static_cast<std::size_t>(std::max(GetCapacity() + step, size)));
     }
 
-    std::vector<T> items;
+    const std::vector<T>& Items() const { return lent ? *lent : items; }
+    /// The elements, to be changed.
+    std::vector<T>& Own() {
+        stamp.Renew();
+        if constexpr (std::is_copy_constructible_v<T>) {
+            if (lent) [[unlikely]] {
+                items = *lent;
+                lent.reset();
+            }
+        }
+        return items;
+    }
+    void Forget() {
+        stamp.Renew();
+        lent.reset();
+        std::vector<T>().swap(items);
+    }
+
+    mutable std::vector<T> items;  ///< empty while they are lent
+    mutable std::shared_ptr<const std::vector<T>> lent;
+    ArrayStamp stamp;
 };
 
 }  // namespace quillon

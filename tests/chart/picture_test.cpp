@@ -41,15 +41,22 @@ protected:
         chart.Paint(painter, view, scene, night);
         return image;
     }
-    static ChartScene SceneOf(ChartPath path) {
+    static ChartScene SceneOf(std::vector<ChartItem> items) {
         ChartScene scene;
-        scene.layers.push_back({.id = 1, .paths = {std::move(path)}, .circles = {}, .texts = {}});
+        scene.layers.push_back({.id = 1, .items = std::move(items)});
         return scene;
+    }
+    static ChartScene SceneOf(ChartItem item) { return SceneOf(std::vector<ChartItem>{std::move(item)}); }
+    static ChartTexts TextAt(tagXY at, ChartText text) {
+        return {.places = MakePath({at}), .textOf = [text](std::size_t) { return text; }};
+    }
+    static ChartRings RingRound(tagXY centre, ChartRings::Ring ring) {
+        return {.centres = MakePath({centre}), .rings = {ring}};
     }
 
     ChartView view;
     ChartPainter chart;
-    std::vector<tagXY> square = Points("-60,-60 60,-60 60,60 -60,60");
+    PathPtr square = MakePath(Points("-60,-60 60,-60 60,60 -60,60"), {.closed = true});
 };
 
 TEST_F(ChartPicture, GroundAndGridAreThereWithoutAScene) {
@@ -66,8 +73,7 @@ TEST_F(ChartPicture, GroundAndGridAreThereWithoutAScene) {
 
 TEST_F(ChartPicture, LinesAreCrispAndInTheOperatorsColour) {
     ChartPath path;
-    path.points = square;
-    path.closed = true;
+    path.path = square;
     path.line = {RGB(255, 0, 0), 1, PS_SOLID};
     for (const bool night : {false, true}) {
         const QImage image = Paint(SceneOf(path), night);
@@ -88,8 +94,7 @@ TEST_F(ChartPicture, LinesAreCrispAndInTheOperatorsColour) {
 
 TEST_F(ChartPicture, ABlackLineShowsAtNight) {
     ChartPath path;
-    path.points = square;
-    path.closed = true;
+    path.path = square;
     path.line = {0, 2, PS_SOLID};
     const COLORREF seen = ColourAt(Paint(SceneOf(path), true), 230, 90);
     EXPECT_GT(Lightness(seen), 0.3);
@@ -98,8 +103,7 @@ TEST_F(ChartPicture, ABlackLineShowsAtNight) {
 
 TEST_F(ChartPicture, AreasAreFilledInsideOnly) {
     ChartPath path;
-    path.points = square;
-    path.closed = true;
+    path.path = square;
     for (const FILL_STYLE fill : {kFillSolid, FILL_STYLE{0}, FILL_STYLE{5}}) {
         path.fill = {fill, RGB(0, 128, 0)};
         const QImage image = Paint(SceneOf(path), false);
@@ -112,8 +116,7 @@ TEST_F(ChartPicture, AreasAreFilledInsideOnly) {
 
 TEST_F(ChartPicture, TheHatchStaysWithTheGridWhenPanned) {
     ChartPath path;
-    path.points = square;
-    path.closed = true;
+    path.path = square;
     path.fill = {2, RGB(0, 0, 255)};
     const QImage before = Paint(SceneOf(path), false);
     view.Pan(13, 5);
@@ -122,9 +125,8 @@ TEST_F(ChartPicture, TheHatchStaysWithTheGridWhenPanned) {
 }
 
 TEST_F(ChartPicture, SymbolsAndLabelsStandAtTheirPoints) {
-    const std::vector<tagXY> points = Points("30,30 130,30");
     ChartPath path;
-    path.points = points;
+    path.path = MakePath(Points("30,30 130,30"));
     path.marks = {1, 3, RGB(255, 0, 0), 0, 2, [](std::size_t i) { return i == 1 ? "Wreck" : ""; }};
     const QImage image = Paint(SceneOf(path), false);
     // a solid square of 16 pixels round 230,120, and no label; the other one with a framed label below
@@ -137,13 +139,10 @@ TEST_F(ChartPicture, SymbolsAndLabelsStandAtTheirPoints) {
 }
 
 TEST_F(ChartPicture, RingsTextsAndThePointShown) {
-    ChartScene scene;
-    ChartLayer layer{.id = 1, .paths = {}, .circles = {}, .texts = {}};
-    layer.circles.push_back({{50, 50}, 40, {RGB(0, 0, 0), 3, PS_SOLID}, {}});
-    layer.circles.push_back({{0, 0}, 1e9, {RGB(0, 0, 0), 3, PS_SOLID}, {}});  // far outside
-    layer.texts.push_back({.at = {-100, 0}, .text = "KP 1.0", .along = 0.0, .colour = 0});
-    layer.texts.push_back({.at = {-50, 0}, .text = "too long for its leg", .along = 0.0, .room = 20.0, .colour = 0});
-    scene.layers.push_back(layer);
+    ChartScene scene = SceneOf({RingRound({50, 50}, {40, {RGB(0, 0, 0), 3, PS_SOLID}, {}}),
+                                RingRound({0, 0}, {1e9, {RGB(0, 0, 0), 3, PS_SOLID}, {}}),  // far outside
+                                TextAt({-100, 0}, {.text = "KP 1.0", .along = 0.0}),
+                                TextAt({-50, 0}, {.text = "too long for its leg", .along = 0.0, .room = 20.0})});
     scene.shown = tagXY{50, -50};
     const QImage image = Paint(scene, false);
     EXPECT_EQ(ColourAt(image, 290, 100), 0u);
@@ -164,14 +163,8 @@ TEST_F(ChartPicture, ATextAcrossALineBeginsOnTheSideItIsMeantFor) {
     };
     const QRect east(212, 123, 26, 14), west(162, 123, 26, 14);
     for (const Row& row : {Row{0.5, 4, east, west}, Row{1.5, 4, west, east}, Row{0.5, 3, west, east}}) {
-        ChartScene scene;
-        scene.layers.push_back({.id = 1, .paths = {}, .circles = {}, .texts = {}});
-        scene.layers[0].texts.push_back({.at = {0, 20},
-                                         .text = "12.5",
-                                         .along = row.along * std::numbers::pi,
-                                         .position = row.position,
-                                         .gap = 10,
-                                         .colour = 0});
+        const ChartScene scene = SceneOf(TextAt(
+            {0, 20}, {.text = "12.5", .along = row.along * std::numbers::pi, .position = row.position, .gap = 10}));
         const QImage image = Paint(scene, false);
         EXPECT_GT(Others(image, row.drawn, ColoursOf(false).ground), 20) << row.along << ' ' << row.position;
         EXPECT_EQ(Others(image, row.free, ColoursOf(false).ground), 0) << row.along << ' ' << row.position;
@@ -179,10 +172,8 @@ TEST_F(ChartPicture, ATextAcrossALineBeginsOnTheSideItIsMeantFor) {
 }
 
 TEST_F(ChartPicture, AnArrowPointsAlongItsLegAndIsLeftOutOnAShortOne) {
-    std::vector<tagXY> points = Points("-60,30 60,30 60,-40 90,-40");
     ChartPath path;
-    path.points = points;
-    path.starts = {2};
+    path.path = MakePath(Points("-60,30 60,30 60,-40 90,-40"), {.starts = {2}});
     path.line = {RGB(255, 0, 0), 1, PS_SOLID};
     path.arrows = true;
     const QImage image = Paint(SceneOf(path), false);
@@ -193,32 +184,48 @@ TEST_F(ChartPicture, AnArrowPointsAlongItsLegAndIsLeftOutOnAShortOne) {
 }
 
 TEST_F(ChartPicture, TakesPointsOfNoUse) {
-    std::vector<tagXY> points = square;
+    std::vector<tagXY> points = Points("-60,-60 60,-60 60,60 -60,60");
     points.insert(points.begin() + 2, {MISSING_VALUE, 3});
     ChartPath path;
-    path.points = points;
-    path.closed = true;
+    path.path = MakePath(points, {.closed = true});
     path.line = {RGB(255, 0, 0), 1, PS_DASHDOT};
     path.fill = {kFillSolid, RGB(255, 0, 0)};
     path.marks = {5, 3, 0, 0, 2, [](std::size_t) { return "x"; }};
-    ChartScene scene = SceneOf(path);
+    ChartRings own = RingRound({0, 0}, {0.0, {0, 1, PS_SOLID}, {kFillSolid, 0}});
+    own.own = std::make_shared<const ChartRadii>(own.centres->Points(), std::vector<double>{MISSING_VALUE});
+    ChartScene scene = SceneOf({path, ChartPath{.path = MakePath({})}, own,
+                                RingRound({MISSING_VALUE, 0}, {MISSING_VALUE, {0, 1, PS_SOLID}, {kFillSolid, 0}}),
+                                ChartImage{.raster = std::make_shared<const ChartRaster>(
+                                               nullptr, std::span<const std::int32_t>(), 9, -9, tagXY(), 1.0)},
+                                TextAt({MISSING_VALUE, 0}, {.text = "x"})});
     scene.shown = tagXY{MISSING_VALUE, MISSING_VALUE};
-    scene.layers[0].circles.push_back({{MISSING_VALUE, 0}, MISSING_VALUE, {0, 1, PS_SOLID}, {kFillSolid, 0}});
-    scene.layers.push_back({.id = 1, .paths = {ChartPath{}}, .circles = {}, .texts = {}});  // an id given twice
+    scene.layers.push_back({.id = 1, .items = {}});  // an id given twice
     EXPECT_NE(ColourAt(Paint(scene, true), 230, 130), ColoursOf(true).ground);
+    EXPECT_EQ(ExtentOf(scene), (ChartBox{-60, -60, 60, 60}));
 }
 
-TEST_F(ChartPicture, AChangedGenerationIsSeen) {
-    ChartPath path;
-    path.points = square;
-    path.closed = true;
-    path.line = {RGB(255, 0, 0), 1, PS_SOLID};
-    Paint(SceneOf(path), false);
-    for (tagXY& p : square) p.x += 20;
-    ++path.generation;
-    const QImage image = Paint(SceneOf(path), false);
-    EXPECT_EQ(ColourAt(image, 280, 130), RGB(255, 0, 0));
-    EXPECT_EQ(chart.Paths().Extent(SceneOf(path)), (ChartBox{-40, -60, 80, 60}));
+TEST_F(ChartPicture, ARasterShowsEachValueInItsColourNorthUp) {
+    const auto values = std::make_shared<const std::vector<std::int32_t>>(
+        std::vector<std::int32_t>{100, 200, ChartRaster::kNone, 300, 50, 900});
+    ChartImage image;
+    image.raster = std::make_shared<const ChartRaster>(values, *values, 3, 2, tagXY{-45, -15}, 30.0);
+    image.colours = std::make_shared<const ChartColourScale>(
+        ChartColourScale{100, 300, {RGB(255, 0, 0), RGB(0, 255, 0), RGB(0, 0, 255)}});
+    for (const double scale : {1.0, 2.0}) {
+        const QImage picture = Paint(SceneOf(image), false, scale);
+        const auto at = [&](int x, int y) {
+            return ColourAt(picture, static_cast<int>((200 + x) * scale), static_cast<int>((150 - y) * scale));
+        };
+        EXPECT_EQ(at(-45, -10), RGB(255, 0, 0));
+        EXPECT_EQ(at(-10, -20), RGB(0, 255, 0));
+        EXPECT_EQ(at(20, -20), ColoursOf(false).ground) << "no value";
+        EXPECT_EQ(at(-45, 20), RGB(0, 0, 255));
+        EXPECT_EQ(at(-10, 20), RGB(255, 0, 0)) << "less than the least";
+        EXPECT_EQ(at(25, 20), RGB(0, 0, 255)) << "more than the greatest";
+        EXPECT_EQ(at(-62, 10), ColoursOf(false).ground);
+        EXPECT_EQ(at(32, 10), ColoursOf(false).ground);
+        EXPECT_EQ(at(10, 32), ColoursOf(false).ground);
+    }
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "platform/headless.h"
 #include "platform/user_actions.h"
+#include "support/scene_items.h"
 #include "support/scratch_drives.h"
 
 namespace quillon {
@@ -25,15 +26,22 @@ protected:
     }
 
     CBoundary& Square() { return job->Features().boundaries[0]; }
-    const ChartLayer& Layer() {
+    SceneItems Layer() {
         scene = scenes->Build();
         for (const ChartLayer& layer : scene.layers) {
-            if (layer.id == static_cast<std::uint64_t>(FEATURE_TYPES::BOUNDARY)) return layer;
+            if (layer.id == kLayer) return SceneItems(layer);
         }
         throw std::logic_error("no layer of boundaries");
     }
-    JobPoint Hit(std::size_t path, std::uint32_t point, bool isVertex, tagXY at = {}) {
-        return scenes->PointOf({Layer().id, path, {point, isVertex, at, 0.0}});
+    JobPoint Hit(std::size_t path, std::uint32_t point, HIT_KIND kind, tagXY at = {}) {
+        const std::vector<std::size_t> places = Layer().pathPlaces;
+        const std::size_t item = path < places.size() ? places[path] : 99;
+        return scenes->PointOf({.layer = kLayer, .item = item, .kind = kind, .hit = {.point = point, .at = at}});
+    }
+    std::vector<const PathLod*> Paths() {
+        std::vector<const PathLod*> all;
+        for (const ChartPath& path : Layer().paths) all.push_back(path.path.get());
+        return all;
     }
 
     ScratchDrives drives;
@@ -41,16 +49,17 @@ protected:
     std::unique_ptr<Job> job;
     std::unique_ptr<SceneBuilder> scenes;
     ChartScene scene;
+    static constexpr auto kLayer = static_cast<std::uint64_t>(FEATURE_TYPES::BOUNDARY);
 };
 
 TEST_F(SceneBuilderTest, DrawsABoundaryAsItsOptionsSay) {
     Square().pen = {.style = 1, .thickness = 4, .colour = RGB(1, 2, 3), .fill = 5};
     Square().labelPosition = 5;
-    const ChartLayer& layer = Layer();
+    const SceneItems layer = Layer();
     ASSERT_EQ(layer.paths.size(), 2u);
     const ChartPath& square = layer.paths[0];
-    EXPECT_EQ(square.points.size(), 4u);
-    EXPECT_FALSE(square.closed) << "taken as drawn: nothing joins the last point to the first";
+    EXPECT_EQ(square.path->Points().size(), 4u);
+    EXPECT_FALSE(HitPath(*square.path, {100, 150}, 1.0)) << "taken as drawn: nothing joins the last point to the first";
     EXPECT_EQ(square.line.colour, RGB(1, 2, 3));
     EXPECT_EQ(square.line.thickness, 4);
     EXPECT_EQ(square.line.style, 1);
@@ -77,7 +86,7 @@ TEST_F(SceneBuilderTest, LabelsFollowModeAndPosition) {
         job->Features().boundaries[1].Status = false;
         Square().labelMode = row.mode;
         Square().labelPosition = row.position;
-        const ChartLayer& layer = Layer();
+        const SceneItems layer = Layer();
         ASSERT_EQ(layer.texts.size(), row.text ? 1u : 0u) << row.mode << ' ' << row.position;
         if (!row.text) continue;
         EXPECT_EQ(layer.texts[0].text, row.text);
@@ -86,36 +95,66 @@ TEST_F(SceneBuilderTest, LabelsFollowModeAndPosition) {
 }
 
 TEST_F(SceneBuilderTest, WhatIsHiddenIsNotThereAndHitsStillFindTheirFile) {
-    EXPECT_EQ(Hit(1, 0, true), (JobPoint{FEATURE_TYPES::BOUNDARY, 1, 0}));
+    EXPECT_EQ(Hit(1, 0, HIT_KIND::VERTEX), (JobPoint{FEATURE_TYPES::BOUNDARY, 1, 0}));
     Square().Status = false;
     EXPECT_EQ(Layer().paths.size(), 1u);
-    EXPECT_EQ(Hit(0, 1, true), (JobPoint{FEATURE_TYPES::BOUNDARY, 1, 1}));
-    EXPECT_EQ(Hit(1, 0, true), JobPoint());
-    EXPECT_EQ(scenes->PointOf({99, 0, {}}), JobPoint());
+    EXPECT_EQ(Hit(0, 1, HIT_KIND::VERTEX), (JobPoint{FEATURE_TYPES::BOUNDARY, 1, 1}));
+    EXPECT_EQ(Hit(1, 0, HIT_KIND::VERTEX), JobPoint());
+    EXPECT_EQ(scenes->PointOf({.layer = 99}), JobPoint());
+    EXPECT_EQ(Hit(0, 0, HIT_KIND::AREA), (JobPoint{FEATURE_TYPES::BOUNDARY, 1, -1})) << "the file alone";
 }
 
 TEST_F(SceneBuilderTest, AHitOnASegmentIsItsNearerPoint) {
-    EXPECT_EQ(Hit(0, 1, false, {200, 120}).point, 1);
-    EXPECT_EQ(Hit(0, 1, false, {200, 180}).point, 2);
-    EXPECT_EQ(Hit(0, 3, false, {100, 190}).point, 3);
-    EXPECT_EQ(Hit(0, 4, true), JobPoint()) << "a point that has gone meanwhile";
-    EXPECT_EQ(Hit(0, 3, false, {100, 110}).point, 0) << "the segment that closes the ring";
+    EXPECT_EQ(Hit(0, 1, HIT_KIND::SEGMENT, {200, 120}).point, 1);
+    EXPECT_EQ(Hit(0, 1, HIT_KIND::SEGMENT, {200, 180}).point, 2);
+    EXPECT_EQ(Hit(0, 3, HIT_KIND::SEGMENT, {100, 190}).point, 3);
+    EXPECT_EQ(Hit(0, 4, HIT_KIND::VERTEX), JobPoint()) << "a point that has gone meanwhile";
+    EXPECT_EQ(Hit(0, 3, HIT_KIND::SEGMENT, {100, 110}).point, 0) << "the segment that closes the ring";
 }
 
-TEST_F(SceneBuilderTest, PointsKeepTheirGenerationUntilTheyAreOthers) {
-    const auto generations = [this] {
-        std::vector<std::uint64_t> all;
-        for (const ChartPath& path : Layer().paths) all.push_back(path.generation);
-        return all;
-    };
-    const auto first = generations();
+TEST_F(SceneBuilderTest, PathsAreMadeAnewOnlyWhenTheirPointsAreOthers) {
+    const auto first = Paths();
+    const ChartScene keepsThem = scene;
     Square().pen.colour = RGB(9, 9, 9);
-    EXPECT_EQ(generations(), first) << "another colour is no other geometry";
+    EXPECT_EQ(Paths(), first) << "another colour is no other geometry";
+    Square()[1] = tagXY(Square()[1]);
+    EXPECT_EQ(Paths(), first) << "nor is what was touched and is the same";
+    Square()[1].x += 1;
+    EXPECT_NE(Paths()[0], first[0]);
+    EXPECT_EQ(Paths()[1], first[1]);
+    EXPECT_EQ(std::get<ChartPath>(keepsThem.layers[0].items[1]).path->Points()[1], (tagXY{200, 100}))
+        << "what was drawn stays as it was";
     user::Press(job->PaneOf(FEATURE_TYPES::BOUNDARY)->GetRemoveButton());
-    EXPECT_THAT(generations(), ::testing::ElementsAre(first[1])) << "what moved up keeps its own";
-    platform.AnswerFiles({"C:\\Job\\Square.csv"});
-    user::Press(job->PaneOf(FEATURE_TYPES::BOUNDARY)->GetAddButton());
-    EXPECT_NE(generations()[1], first[0]) << "a number is never used twice";
+    EXPECT_THAT(Paths(), ::testing::ElementsAre(first[1])) << "what moved up keeps its own";
+}
+
+TEST_F(SceneBuilderTest, LongPathsAreSketchedUntilTheyAreMade) {
+    std::vector<tagXY> points;
+    for (int i = 0; i < 100000; ++i) points.push_back({i * 1.0, i % 7 * 1.0});
+    Square().Adopt(std::vector<tagXY>(points));
+    std::atomic<int> told = 0;
+    ItemMaker maker([&] { ++told; });
+    scenes = std::make_unique<SceneBuilder>(job->Features(), &maker);
+    const auto lod = [this] { return Layer().paths[0].path; };
+    const PathPtr sketch = lod();
+    EXPECT_LE(sketch->Full().VertexCount(), 8100u);
+    maker.Wait();
+    EXPECT_EQ(lod()->Full().VertexCount(), points.size()) << "swapped in whole";
+    EXPECT_EQ(lod(), lod());
+    const PathPtr whole = lod();
+    Square()[5].y = 50;
+    EXPECT_EQ(lod(), whole) << "what was drawn stays until the new one is ready";
+    Square()[5].y = 60;
+    lod();
+    maker.Wait();
+    EXPECT_EQ(lod()->Points()[5].y, 60) << "the one in between isn't wanted";
+    Square()[5].y = 70;
+    lod();
+    Square().Status = false;
+    Layer();
+    maker.Wait();
+    EXPECT_TRUE(maker.Take().empty()) << "what is hidden isn't made";
+    EXPECT_GE(told, 2);
 }
 
 }  // namespace

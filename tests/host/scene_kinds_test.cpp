@@ -8,7 +8,7 @@
 
 #include "host/scene_builder.h"
 #include "platform/headless.h"
-#include "scene/scene_paths.h"
+#include "support/scene_items.h"
 #include "support/scratch_drives.h"
 
 namespace quillon {
@@ -54,16 +54,19 @@ protected:
     void Settings(const std::string& name, std::string_view lines) {
         drives.Write("C:\\MySettings\\Host\\" + name, lines);
     }
-    const ChartLayer& Layer(std::uint64_t id) {
+    SceneItems Layer(std::uint64_t id) {
         scene = scenes->Build();
         for (const ChartLayer& layer : scene.layers) {
-            if (layer.id == id) return layer;
+            if (layer.id == id) return SceneItems(layer);
         }
         throw std::logic_error("no such layer");
     }
-    const ChartLayer& Layer(FEATURE_TYPES type) { return Layer(static_cast<std::uint64_t>(type)); }
+    SceneItems Layer(FEATURE_TYPES type) { return Layer(static_cast<std::uint64_t>(type)); }
     JobPoint Hit(FEATURE_TYPES type, std::size_t path, std::uint32_t point, tagXY at = {}, bool isVertex = true) {
-        return scenes->PointOf({Layer(type).id, path, {point, isVertex, at, 0.0}});
+        return scenes->PointOf({.layer = static_cast<std::uint64_t>(type),
+                                .item = Layer(type).pathPlaces.at(path),
+                                .kind = isVertex ? HIT_KIND::VERTEX : HIT_KIND::SEGMENT,
+                                .hit = {.point = point, .at = at}});
     }
     /// The cursor of a list and what its pane shows, after a click.
     void ExpectChosen(FEATURE_TYPES type, CFileListBase& list, const JobPoint& point) {
@@ -75,12 +78,12 @@ protected:
     }
     static std::vector<std::string> Labels(const ChartPath& path) {
         std::vector<std::string> labels;
-        for (std::size_t i = 0; i < path.points.size(); ++i) labels.push_back(path.marks.label(i));
+        for (std::size_t i = 0; i < path.path->Points().size(); ++i) labels.push_back(path.marks.label(i));
         return labels;
     }
-    static std::vector<double> Radii(const ChartLayer& layer) {
+    static std::vector<double> Radii(const SceneItems& layer) {
         std::vector<double> radii;
-        for (const ChartCircle& circle : layer.circles) radii.push_back(circle.radius);
+        for (const SceneItems::Circle& circle : layer.circles) radii.push_back(circle.radius);
         return radii;
     }
 
@@ -94,11 +97,11 @@ protected:
 // ---- Waypoints ----
 
 TEST_F(SceneKindsTest, WaypointsAreSymbolsThatNothingJoins) {
-    const ChartLayer& layer = Layer(FEATURE_TYPES::WAYPOINT);
+    const SceneItems layer = Layer(FEATURE_TYPES::WAYPOINT);
     ASSERT_THAT(layer.paths, SizeIs(1));
     const ChartPath& wells = layer.paths[0];
-    EXPECT_THAT(wells.points, ElementsAre(tagXY{100, 200}, tagXY{300, 200}));
-    EXPECT_THAT(wells.starts, ElementsAre(1u));
+    EXPECT_THAT(SceneItems::PointsOf(wells), ElementsAre(tagXY{100, 200}, tagXY{300, 200}));
+    EXPECT_EQ(wells.path->Full().PartCount(), 2u);
     EXPECT_EQ(wells.line.thickness, 0);
     EXPECT_EQ(wells.marks.symbol, 18);
     EXPECT_EQ(wells.marks.size, 3);
@@ -134,10 +137,10 @@ TEST_F(SceneKindsTest, RingsOfAWaypoint) {
     };
     for (const Row& row : rows) {
         row.change();
-        const ChartLayer& layer = Layer(FEATURE_TYPES::WAYPOINT);
+        const SceneItems layer = Layer(FEATURE_TYPES::WAYPOINT);
         EXPECT_EQ(Radii(layer), row.radii) << row.what;
-        for (const ChartCircle& ring : layer.circles) {
-            EXPECT_EQ(ring.line.colour, wells.catenaryMode ? wells.colour : wells.ringColour) << row.what;
+        for (const SceneItems::Circle& ring : layer.circles) {
+            EXPECT_EQ(ring.colour, wells.catenaryMode ? wells.colour : wells.ringColour) << row.what;
         }
     }
 }
@@ -145,19 +148,20 @@ TEST_F(SceneKindsTest, RingsOfAWaypoint) {
 // ---- Pipelines ----
 
 TEST_F(SceneKindsTest, APipelineLiesInItsCorridor) {
-    const ChartLayer& layer = Layer(FEATURE_TYPES::PIPELINE);
+    const SceneItems layer = Layer(FEATURE_TYPES::PIPELINE);
     ASSERT_THAT(layer.paths, SizeIs(2));
     const ChartPath& corridor = layer.paths[0];
-    EXPECT_TRUE(corridor.closed);
     EXPECT_FALSE(corridor.canBeHit);
-    ASSERT_THAT(corridor.points, SizeIs(6));
-    EXPECT_NEAR(corridor.points.front().y, 101, 1e-9) << "port of a line to the east is north";
-    EXPECT_NEAR(corridor.points.back().y, -49, 1e-9);
+    EXPECT_FALSE(corridor.extends);
+    const std::vector<tagXY> outline = SceneItems::PointsOf(corridor);
+    ASSERT_THAT(outline, SizeIs(6));
+    EXPECT_NEAR(outline.front().y, 101, 1e-9) << "port of a line to the east is north";
+    EXPECT_NEAR(outline.back().y, -49, 1e-9);
     EXPECT_EQ(corridor.fill.style, 3);
     EXPECT_EQ(corridor.fill.colour, 128u);
     EXPECT_EQ(corridor.line.style, 1);
     const ChartPath& pipe = layer.paths[1];
-    EXPECT_THAT(pipe.points, ElementsAre(tagXY{0, 1}, tagXY{2500, 1}, tagXY{500, 2001}));
+    EXPECT_THAT(SceneItems::PointsOf(pipe), ElementsAre(tagXY{0, 1}, tagXY{2500, 1}, tagXY{500, 2001}));
     EXPECT_EQ(pipe.line.colour, 16711680u);
     EXPECT_EQ(pipe.line.thickness, 3);
     EXPECT_EQ(Hit(FEATURE_TYPES::PIPELINE, 0, 0), JobPoint());
@@ -165,7 +169,7 @@ TEST_F(SceneKindsTest, APipelineLiesInItsCorridor) {
 }
 
 TEST_F(SceneKindsTest, KpsStandAcrossTheirLineOnItsStarboardSide) {
-    const ChartLayer& layer = Layer(FEATURE_TYPES::PIPELINE);
+    const SceneItems layer = Layer(FEATURE_TYPES::PIPELINE);
     struct Row {
         const char* text;
         tagXY at;
@@ -177,7 +181,7 @@ TEST_F(SceneKindsTest, KpsStandAcrossTheirLineOnItsStarboardSide) {
         {"0", {0, 1}, 180}, {"1", {1000, 1}, 180}, {"2", {2000, 1}, 180}, {"3", {2500 - back, 1 + back}, 45}};
     ASSERT_GE(layer.texts.size(), rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        const ChartText& text = layer.texts[i];
+        const SceneItems::Text& text = layer.texts[i];
         EXPECT_EQ(text.text, rows[i].text);
         EXPECT_NEAR(text.at.x, rows[i].at.x, 1e-6);
         EXPECT_NEAR(text.at.y, rows[i].at.y, 1e-6);
@@ -193,7 +197,7 @@ TEST_F(SceneKindsTest, KpsStandAcrossTheirLineOnItsStarboardSide) {
 }
 
 TEST_F(SceneKindsTest, TheActivePipeRouteIsDrawnButCannotBeChosen) {
-    const ChartLayer& layer = Layer(kPipeRouteLayer);
+    const SceneItems layer = Layer(kPipeRouteLayer);
     ASSERT_THAT(layer.paths, SizeIs(2));
     EXPECT_FALSE(layer.paths[1].canBeHit) << "or it would hide what lies below it from the pointer";
     EXPECT_EQ(layer.texts.size(), 6u);
@@ -206,7 +210,7 @@ TEST_F(SceneKindsTest, TheActivePipeRouteIsDrawnButCannotBeChosen) {
 TEST_F(SceneKindsTest, ARouteHasItsPointsAndLegsNamed) {
     CRoute& route = job->Features().routes[0];
     ASSERT_THAT(Layer(FEATURE_TYPES::ROUTE).paths, SizeIs(1));
-    EXPECT_FALSE(scene.layers.back().paths.empty());
+    EXPECT_FALSE(scene.layers.back().items.empty());
     EXPECT_FALSE(Layer(FEATURE_TYPES::ROUTE).paths[0].legText) << "legs are silent until they are switched on";
     route.showLegLabel = true;
     route.displayCorridor = true;
@@ -214,10 +218,10 @@ TEST_F(SceneKindsTest, ARouteHasItsPointsAndLegsNamed) {
     route.corridorColour = RGB(0, 200, 200);
     route.fill = 2;
     route.ComputeCorridor();
-    const ChartLayer& layer = Layer(FEATURE_TYPES::ROUTE);
+    const SceneItems layer = Layer(FEATURE_TYPES::ROUTE);
     ASSERT_THAT(layer.paths, SizeIs(2));
-    EXPECT_THAT(layer.paths[0].points, ElementsAre(tagXY{-10, 10}, tagXY{-10, 330}, tagXY{410, 330}, tagXY{410, 290},
-                                                   tagXY{30, 290}, tagXY{30, 10}));
+    EXPECT_THAT(SceneItems::PointsOf(layer.paths[0]), ElementsAre(tagXY{-10, 10}, tagXY{-10, 330}, tagXY{410, 330},
+                                                                  tagXY{410, 290}, tagXY{30, 290}, tagXY{30, 10}));
     EXPECT_EQ(layer.paths[0].fill.colour, RGB(0, 200, 200));
     EXPECT_THAT(Labels(layer.paths[1]), ElementsAre("A", "B", "C"));
     EXPECT_THAT(layer.paths[1].legText(0), ::testing::HasSubstr("300"));
@@ -231,11 +235,11 @@ TEST_F(SceneKindsTest, ARouteHasItsPointsAndLegsNamed) {
 // ---- Sail lines ----
 
 TEST_F(SceneKindsTest, SailLinesAreNumberedWhereTheyStart) {
-    const ChartLayer& layer = Layer(FEATURE_TYPES::SAIL_LINE);
+    const SceneItems layer = Layer(FEATURE_TYPES::SAIL_LINE);
     ASSERT_THAT(layer.paths, SizeIs(1));
     const ChartPath& block = layer.paths[0];
-    EXPECT_THAT(block.points, ElementsAre(tagXY{10, 10}, tagXY{10, 500}, tagXY{60, 500}, tagXY{60, 10}));
-    EXPECT_THAT(block.starts, ElementsAre(2u)) << "no line from the end of one to the start of the next";
+    EXPECT_THAT(SceneItems::PointsOf(block), ElementsAre(tagXY{10, 10}, tagXY{10, 500}, tagXY{60, 500}, tagXY{60, 10}));
+    EXPECT_EQ(block.path->Full().PartCount(), 2u) << "no line from the end of one to the start of the next";
     EXPECT_TRUE(block.arrows);
     EXPECT_THAT(Labels(block), ElementsAre("1", "", "2", ""));
     EXPECT_EQ(Hit(FEATURE_TYPES::SAIL_LINE, 0, 1), (JobPoint{FEATURE_TYPES::SAIL_LINE, 0, 0})) << "the end of line 1";
@@ -254,9 +258,7 @@ TEST_F(SceneKindsTest, WhatIsSwitchedOffIsNotDrawn) {
     features.routes[0].Status = false;
     features.sailLines[0].Status = false;
     for (const ChartLayer& layer : scenes->Build().layers) {
-        EXPECT_THAT(layer.paths, IsEmpty()) << layer.id;
-        EXPECT_THAT(layer.circles, IsEmpty()) << layer.id;
-        EXPECT_THAT(layer.texts, IsEmpty()) << layer.id;
+        EXPECT_THAT(layer.items, IsEmpty()) << layer.id;
     }
     EXPECT_TRUE(scenes->IsEmpty());
 }
@@ -279,14 +281,12 @@ TEST_F(SceneKindsTest, KeepsSharpBendsAndFilesOfNoUseOffTheChart) {
     }
     EXPECT_THAT(Layer(FEATURE_TYPES::BOUNDARY).paths, SizeIs(paths[1]));
     EXPECT_THAT(Layer(FEATURE_TYPES::SAIL_LINE).paths, SizeIs(paths[2]));
-    const ChartLayer& routes = Layer(FEATURE_TYPES::ROUTE);
+    const SceneItems routes = Layer(FEATURE_TYPES::ROUTE);
     EXPECT_THAT(routes.paths, SizeIs(paths[0]));
     for (const ChartPath& path : routes.paths) {
-        for (const tagXY& point : path.points) EXPECT_LT(std::abs(point.y), 1300);
+        for (const tagXY& point : SceneItems::PointsOf(path)) EXPECT_LT(std::abs(point.y), 1300);
     }
-    ScenePaths shown;
-    shown.Update(scene);
-    EXPECT_EQ(shown.Extent(scene).maxY, 2001) << "the points' own, without a corridor";
+    EXPECT_EQ(ExtentOf(scene).maxY, 2001) << "the points' own, without a corridor";
 }
 
 }  // namespace

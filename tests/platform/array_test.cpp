@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <numeric>
 #include <vector>
@@ -127,6 +128,39 @@ TEST(CArray, AdoptsAFilledVector) {
     EXPECT_EQ(array.GetSize(), 1000);
     array.Adopt({});
     EXPECT_EQ(array.GetCapacity(), 0);
+}
+
+TEST(CArray, EveryWayToChangeItGivesAnotherStampAndLeavesWhatWasLent) {
+    const std::vector<std::function<void(Array&)>> changes = {
+        [](Array& a) { a.SetSize(2); },       [](Array& a) { a.SetSize(0); },     [](Array& a) { a.Add(4); },
+        [](Array& a) { a.InsertAt(1, 4); },   [](Array& a) { a.RemoveAt(0); },    [](Array& a) { a[1] = 4; },
+        [](Array& a) { a.SetAt(2, 4); },      [](Array& a) { *a.GetData() = 4; }, [](Array& a) { *a.begin() = 4; },
+        [](Array& a) { *(a.end() - 1) = 4; }, [](Array& a) { a.Adopt({4, 4}); },  [](Array& a) { a.ElementAt(0) = 4; },
+    };
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        Array array;
+        array.Adopt({1, 2, 3});
+        const Array& readOnly = array;
+        const std::uint64_t stamp = array.GetStamp();
+        const auto lent = array.Share();
+        const Array copy = array;
+        EXPECT_EQ(readOnly[1] + *readOnly.begin() + readOnly.GetSize(), 6);
+        EXPECT_EQ(array.GetStamp(), stamp) << "reading changes nothing";
+        EXPECT_EQ(copy.GetStamp(), stamp);
+        EXPECT_EQ(array.Share(), lent) << "one and the same";
+        changes[i](array);
+        EXPECT_NE(array.GetStamp(), stamp) << i;
+        EXPECT_NE(array.Share(), lent) << i;
+        EXPECT_EQ(*lent, (std::vector<int>{1, 2, 3})) << i;
+        EXPECT_EQ(copy.GetAt(1), 2) << i;
+        EXPECT_NE(*array.Share(), *lent) << i;
+    }
+    Array from;
+    from.Adopt({1});
+    const std::uint64_t stamp = from.GetStamp();
+    const Array to = std::move(from);
+    EXPECT_EQ(to.GetStamp(), stamp);
+    EXPECT_NE(from.GetStamp(), stamp) << "NOLINT: it holds nothing now";
 }
 
 TEST(CArray, ReservesOutsideTheRule) {

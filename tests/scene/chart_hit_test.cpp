@@ -14,7 +14,7 @@ TEST(HitPath, FindsWhatLookingAtEveryPointFinds) {
     std::mt19937 random(11);
     for (const bool isClosed : {false, true}) {
         const std::vector<tagXY> walk = Walk(20000, 10, 5);
-        const PathLod lod(walk, {}, isClosed);
+        const PathLod lod = LodOf(walk, isClosed);
         int vertices = 0, segments = 0;
         for (int i = 0; i < 300; ++i) {
             const tagXY near = walk[random() % walk.size()];
@@ -43,8 +43,8 @@ TEST(HitPath, FindsWhatLookingAtEveryPointFinds) {
 
 TEST(HitPath, NamesTheVertexOrTheBeginOfTheSegment) {
     const std::vector<tagXY> points = Points("0,0 100,0 100,100 200,200 300,200");
-    const std::uint32_t starts[] = {3};
-    const PathLod lod(points, starts, true);
+    const std::vector<std::uint32_t> starts = {3};
+    const PathLod lod = LodOf(points, true, starts);
     EXPECT_EQ(HitPath(lod, {98, 3}, 5)->point, 1u);
     EXPECT_EQ(HitPath(lod, {100, 40}, 5)->point, 1u);
     EXPECT_EQ(HitPath(lod, {50, 52}, 5)->point, 2u);        // the segment that closes the first part
@@ -57,6 +57,66 @@ TEST(HitPath, AVertexComesBeforeANearerSegment) {
     EXPECT_TRUE(IsBetterHit(vertex, segment));
     EXPECT_FALSE(IsBetterHit(segment, vertex));
     EXPECT_TRUE(IsBetterHit(nearer, vertex));
+}
+
+TEST(AreaHolds, WhatLookingAtEveryEdgeFinds) {
+    std::mt19937 random(3);
+    const std::vector<tagXY> coast = Coast(5000, 20);
+    for (const bool isClosed : {false, true}) {
+        const PathLod lod = LodOf(coast, isClosed);
+        int inside = 0;
+        for (int i = 0; i < 500; ++i) {
+            const tagXY place{lod.Box().minX + lod.Box().Width() * static_cast<double>(random() % 1000) / 1000,
+                              lod.Box().minY + lod.Box().Height() * static_cast<double>(random() % 1000) / 1000};
+            bool isIn = false;
+            for (std::size_t k = 0; k < coast.size(); ++k) {
+                const tagXY a = coast[k], b = coast[(k + 1) % coast.size()];
+                const bool crosses = (a.y > place.y) != (b.y > place.y);
+                if (crosses && place.x < a.x + (place.y - a.y) / (b.y - a.y) * (b.x - a.x)) isIn = !isIn;
+            }
+            ASSERT_EQ(AreaHolds(lod, place), isIn) << i;
+            inside += isIn;
+        }
+        EXPECT_GT(inside, 100);
+    }
+    const std::vector<tagXY> parts = Points("0,0 10,0 10,10 0,10 50,0 60,0 60,10");
+    EXPECT_TRUE(AreaHolds(LodOf(parts, true, {4}), {58, 3}));
+    EXPECT_FALSE(AreaHolds(LodOf(parts, true, {4}), {30, 5})) << "between the parts";
+}
+
+TEST(HitsOf, ComeInTheOrderThatOneWouldMeanThemIn) {
+    const auto area = [](const char* points) {
+        return ChartPath{.path = MakePath(Points(points)), .fill = {kFillSolid, 0}};
+    };
+    ChartScene scene;
+    const auto values = std::make_shared<const std::vector<std::int32_t>>(16, 1234);
+    scene.layers.push_back({.id = 7,
+                            .items = {ChartImage{.raster = std::make_shared<const ChartRaster>(
+                                                     values, *values, 4, 4, tagXY{-150, -150}, 100.0)}}});
+    scene.layers.push_back({.id = 8, .items = {area("-90,-90 90,-90 90,90 -90,90"), area("-80,-80 80,-80 0,80")}});
+    ChartRings rings{.centres = MakePath(Points("0,50 500,0"), {.every = 1})};
+    rings.rings = {{20.0, {}, {}}, {50.0, {}, {}}};
+    scene.layers.push_back({.id = 9,
+                            .items = {rings, ChartPath{.path = MakePath(Points("-50,3 50,3"))},
+                                      ChartPath{.path = MakePath(Points("1,1 300,300"))},
+                                      ChartPath{.path = MakePath(Points("0,0")), .canBeHit = false}}});
+    ChartView view;
+    view.SetSize(400, 300);
+    view.SetScale(1.0);
+    std::vector<std::pair<std::uint64_t, HIT_KIND>> found;
+    std::vector<std::size_t> items;
+    for (const ChartHit& hit : HitsOf(scene, view, {200, 150}, 8)) {
+        found.push_back({hit.layer, hit.kind});
+        items.push_back(hit.item);
+    }
+    using enum HIT_KIND;
+    EXPECT_EQ(found, (std::vector<std::pair<std::uint64_t, HIT_KIND>>{
+                         {9, VERTEX}, {9, SEGMENT}, {9, RING}, {8, AREA}, {8, AREA}, {7, VALUE}}));
+    EXPECT_EQ(items, (std::vector<std::size_t>{2, 1, 0, 1, 0, 0})) << "of equals the upper one first";
+    EXPECT_EQ(HitsOf(scene, view, {200, 150}, 8).back().value, 1234);
+    EXPECT_EQ(HitScene(scene, view, {200, 150}, 8)->item, 2u);
+    EXPECT_FALSE(HitScene(scene, view, {200, 250}, 8)) << "an area alone is no hit";
+    EXPECT_FALSE(HitsOf(scene, view, {200, 250}, 8).empty());
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ std::vector<ShapeRow> ManyShapes() {
 
 TEST(PathLod, NoPointIsFartherOffThanTheLevelSays) {
     for (const ShapeRow& row : ManyShapes()) {
-        const PathLod lod(row.points, {}, false);
+        const PathLod lod = LodOf(row.points, false);
         double scale = 1e-3;
         for (int i = 0; i < 30; ++i, scale *= 2) {
             const PathLod::Level& level = lod.For(scale);
@@ -70,46 +70,132 @@ TEST(PathLod, NoPointIsFartherOffThanTheLevelSays) {
 
 TEST(PathLod, LevelsShrinkAndTogetherStaySmallerThanThePath) {
     for (const ShapeRow& row : ManyShapes()) {
-        const PathLod lod(row.points, {}, false);
+        const PathLod lod = LodOf(row.points, false);
         EXPECT_LE(lod.StoredVertices(), row.points.size()) << row.name;
     }
     const std::vector<tagXY> coast = Coast(200000, 1);
-    const PathLod lod(coast, {}, true);
+    const PathLod lod = LodOf(coast, true);
     EXPECT_LT(lod.For(20.0).VertexCount(), 6000u);
     EXPECT_LT(lod.For(2000.0).VertexCount(), 200u);
 }
 
 TEST(PathLod, ChunksHoldAllOfALevelInTheirBoxes) {
     const std::vector<tagXY> points = Coast(5000, 50);
-    const std::uint32_t starts[] = {100, 101, 3000};
-    const PathLod lod(points, starts, true);
+    const PathLod lod = LodOf(points, true, {100, 101, 3000});
     for (const double tolerance : {0.0, 50.0, 1000.0}) {
         const PathLod::Level& level = lod.For(tolerance);
         std::size_t expected = 0, parts = 0;
         double distance = 0;
         for (const PathLod::Chunk& chunk : level.Chunks()) {
-            EXPECT_EQ(chunk.first, expected);
-            expected += chunk.count;
-            parts += chunk.startsPart;
-            if (chunk.startsPart) distance = 0;
-            EXPECT_NEAR(chunk.distance, distance, 1e-6);
-            for (std::size_t i = chunk.first; i < expected; ++i) {
-                const tagXY p = points[level.PointOf(i)];
-                EXPECT_TRUE(chunk.box.Contains(p.x, p.y));
-                const bool isLast = i + 1 == expected;
-                if (isLast && chunk.next == PathLod::kNone) break;
-                const tagXY q = points[isLast ? chunk.next : level.PointOf(i + 1)];
-                EXPECT_TRUE(chunk.box.Contains(q.x, q.y));
-                distance += std::hypot(q.x - p.x, q.y - p.y);
-            }
+            ASSERT_EQ(chunk.first, expected);
+            level.EachRun(chunk, [&](const PathLod::Run& run) {
+                ASSERT_EQ(run.first, expected);
+                expected += run.count;
+                if (run.startsPart) distance = 0.0;
+                parts += run.startsPart;
+                ASSERT_NEAR(run.distance, distance, 1e-6);
+                for (std::size_t i = run.first; i < expected; ++i) {
+                    const tagXY p = points[level.PointOf(i)];
+                    ASSERT_TRUE(chunk.box.Contains(p.x, p.y));
+                    const std::uint32_t next = i + 1 < expected ? level.PointOf(i + 1) : run.next;
+                    if (next == PathLod::kNone) break;
+                    ASSERT_TRUE(chunk.box.Contains(points[next].x, points[next].y));
+                    distance += std::hypot(points[next].x - p.x, points[next].y - p.y);
+                }
+            });
         }
         EXPECT_EQ(expected, level.VertexCount());
         EXPECT_EQ(parts, 4u);
     }
-    // the part of one point has nowhere to lead on to; the last leads back to where it began
-    const std::span<const PathLod::Chunk> chunks = lod.Full().Chunks();
-    EXPECT_EQ(chunks[1].next, PathLod::kNone);
-    EXPECT_EQ(chunks.back().next, 3000u);
+    // The part of one point has nowhere to lead on to; the others lead back to where they began.
+    std::vector<std::uint32_t> last;
+    const PathLod::Level& full = lod.Full();
+    for (const PathLod::Chunk& chunk : full.Chunks()) {
+        full.EachRun(chunk, [&](const PathLod::Run& run) {
+            const std::uint32_t end = run.first + run.count;
+            if (end == 100 || end == 101 || end == 3000 || end == 5000) last.push_back(run.next);
+        });
+    }
+    EXPECT_EQ(last, (std::vector<std::uint32_t>{0, PathLod::kNone, 101, 3000}));
+}
+
+/// Squares of a metre, one every 10 m in a field of so many by so many.
+std::vector<tagXY> Squares(int side) {
+    std::vector<tagXY> points;
+    for (int i = 0; i < side * side; ++i) {
+        const double x = i % side * 10.0, y = i / side * 10.0;
+        for (const tagXY& corner : {tagXY{x, y}, tagXY{x + 1, y}, tagXY{x + 1, y + 1}, tagXY{x, y + 1}}) {
+            points.push_back(corner);
+        }
+    }
+    return points;
+}
+
+TEST(PathLod, OfManySmallPartsTogetherOneIsKept) {
+    const std::vector<tagXY> points = Squares(200);
+    const PathLod lod(ChartPoints::Lent(points), {.every = 4, .closed = true});
+    EXPECT_EQ(lod.Full().PartCount(), 40000u);
+    EXPECT_EQ(lod.For(0.3).PartCount(), 40000u) << "each is larger than that";
+    const PathLod::Level& far = lod.For(100.0);
+    EXPECT_LT(far.PartCount(), 1500u);
+    EXPECT_LT(far.VertexCount(), 5000u);
+    // One is never farther away than a part and a square of the grid are wide.
+    for (std::size_t i = 0; i < points.size(); i += 101) {
+        double nearest = 1e300;
+        for (std::size_t v = 0; v < far.VertexCount(); ++v) {
+            const tagXY p = points[far.PointOf(v)];
+            nearest = std::min(nearest, std::hypot(p.x - points[i].x, p.y - points[i].y));
+        }
+        ASSERT_LE(nearest, far.Tolerance() * 1.5) << i;
+    }
+    EXPECT_EQ(LodOf(points, false).Full().PartCount(), 1u);
+    const PathLod single(ChartPoints::Lent(points), {.every = 1});
+    EXPECT_EQ(single.LevelCount(), 1u) << "no lines, so nothing to thin";
+}
+
+TEST(PathLod, TakesSomeOfThePointsAlone) {
+    const std::vector<tagXY> points = Points("0,0 1,0 2,0 3,0 4,0 5,5");
+    const PathLod lod(ChartPoints::Lent(points), {1, 3, 5}, {.starts = {1}});
+    EXPECT_EQ(VerticesOf(lod.Full()), (std::vector<std::uint32_t>{1, 3, 5}));
+    EXPECT_EQ(lod.Full().PartCount(), 2u);
+    EXPECT_EQ(lod.Box(), (ChartBox{1, 0, 5, 5}));
+}
+
+TEST(PathLod, ASketchHasFewOfThePointsInTheirParts) {
+    struct Row {
+        const char* what;
+        PathParts parts;
+        std::size_t most, leastVertices, mostVertices, partCount;
+    };
+    const std::vector<tagXY> points = Coast(9000, 0);
+    for (const Row& row :
+         {Row{"a line", {}, 500, 400, 502, 1}, Row{"parts", {.starts = {4000, 4001}}, 500, 400, 510, 2},
+          Row{"pairs", {.every = 2}, 500, 400, 502, 250}, Row{"points", {.every = 1}, 500, 400, 502, 500},
+          Row{"few", {.starts = {9}}, 9000, 9000, 9000, 2}}) {
+        const PathLod sketch = PathLod::Sketch(ChartPoints::Lent(points), row.parts, row.most);
+        const PathLod::Level& level = sketch.Full();
+        EXPECT_GE(level.VertexCount(), row.leastVertices) << row.what;
+        EXPECT_LE(level.VertexCount(), row.mostVertices) << row.what;
+        EXPECT_EQ(level.PartCount(), row.partCount) << row.what;
+        EXPECT_EQ(level.PointOf(0), 0u) << row.what;
+        EXPECT_EQ(sketch.LevelCount(), 1u);
+        const ChartBox whole = LodOf(points, false).Box();
+        EXPECT_GT(sketch.Box().Width(), 0.99 * whole.Width()) << row.what;
+    }
+    EXPECT_TRUE(PathLod::Sketch({}, {}, 5).Box().IsEmpty());
+}
+
+TEST(PathLod, ReadsPositionsOutOfRecords) {
+    struct Record {
+        char kind;
+        tagXY at;
+        int rest;
+    };
+    const auto records = std::make_shared<const std::vector<Record>>(
+        std::vector<Record>{{'a', {1, 2}, 0}, {'b', {3, 4}, 0}, {'c', {5, 7}, 0}});
+    const PathLod lod(ChartPoints(records, &records->front().at, records->size(), sizeof(Record)), {});
+    EXPECT_EQ(lod.Box(), (ChartBox{1, 2, 5, 7}));
+    EXPECT_EQ(lod.Points()[1], (tagXY{3, 4}));
 }
 
 TEST(PathLod, PassesOverWhatIsNoPlace) {
@@ -118,14 +204,13 @@ TEST(PathLod, PassesOverWhatIsNoPlace) {
     points[3].y = std::numeric_limits<double>::infinity();
     points[4].x = MISSING_VALUE;
     points[7].y = -1e300;
-    const std::uint32_t starts[] = {4};
-    const PathLod lod(points, starts, false);
+    const PathLod lod = LodOf(points, false, {4});
     EXPECT_EQ(VerticesOf(lod.Full()), (std::vector<std::uint32_t>{1, 2, 5, 6}));
     EXPECT_EQ(lod.Box(), (ChartBox{1, 1, 6, 6}));
-    ASSERT_EQ(lod.Full().Chunks().size(), 2u);  // the part that begins with a point of no use begins with the next
+    EXPECT_EQ(lod.Full().PartCount(), 2u) << "the part that begins with a point of no use begins with the next";
 
-    EXPECT_TRUE(PathLod(std::span(points).first(1), {}, true).Box().IsEmpty());
-    EXPECT_TRUE(PathLod({}, {}, true).Full().Chunks().empty());
+    EXPECT_TRUE(LodOf({points[0]}, true).Box().IsEmpty());
+    EXPECT_TRUE(PathLod({}, PathParts{}).Full().Chunks().empty());
 }
 
 }  // namespace

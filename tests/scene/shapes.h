@@ -8,6 +8,7 @@
 
 #include "foundation/values.h"
 #include "platform/text.h"
+#include "scene/path_lod.h"
 
 namespace quillon {
 
@@ -20,6 +21,11 @@ inline std::vector<tagXY> Points(std::string_view text) {
         text.remove_prefix(end);
     }
     return points;
+}
+
+/// Over points that the caller keeps.
+inline PathLod LodOf(const std::vector<tagXY>& points, bool closed, std::vector<std::uint32_t> starts = {}) {
+    return {ChartPoints::Lent(points), {.starts = std::move(starts), .closed = closed}};
 }
 
 /// A ring round 500000, 6000000 with bays of every size down to single points, and `noise` metres of jitter on top.

@@ -40,7 +40,7 @@ double DistanceToPath(PixelPoint p, const std::vector<tagXY>& points, const Char
 
 TEST(VisibleLine, IsTrueToThePathBothWaysAtEveryScale) {
     const std::vector<tagXY> coast = Coast(20000, 3);
-    const PathLod lod(coast, {}, true);
+    const PathLod lod = LodOf(coast, true);
     const DrawingLimits limits;
     PixelLines lines;
     for (const double scale : {100.0, 20.0, 4.0, 0.5, 0.02}) {
@@ -62,7 +62,7 @@ TEST(VisibleLine, IsTrueToThePathBothWaysAtEveryScale) {
 
 TEST(VisibleLine, ReachesAcrossTheViewWithoutAPointInIt) {
     const std::vector<tagXY> points = Points("-1e6,0 1e6,0 1e6,1e6");
-    const PathLod lod(points, {}, false);
+    const PathLod lod = LodOf(points, false);
     PixelLines lines;
     VisibleLine(lod, ViewOf({0, 10}, 1.0), {.margin = 0}, lines);
     ASSERT_EQ(lines.runs.size(), 1u);
@@ -72,9 +72,9 @@ TEST(VisibleLine, ReachesAcrossTheViewWithoutAPointInIt) {
 
 TEST(VisibleLine, PartsAreNotJoined) {
     const std::vector<tagXY> points = Points("0,0 10,0 10,10 50,50 60,50 60,60");
-    const std::uint32_t starts[] = {3};
+    const std::vector<std::uint32_t> starts = {3};
     PixelLines lines;
-    VisibleLine(PathLod(points, starts, true), ViewOf({30, 30}, 1.0), {}, lines);
+    VisibleLine(LodOf(points, true, starts), ViewOf({30, 30}, 1.0), {}, lines);
     ASSERT_EQ(lines.runs.size(), 2u);
     EXPECT_EQ(lines.EndOf(0), 4u);  // three corners and back to the first
     EXPECT_EQ(lines.points[4], lines.points[7]);
@@ -82,7 +82,7 @@ TEST(VisibleLine, PartsAreNotJoined) {
 
 TEST(VisibleLine, DrawsOnlyPartOfWhatLiesOverItselfButItsExtremes) {
     const std::vector<tagXY> noise = Coast(100000, 500);
-    const PathLod lod(noise, {}, true);
+    const PathLod lod = LodOf(noise, true);
     const DrawingLimits limits{.mostVertices = 5000};
     ChartView view = ViewOf({500000, 6000000}, 1.0);
     view.ZoomTo(lod.Box());
@@ -101,7 +101,7 @@ TEST(VisibleLine, DrawsOnlyPartOfWhatLiesOverItselfButItsExtremes) {
 
 TEST(VisibleLine, CoversAViewThatItsLinesCrossAllOverWithoutDrawingThemAll) {
     const std::vector<tagXY> noise = Coast(100000, 5000);
-    const PathLod lod(noise, {}, true);
+    const PathLod lod = LodOf(noise, true);
     const DrawingLimits limits{.mostPixels = 1e5};
     PixelLines lines;
     for (const double scale : {60.0, 5.0, 0.5}) {
@@ -138,7 +138,7 @@ int Winding(const PixelPoint* begin, const PixelPoint* end, double x, double y) 
 
 TEST(VisibleArea, CoversWhatThePathEncloses) {
     const std::vector<tagXY> coast = Coast(20000, 3);
-    const PathLod lod(coast, {}, true);
+    const PathLod lod = LodOf(coast, true);
     PixelLines areas;
     for (const double scale : {100.0, 20.0, 1.0, 0.05}) {
         const ChartView view = ViewOf(coast[777], scale);
@@ -162,7 +162,7 @@ TEST(VisibleArea, CoversWhatThePathEncloses) {
 
 TEST(VisibleMarks, AreThinnedWhereTheyCrowdAndCompleteWhereTheyDont) {
     const std::vector<tagXY> coast = Coast(20000, 3);
-    const PathLod lod(coast, {}, true);
+    const PathLod lod = LodOf(coast, true);
     std::vector<PixelMark> marks;
     VisibleMarks(lod, ViewOf({500000, 6000000}, 150), 20, marks);
     EXPECT_GT(marks.size(), 30u);
@@ -190,7 +190,7 @@ TEST(VisibleMarks, AreThinnedWhereTheyCrowdAndCompleteWhereTheyDont) {
 
 TEST(VisibleMarks, PanningDoesNotChangeTheChoice) {
     const std::vector<tagXY> coast = Coast(20000, 3);
-    const PathLod lod(coast, {}, true);
+    const PathLod lod = LodOf(coast, true);
     const auto chosen = [&](double shift) {
         ChartView view = ViewOf(coast[0], 30);
         view.Pan(shift, shift / 3);
@@ -211,7 +211,7 @@ TEST(VisibleMarks, PanningDoesNotChangeTheChoice) {
 TEST(VisibleLegs, AreThoseLongEnoughForAText) {
     const std::vector<tagXY> points = Points("0,0 100,0 110,0 110,1000 5000,1000");
     std::vector<PixelLeg> legs;
-    VisibleLegs(PathLod(points, {}, false), ViewOf({100, 0}, 1.0), 60, legs);
+    VisibleLegs(LodOf(points, false), ViewOf({100, 0}, 1.0), 60, legs);
     ASSERT_EQ(legs.size(), 2u);
     EXPECT_EQ(legs[0].point, 0u);
     EXPECT_EQ(legs[1].point, 2u);

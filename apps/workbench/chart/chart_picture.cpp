@@ -3,12 +3,11 @@
 #include "chart/chart_painter.h"
 
 namespace quillon {
+
 QImage RenderChart(const ChartScene& scene, const QSize& size, bool night) {
-    ScenePaths paths;
-    paths.Update(scene);
     ChartView view;
     view.SetSize(size.width(), size.height());
-    view.ZoomTo(paths.Extent(scene));
+    view.ZoomTo(ExtentOf(scene));
     return RenderChart(scene, view, night, 1.0);
 }
 

@@ -7,7 +7,9 @@
 #include <cmath>
 #include <utility>
 
+#include "chart/furniture_painter.h"
 #include "chart/qpainter_device.h"
+#include "scene/chart_colours.h"
 
 namespace quillon {
 namespace {
@@ -28,7 +30,15 @@ PixelPoint PixelOf(QPointF point) {
 
 }  // namespace
 
-ChartWidget::ChartWidget(QWidget* parent) : QWidget(parent) {
+ChartWidget::ChartWidget(QWidget* parent)
+    : QWidget(parent), frames([this] {
+          QMetaObject::invokeMethod(
+              this,
+              [this] {
+                  if (frames.Take()) update();
+              },
+              Qt::QueuedConnection);
+      }) {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -48,15 +58,16 @@ void ChartWidget::ViewChanged() {
 }
 
 void ChartWidget::SetScene(ChartScene newScene) {
-    scene = std::move(newScene);
-    painter.Paths().Update(scene);
-    if (waitsForFirstView && !painter.Paths().Extent(scene).IsEmpty()) ZoomToAll();
+    scene = std::make_shared<const ChartScene>(std::move(newScene));
+    if (waitsForFirstView && !ExtentOf(*scene).IsEmpty()) ZoomToAll();
     Redraw();
 }
 
 void ChartWidget::SetShown(std::optional<tagXY> point) {
-    if (scene.shown == point) return;
-    scene.shown = point;
+    if (scene->shown == point) return;
+    auto changed = std::make_shared<ChartScene>(*scene);
+    changed->shown = point;
+    scene = std::move(changed);
     Redraw();
 }
 
@@ -73,7 +84,7 @@ void ChartWidget::SetView(tagXY centre, double metresPerPixel) {
 }
 
 void ChartWidget::ZoomToAll() {
-    ZoomTo(painter.Paths().Extent(scene));
+    ZoomTo(ExtentOf(*scene));
 }
 
 void ChartWidget::ZoomTo(const ChartBox& box) {
@@ -102,14 +113,17 @@ void ChartWidget::PanBy(double dx, double dy) {
     ViewChanged();
 }
 
-void ChartWidget::PaintFrame() {
+void ChartWidget::AskForFrame() {
     const double scale = devicePixelRatioF();
-    const QSize wanted = (QSizeF(size()) * scale).toSize();
-    if (frame.size() != wanted) frame = QImage(wanted, QImage::Format_RGB32);
-    frame.setDevicePixelRatio(scale);
-    QPainter target(&frame);
-    painter.Paint(target, view, scene, isNight);
-    isFrameOld = false;
+    if (!std::exchange(isFrameOld, false) && scale == askedScale) return;
+    askedScale = scale;
+    frames.Ask(scene, view, isNight, scale);
+}
+
+void ChartWidget::Settle() {
+    AskForFrame();
+    frames.Settle();
+    update();
 }
 
 void ChartWidget::PaintBox(QPainter& target) const {
@@ -121,12 +135,12 @@ void ChartWidget::PaintBox(QPainter& target) const {
     target.drawRect(box.toRect());
 }
 
-void ChartWidget::paintEvent(QPaintEvent* event) {
-    if (isFrameOld || frame.devicePixelRatio() != devicePixelRatioF()) PaintFrame();
+void ChartWidget::paintEvent(QPaintEvent*) {
+    AskForFrame();
     QPainter target(this);
-    const double scale = frame.devicePixelRatio();
-    const QRectF part = event->rect();
-    target.drawImage(part, frame, QRectF(part.topLeft() * scale, part.size() * scale));
+    frames.Show(target, view, isNight);
+    PaintFurniture(target, view, scene->shown, isNight);
+    target.setRenderHint(QPainter::Antialiasing, false);
     if (drag == DRAG::BOX) PaintBox(target);
     if (hasFocus()) {
         target.setPen(ToQColor(ColoursOf(isNight).gridText));
@@ -138,7 +152,7 @@ void ChartWidget::paintEvent(QPaintEvent* event) {
 void ChartWidget::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     view.SetSize(width(), height());
-    if (std::exchange(waitsForFirstView, waitsForFirstView && scene.layers.empty())) ZoomToAll();
+    if (std::exchange(waitsForFirstView, waitsForFirstView && scene->layers.empty())) ZoomToAll();
     ViewChanged();
 }
 
@@ -194,8 +208,7 @@ void ChartWidget::EndDrag() {
 
 void ChartWidget::Click(QPointF at) {
     if (!onClick) return;
-    painter.Paths().Update(scene);
-    onClick(view.ToWorld(PixelOf(at)), painter.Paths().Hit(scene, view, PixelOf(at), kHitRadius));
+    onClick(view.ToWorld(PixelOf(at)), HitScene(*scene, view, PixelOf(at), kHitRadius));
 }
 
 void ChartWidget::keyPressEvent(QKeyEvent* event) {

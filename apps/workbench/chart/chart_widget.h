@@ -6,24 +6,24 @@
 #include <functional>
 #include <optional>
 
-#include "chart/chart_painter.h"
+#include "chart/chart_frames.h"
+#include "scene/chart_hit.h"
 
 namespace quillon {
 
-/// The chart on the screen.
+/// The chart on the screen. It is painted on another thread: what the operator does shows at once, by the picture at
+/// hand, and is refined a moment later.
 ///
 /// The wheel zooms at the cursor, dragging pans, dragging with Shift or Ctrl zooms to a box. With the keyboard: plus
 /// and minus zoom, the arrows pan (with Shift by less), Home shows everything, Escape drops a drag. A click reports
 /// what lies under it.
-///
-/// The points of the scene are lent: whoever changes them sets a new scene before the next paint.
 class ChartWidget : public QWidget {
 public:
     explicit ChartWidget(QWidget* parent = nullptr);
 
     /// The first scene with anything in it is shown whole; later ones leave the view where it is.
     void SetScene(ChartScene newScene);
-    const ChartScene& Scene() const { return scene; }
+    const ChartScene& Scene() const { return *scene; }
     /// Marks a point above everything; nothing for none.
     void SetShown(std::optional<tagXY> point);
     void SetNight(bool on);
@@ -43,6 +43,9 @@ public:
     std::function<void(tagXY, const std::optional<ChartHit>&)> onClick;
     std::function<void()> onViewChanged;
 
+    /// Waits until what is on the screen is what the scene and the view are.
+    void Settle();
+
     QSize sizeHint() const override { return {900, 600}; }
 
 protected:
@@ -60,18 +63,18 @@ private:
 
     void Redraw();
     void ViewChanged();
-    void PaintFrame();
+    void AskForFrame();
     void PaintBox(QPainter& painter) const;
     void BeginDrag(Qt::KeyboardModifiers modifiers);
     void EndDrag();
     void Click(QPointF at);
     void TellCursor();
 
-    ChartScene scene;
+    std::shared_ptr<const ChartScene> scene = std::make_shared<const ChartScene>();
     ChartView view;
-    ChartPainter painter;
-    QImage frame;  ///< the chart as last painted, without what the mouse draws over it
-    bool isFrameOld = true;
+    ChartFrames frames;
+    bool isFrameOld = true;   ///< nothing has been asked for since something has changed
+    double askedScale = 0.0;  ///< pixels of the picture to one of the view
     bool isNight = false;
     bool waitsForFirstView = true;
     DRAG drag = DRAG::NONE;

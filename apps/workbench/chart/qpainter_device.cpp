@@ -81,7 +81,7 @@ FontMeasures::FontMeasures(const CFont& source) : key(source), font(ToQFont(sour
 }
 
 const FontMeasures& FontMeasures::Of(const CFont& font) {
-    static std::vector<std::unique_ptr<FontMeasures>> known;
+    thread_local std::vector<std::unique_ptr<FontMeasures>> known;
     CFont level = font;
     level.escapement = 0;
     for (const auto& measures : known) {

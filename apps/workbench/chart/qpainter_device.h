@@ -48,7 +48,7 @@ private:
 /// The toolkit's font for one of ours, without kerning, so that a text is as wide as its letters together.
 QFont ToQFont(const CFont& font);
 
-/// How wide letters are and where they stand, worked out once for each font. On the user-interface thread.
+/// How wide letters are and where they stand, worked out once for each font by each thread.
 class FontMeasures {
 public:
     static const FontMeasures& Of(const CFont& font);

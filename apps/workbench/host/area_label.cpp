@@ -163,7 +163,7 @@ void TurnAlong(const Ring& ring, AreaLabel& label) {
     label.room = longest;
 }
 
-Ring Thinned(std::span<const tagXY> ring) {
+Ring Thinned(const ChartPoints& ring) {
     const std::size_t step = ring.size() / kMostPoints + 1;
     Ring thinned;
     for (std::size_t i = 0; i < ring.size(); i += step) thinned.push_back(ring[i]);
@@ -172,7 +172,7 @@ Ring Thinned(std::span<const tagXY> ring) {
 
 }  // namespace
 
-std::optional<AreaLabel> PlaceAreaLabel(std::span<const tagXY> points) {
+std::optional<AreaLabel> PlaceAreaLabel(const ChartPoints& points) {
     if (points.size() < 3) return std::nullopt;
     const Ring ring = Thinned(points);
     const tagXY at = InnerPlace(ring, BoundsOf(ring));

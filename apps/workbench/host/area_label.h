@@ -1,9 +1,8 @@
 #pragma once
 
 #include <optional>
-#include <span>
 
-#include "foundation/values.h"
+#include "scene/chart_points.h"
 
 namespace quillon {
 
@@ -19,6 +18,6 @@ struct AreaLabel {
 /// A place well inside the polygon, near its middle, that is as far from the edges as the polygon allows; the ring is
 /// closed in thought. None with fewer than 3 points or without an inside. Of a ring with very many points a few
 /// hundred are looked at, so that the time is bounded.
-std::optional<AreaLabel> PlaceAreaLabel(std::span<const tagXY> ring);
+std::optional<AreaLabel> PlaceAreaLabel(const ChartPoints& ring);
 
 }  // namespace quillon

@@ -1,13 +1,30 @@
 #include "host/scene_builder.h"
 
+#include <bit>
 #include <cmath>
 
 #include "host/scene_kinds.h"
 
 namespace quillon {
+namespace {
+
+/// Levels of so many points are made in a moment.
+constexpr std::size_t kMadeAtOnce = 20000;
+/// What a path is shown with until its levels are made.
+constexpr std::size_t kSketchPoints = 8000;
+
+bool AreEqual(const ChartPoints& a, const ChartPoints& b) {
+    if (a.size() != b.size()) return false;
+    std::size_t same = 0;
+    while (same < a.size() && a[same] == b[same]) ++same;
+    return same == a.size();
+}
+
+}  // namespace
 
 ChartScene SceneBuilder::Build() {
     ChartScene scene;
+    TakeReady();
     recordOf.clear();
     before = std::exchange(kept, {});
     for (const SceneKind& kind : SceneKinds()) {
@@ -17,57 +34,101 @@ ChartScene SceneBuilder::Build() {
         kind.add(*this);
     }
     layer = nullptr;
-    before.clear();
+    DropUnused();
     return scene;
 }
 
-ScenePoints& SceneBuilder::Keep(const std::string& name, std::size_t count,
-                                const std::function<tagXY(std::size_t)>& point) {
-    const KeptPoints::key_type key(layer->id, name);
-    ScenePoints& now = kept[key];
-    if (const auto old = before.find(key); old != before.end()) now = old->second;
-    if (now.points && now.points->size() == count) {
-        std::size_t same = 0;
-        while (same < count && (*now.points)[same] == point(same)) ++same;
-        if (same == count) return now;
+void SceneBuilder::TakeReady() {
+    if (!maker) return;
+    for (ItemMaker::Made& made : maker->Take()) {
+        for (auto& [name, item] : kept) {
+            if (item.ticket != made.ticket) continue;
+            item.data = std::move(made.data);
+            item.ticket = 0;
+            break;
+        }
     }
-    auto points = std::make_shared<std::vector<tagXY>>();
-    points->reserve(count);
-    for (std::size_t i = 0; i < count; ++i) points->push_back(point(i));
-    now = {std::move(points), ++lastGeneration, false, std::nullopt};
-    return now;
 }
 
-ChartPath SceneBuilder::PathOver(const ScenePoints& kept) {
-    ChartPath path;
-    path.points = *kept.points;
-    path.owner = kept.points;
-    path.generation = kept.generation;
+void SceneBuilder::DropUnused() {
+    for (const auto& [name, item] : before) {
+        if (item.ticket != 0) maker->Drop(item.ticket);
+    }
+    before.clear();
+}
+
+SceneBuilder::Kept& SceneBuilder::Find(const std::string& name) {
+    KeptByName::key_type key(layer->id, name);
+    if (auto old = before.extract(key)) return kept.insert(std::move(old)).position->second;
+    return kept[std::move(key)];
+}
+
+SceneBuilder::Data SceneBuilder::KeepAny(const std::string& name, std::uint64_t stamp,
+                                         const std::function<Data()>& make) {
+    Kept& item = Find(name);
+    if (item.stamp != stamp || !item.data) {
+        item.data = make();
+        item.stamp = stamp;
+    }
+    return item.data;
+}
+
+void SceneBuilder::AskFor(Kept& item, ItemMaker::Make make) {
+    if (item.ticket != 0) maker->Drop(item.ticket);
+    item.ticket = maker->Ask(std::move(make));
+}
+
+SceneBuilder::Data SceneBuilder::KeepAnyLater(const std::string& name, std::uint64_t stamp, ItemMaker::Make make) {
+    Kept& item = Find(name);
+    if (std::exchange(item.stamp, stamp) == stamp) return item.data;
+    if (maker) {
+        AskFor(item, std::move(make));
+    } else {
+        item.data = make(ItemMaker::Stop(false));
+    }
+    return item.data;
+}
+
+PathPtr SceneBuilder::KeepPath(const std::string& name, std::uint64_t stamp, const PathParts& parts,
+                               const std::function<ChartPoints()>& make) {
+    Kept& item = Find(name);
+    auto path = std::static_pointer_cast<const PathLod>(item.data);
+    if (std::exchange(item.stamp, stamp) == stamp) return path;
+    const ChartPoints points = make();
+    if (path && item.ticket == 0 && AreEqual(path->Points(), points)) return path;
+    if (maker && points.size() > kMadeAtOnce) {
+        AskFor(item, [points, parts](const ItemMaker::Stop& stop) {
+            return std::make_shared<const PathLod>(points, parts, &stop);
+        });
+        if (!path) path = std::make_shared<const PathLod>(PathLod::Sketch(points, parts, kSketchPoints));
+    } else {
+        if (item.ticket != 0) maker->Drop(std::exchange(item.ticket, 0));
+        path = std::make_shared<const PathLod>(points, parts);
+    }
+    item.data = path;
     return path;
 }
 
-void SceneBuilder::AddPath(int file, ChartPath path, int pointsPerRecord) {
+void SceneBuilder::Add(int file, ChartItem item, int pointsPerRecord) {
+    if (file < 0) {
+        if (auto* const path = std::get_if<ChartPath>(&item)) path->canBeHit = false;
+    }
     recordOf[layer->id].push_back({file, pointsPerRecord});
-    layer->paths.push_back(std::move(path));
-}
-
-void SceneBuilder::AddBackground(ChartPath path) {
-    path.canBeHit = false;
-    path.extends = false;
-    AddPath(-1, std::move(path));
+    layer->items.push_back(std::move(item));
 }
 
 JobPoint SceneBuilder::PointOf(const ChartHit& hit) const {
     const auto records = recordOf.find(hit.layer);
     const FeatureKind* const kind = FindFeatureKind(static_cast<FEATURE_TYPES>(hit.layer));
-    if (!kind || records == recordOf.end() || hit.path >= records->second.size()) return {};
-    const Shown& shown = records->second[hit.path];
+    if (!kind || records == recordOf.end() || hit.item >= records->second.size()) return {};
+    const Shown& shown = records->second[hit.item];
     const CFileListBase& list = kind->list(features);
     if (!list.IsValidIndex(shown.file)) return {};
+    if (hit.kind == HIT_KIND::AREA) return {kind->type, shown.file, -1};
     const int count = list.GetPointCount(shown.file);
     const JobPoint first{kind->type, shown.file, static_cast<int>(hit.hit.point) / shown.pointsPerRecord};
     if (first.point >= count) return {};
-    if (hit.hit.isVertex || shown.pointsPerRecord > 1) return first;
+    if (hit.kind != HIT_KIND::SEGMENT || shown.pointsPerRecord > 1) return first;
     const auto distance = [&](int point) {
         const tagXY at = kind->point(features, first.file, point);
         return std::hypot(at.x - hit.hit.at.x, at.y - hit.hit.at.y);
@@ -75,6 +136,14 @@ JobPoint SceneBuilder::PointOf(const ChartHit& hit) const {
     // Behind the last point a segment leads back to the first, where the path is closed.
     const int next = first.point + 1 < count ? first.point + 1 : 0;
     return distance(next) < distance(first.point) ? JobPoint{first.type, first.file, next} : first;
+}
+
+std::uint64_t MixedStamp(std::uint64_t stamp, double setting) {
+    // The finaliser of Steele, Lea and Flood, "Fast splittable pseudorandom number generators" (2014).
+    std::uint64_t mixed = stamp * 0x9E3779B97F4A7C15 + std::bit_cast<std::uint64_t>(setting);
+    mixed = (mixed ^ (mixed >> 30)) * 0xBF58476D1CE4E5B9;
+    mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EB;
+    return mixed ^ (mixed >> 31);
 }
 
 }  // namespace quillon

@@ -4,31 +4,26 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "host/area_label.h"
 #include "host/job.h"
 #include "scene/chart_hit.h"
 #include "scene/chart_scene.h"
+#include "scene/item_maker.h"
 
 namespace quillon {
 
-/// What is kept of the points of one feature from scene to scene, so that the chart works out anew only what has
-/// changed. A copy: a scene outlives the features that it shows.
-struct ScenePoints {
-    std::shared_ptr<const std::vector<tagXY>> points;
-    std::uint64_t generation = 0;  ///< no two sets of points share one
-    bool areaLabelPlaced = false;
-    std::optional<AreaLabel> areaLabel;
-};
-
 /// Turns the features of a job into what the chart draws: one layer a kind. What is hidden isn't in the scene.
+///
+/// What is worked out from a feature's data (its path with all levels of detail, where its name stands) is kept under a
+/// name for as long as the stamp of the data stays what it was, so that a change of style costs next to nothing. With
+/// an `ItemMaker` long paths are made in the background: until one is ready the scene has the one before, or a sketch.
+/// Then the maker says so, and the next `Build` has it.
 class SceneBuilder {
 public:
-    explicit SceneBuilder(JobFeatures& job) : features(job) {}
+    explicit SceneBuilder(JobFeatures& job, ItemMaker* background = nullptr) : features(job), maker(background) {}
 
     /// The features as they stand.
     ChartScene Build();
@@ -36,35 +31,64 @@ public:
     /// Whether there was nothing to draw in the scene last built.
     bool IsEmpty() const { return recordOf.empty(); }
 
-    /// The point of the job behind a hit in the scene last built; of a line between two points its nearer one.
+    /// The point of the job behind a hit in the scene last built; of a line between two points its nearer one. Of an
+    /// area the file alone.
     JobPoint PointOf(const ChartHit& hit) const;
 
-    // For the functions of the kinds, while a scene is built.
+    // For the functions of the kinds, while a scene is built. Names are unique within a layer.
+
     const JobFeatures& Features() const { return features; }
-    ChartLayer& Layer() { return *layer; }
-    /// The points known under a name within the layer.
-    ScenePoints& Keep(const std::string& name, std::size_t count, const std::function<tagXY(std::size_t)>& point);
-    /// An empty path over kept points.
-    static ChartPath PathOver(const ScenePoints& kept);
-    /// A path that shows the file with that index, with so many points a record.
-    void AddPath(int file, ChartPath path, int pointsPerRecord = 1);
-    /// A path below those that can be hit, such as a corridor. What is shown in all doesn't grow by it.
-    void AddBackground(ChartPath path);
+    /// What `make` gives, made anew only when the stamp is another.
+    template <class T>
+    std::shared_ptr<const T> Keep(const std::string& name, std::uint64_t stamp,
+                                  const std::function<std::shared_ptr<const T>()>& make) {
+        return std::static_pointer_cast<const T>(KeepAny(name, stamp, make));
+    }
+    /// The path over some points, which are asked for only when the stamp is another. Its levels are made only if they
+    /// are other points, and in the background where they are many.
+    PathPtr KeepPath(const std::string& name, std::uint64_t stamp, const PathParts& parts,
+                     const std::function<ChartPoints()>& make);
+    /// What `make` gives, made in the background; null until then. It must own what it works with.
+    template <class T>
+    std::shared_ptr<const T> KeepLater(const std::string& name, std::uint64_t stamp,
+                                       std::function<std::shared_ptr<const T>(const ItemMaker::Stop& stop)> make) {
+        return std::static_pointer_cast<const T>(KeepAnyLater(name, stamp, std::move(make)));
+    }
+    /// An item that shows the file with that index, with so many points a record.
+    void Add(int file, ChartItem item, int pointsPerRecord = 1);
+    /// An item that shows nothing that could be chosen.
+    void AddBackground(ChartItem item) { Add(-1, std::move(item)); }
 
 private:
-    /// What of the job a path shows.
+    /// What of the job an item shows.
     struct Shown {
         int file;  ///< -1: nothing that could be chosen
         int pointsPerRecord;
     };
-    using KeptPoints = std::map<std::pair<std::uint64_t, std::string>, ScenePoints>;
+    using Data = std::shared_ptr<const void>;
+    struct Kept {
+        std::uint64_t stamp = 0;  ///< of the data, or of those that are being made
+        Data data;
+        std::uint64_t ticket = 0;  ///< of the maker; 0: the data are what they are to be
+    };
+    using KeptByName = std::map<std::pair<std::uint64_t, std::string>, Kept>;
+
+    Kept& Find(const std::string& name);
+    Data KeepAny(const std::string& name, std::uint64_t stamp, const std::function<Data()>& make);
+    Data KeepAnyLater(const std::string& name, std::uint64_t stamp, ItemMaker::Make make);
+    void AskFor(Kept& item, ItemMaker::Make make);
+    void TakeReady();
+    void DropUnused();
 
     JobFeatures& features;
+    ItemMaker* maker;
     ChartLayer* layer = nullptr;
-    KeptPoints kept;                                       // of this scene
-    KeptPoints before;                                     // of the scene before, while this one is built
-    std::map<std::uint64_t, std::vector<Shown>> recordOf;  // by layer, in the order of its paths
-    std::uint64_t lastGeneration = 0;
+    KeptByName kept;                                       // of this scene
+    KeptByName before;                                     // of the scene before, while this one is built
+    std::map<std::uint64_t, std::vector<Shown>> recordOf;  // by layer, in the order of its items
 };
+
+/// A stamp for what hangs on data and on a number of their settings.
+std::uint64_t MixedStamp(std::uint64_t stamp, double setting);
 
 }  // namespace quillon

@@ -5,9 +5,14 @@
 #include <cmath>
 #include <utility>
 
+#include "features/leg.h"
 #include "foundation/angle_units.h"
 #include "foundation/columns.h"
+#include "host/area_label.h"
+#include "host/corridor_outline.h"
+#include "host/name_table.h"
 #include "host/scene_builder.h"
+
 #include "platform/text.h"
 
 namespace quillon {
@@ -46,99 +51,101 @@ std::string LabelText(SYMBOL_LABEL_MODE mode, const std::string& name, const std
     }
 }
 
-/// The labels of the points of a path, by their mode. The names are copied: a scene outlives the features.
+/// The labels of the points of a path, by their mode.
 ChartTextOf PointLabels(SYMBOL_LABEL_MODE mode, LABEL_POSITION position, const std::string& description,
-                        const ScenePoints& kept, std::vector<std::string> names) {
+                        const PathPtr& path, ChartTextOf nameOf) {
     if (mode == LABEL_NONE || position == SIDE_NONE) return {};
-    auto shared = std::make_shared<const std::vector<std::string>>(std::move(names));
-    return [mode, description, points = kept.points, shared](std::size_t index) {
-        return LabelText(mode, index < shared->size() ? (*shared)[index] : std::string(), description,
-                         (*points)[index]);
+    return [mode, description, path, nameOf = std::move(nameOf)](std::size_t index) {
+        const bool isNamed = mode == LABEL_NAME || mode == LABEL_NAME_COORDINATES;
+        return LabelText(mode, isNamed && nameOf ? nameOf(index) : std::string(), description, path->Points()[index]);
     };
 }
 
-template <class Records, class Name>
-std::vector<std::string> NamesOf(const Records& records, Name name) {
-    std::vector<std::string> names;
-    names.reserve(static_cast<std::size_t>(records.GetSize()));
-    for (std::ptrdiff_t i = 0; i < records.GetSize(); ++i) names.push_back(name(records[i]));
-    return names;
-}
-
-/// The points of a feature, each where `position` says.
-template <class Records, class Position>
-ScenePoints& KeepRecords(SceneBuilder& scene, const std::string& name, const Records& records, Position position) {
-    return scene.Keep(name, static_cast<std::size_t>(records.GetSize()),
-                      [&](std::size_t i) { return position(records[static_cast<std::ptrdiff_t>(i)]); });
-}
-
-/// A corner as it is drawn: no farther from its point than some widths. At a sharp bend the lines of a corridor cross
-/// far off, and the area would lie across half the chart.
-tagXY DrawnCorner(tagXY at, tagXY corner, double width) {
-    constexpr double kFarthestWidths = 10.0;
-    const double limit = kFarthestWidths * std::abs(width);
-    const double distance = std::hypot(corner.x - at.x, corner.y - at.y);
-    if (!(distance > limit)) return corner;
-    return {at.x + (corner.x - at.x) * (limit / distance), at.y + (corner.y - at.y) * (limit / distance)};
-}
-
-/// How to find the sides of a corridor in its records.
-template <class Record>
-struct CorridorSides {
-    tagXY (*position)(const Record&);
-    tagXY Record::*port;
-    tagXY Record::*starboard;
-};
-
-/// The strip between the two sides of a corridor, whose corners the records hold.
-template <class Records, class Record>
-ScenePoints& KeepCorridor(SceneBuilder& scene, const std::string& path, const Records& records,
-                          const CorridorSides<Record>& sides, double portWidth, double starboardWidth) {
-    const auto count = static_cast<std::size_t>(records.GetSize());
-    return scene.Keep(path + "|corridor", 2 * count, [&](std::size_t i) {
-        const Record& record = records[static_cast<std::ptrdiff_t>(i < count ? i : 2 * count - 1 - i)];
-        const tagXY at = sides.position(record);
-        return i < count ? DrawnCorner(at, record.*sides.port, portWidth)
-                         : DrawnCorner(at, record.*sides.starboard, starboardWidth);
+/// The names of records, copied where labels show them: a scene outlives the features.
+template <class Records>
+ChartTextOf NamesOf(SceneBuilder& scene, const std::string& path, const Records& records, SYMBOL_LABEL_MODE mode) {
+    if (mode != LABEL_NAME && mode != LABEL_NAME_COORDINATES) return {};
+    const auto names = scene.Keep<NameTable>(path + "|names", records.GetStamp(), [&records] {
+        auto table = std::make_shared<NameTable>();
+        for (const auto& record : records) table->Add(record.name);
+        return table;
     });
+    return [names](std::size_t index) { return names->Of(index); };
+}
+
+/// The points of a feature, `Every` of each record, where `position(record, which)` says.
+template <std::size_t Every = 1, class Records, class Position>
+PathPtr KeepRecords(SceneBuilder& scene, const std::string& name, const Records& records, const PathParts& parts,
+                    Position position) {
+    return scene.KeepPath(name, records.GetStamp(), parts, [&] {
+        std::vector<tagXY> points;
+        points.reserve(Every * static_cast<std::size_t>(records.GetSize()));
+        for (const auto& record : records) {
+            for (std::size_t which = 0; which < Every; ++which) points.push_back(position(record, which));
+        }
+        return ChartPoints(std::move(points));
+    });
+}
+
+/// The strip between the two sides of a corridor, as it is drawn. `pointOf` gives a record's position and corners.
+template <class Records, class PointOf>
+ChartPath CorridorPath(SceneBuilder& scene, const std::string& path, const Records& records, CorridorWidths widths,
+                       PointOf pointOf) {
+    const std::uint64_t stamp = MixedStamp(MixedStamp(records.GetStamp(), widths.port), widths.starboard);
+    ChartPath corridor;
+    corridor.path = scene.KeepPath(path + "|corridor", stamp, {.closed = true}, [&] {
+        return ChartPoints(CorridorOutline(static_cast<std::size_t>(records.GetSize()), widths, [&](std::size_t i) {
+            return pointOf(records[static_cast<std::ptrdiff_t>(i)]);
+        }));
+    });
+    corridor.extends = false;
+    return corridor;
 }
 
 // ---- Boundaries ----
 
-/// The vertex that lies farthest to a side.
-tagXY OutermostPoint(const std::vector<tagXY>& points, LABEL_POSITION side) {
-    const auto reach = [side](const tagXY& point) {
-        switch (side) {
-            case SIDE_TOP:
-                return point.y;
-            case SIDE_BOTTOM:
-                return -point.y;
-            case SIDE_LEFT:
-                return -point.x;
-            default:
-                return point.x;
-        }
+/// The vertex that lies farthest to a side: the first of those that do. Only in chunks that reach so far it is looked
+/// for.
+tagXY OutermostPoint(const PathLod& path, LABEL_POSITION side) {
+    const auto reach = [side](double minX, double minY, double maxX, double maxY) {
+        return side == SIDE_TOP ? maxY : side == SIDE_BOTTOM ? -minY : side == SIDE_LEFT ? -minX : maxX;
     };
-    return *std::max_element(points.begin(), points.end(),
-                             [&](const tagXY& a, const tagXY& b) { return reach(a) < reach(b); });
+    const PathLod::Level& level = path.Full();
+    double best = -std::numeric_limits<double>::infinity();
+    tagXY outermost;
+    for (const PathLod::Chunk& chunk : level.Chunks()) {
+        if (!(reach(chunk.box.minX, chunk.box.minY, chunk.box.maxX, chunk.box.maxY) > best)) continue;
+        for (std::uint32_t i = chunk.first; i < chunk.first + chunk.count; ++i) {
+            const tagXY point = path.Points()[level.PointOf(i)];
+            if (!(reach(point.x, point.y, point.x, point.y) > best)) continue;
+            best = reach(point.x, point.y, point.x, point.y);
+            outermost = point;
+        }
+    }
+    return outermost;
 }
 
 /// The name of an area: inside, or beside its outermost point on the chosen side.
-void AddAreaLabel(ChartLayer& layer, const CBoundary& boundary, const ScenePoints& kept) {
-    if (boundary.labelPosition == SIDE_NONE) return;
+void AddAreaLabel(SceneBuilder& scene, const CBoundary& boundary, const PathPtr& path) {
+    if (boundary.labelPosition == SIDE_NONE || path->Box().IsEmpty()) return;
+    const auto inside = scene.Keep<std::optional<AreaLabel>>(boundary.GetPath() + "|label", boundary.GetStamp(), [&] {
+        return std::make_shared<const std::optional<AreaLabel>>(PlaceAreaLabel(path->Points()));
+    });
+    tagXY at;
     ChartText text;
-    text.colour = kAreaInk;
-    if (boundary.labelPosition == SIDE_CENTRE && kept.areaLabel) {
-        text.at = kept.areaLabel->at;
-        text.along = kept.areaLabel->along;
-        text.room = kept.areaLabel->room;
+    if (boundary.labelPosition == SIDE_CENTRE && *inside) {
+        at = (*inside)->at;
+        text.along = (*inside)->along;
+        text.room = (*inside)->room;
     } else {
-        text.at = OutermostPoint(*kept.points, boundary.labelPosition);
+        at = OutermostPoint(*path, boundary.labelPosition);
         text.position = boundary.labelPosition;
         text.gap = kOutsideGap + boundary.pen.thickness;
     }
-    text.text = LabelText(boundary.labelMode, boundary.GetName(), boundary.text, text.at);
-    if (!text.text.empty()) layer.texts.push_back(std::move(text));
+    text.text = LabelText(boundary.labelMode, boundary.GetName(), boundary.text, at);
+    if (text.text.empty()) return;
+    scene.AddBackground(
+        ChartTexts{.places = MakePath({at}), .textOf = [text](std::size_t) { return text; }, .colour = kAreaInk});
 }
 
 /// Areas and lines as they were drawn, without symbols: a ring of many points would vanish under them.
@@ -146,53 +153,57 @@ void AddBoundaries(SceneBuilder& scene) {
     const CBoundaryList& list = scene.Features().boundaries;
     for (int i = 0; i < list.GetCount(); ++i) {
         const CBoundary& boundary = list[i];
-        if (!boundary.Status || boundary.IsEmpty() || boundary.IsStub()) continue;
-        ScenePoints& kept = KeepRecords(scene, boundary.GetPath(), boundary, [](const tagXY& point) { return point; });
-        if (!std::exchange(kept.areaLabelPlaced, true)) kept.areaLabel = PlaceAreaLabel(*kept.points);
-        ChartPath path = SceneBuilder::PathOver(kept);
+        if (!boundary.Status || boundary.IsStub() || boundary.IsEmpty()) continue;
+        ChartPath path;
+        path.path = scene.KeepPath(boundary.GetPath(), boundary.GetStamp(), {},
+                                   [&boundary] { return ChartPoints(boundary.Share()); });
         path.line = {boundary.pen.colour, boundary.pen.thickness, boundary.pen.style};
         if (!boundary.GetPolygon().IsEmpty()) path.fill = {boundary.pen.fill, boundary.pen.colour};
-        AddAreaLabel(scene.Layer(), boundary, kept);
-        scene.AddPath(i, std::move(path));
+        AddAreaLabel(scene, boundary, path.path);
+        scene.Add(i, std::move(path));
     }
 }
 
 // ---- Pipelines ----
 
 /// KPs stand across their line, on its starboard side, as far off as the listing says.
-void AddKpTexts(ChartLayer& layer, const CPipeline& pipeline) {
-    layer.texts.reserve(layer.texts.size() + static_cast<std::size_t>(pipeline.GetKpListing().GetSize()));
-    for (const KPListingDef& kp : pipeline.GetKpListing()) {
-        ChartText text;
-        text.at = kp.position;
-        text.text = kp.text;
-        text.along = (90 - kp.rotation) * kRadiansPerDegree;
-        text.position = SIDE_RIGHT;
-        text.gap = static_cast<int>(std::lround(std::hypot(kp.offsetX, kp.offsetY)));
-        text.colour = pipeline.linePen.colour;
-        layer.texts.push_back(std::move(text));
-    }
+void AddKpTexts(SceneBuilder& scene, const CPipeline& pipeline) {
+    if (pipeline.GetKpListing().IsEmpty()) return;
+    const auto listing = pipeline.GetKpListing().Share();
+    ChartTexts texts;
+    texts.places = scene.KeepPath(pipeline.GetPath() + "|kps", pipeline.GetKpListing().GetStamp(), {.every = 1}, [&] {
+        return ChartPoints(listing, &listing->front().position, listing->size(), sizeof(KPListingDef));
+    });
+    texts.textOf = [listing](std::size_t index) {
+        const KPListingDef& kp = (*listing)[index];
+        return ChartText{.text = kp.text,
+                         .along = (90 - kp.rotation) * kRadiansPerDegree,
+                         .position = SIDE_RIGHT,
+                         .gap = static_cast<int>(std::lround(std::hypot(kp.offsetX, kp.offsetY)))};
+    };
+    texts.colour = pipeline.linePen.colour;
+    scene.AddBackground(std::move(texts));
 }
 
 void AddPipeline(SceneBuilder& scene, const CPipeline& pipeline, int file) {
     if (!pipeline.use || pipeline.IsEmpty()) return;
     if (pipeline.displayCorridor && pipeline.GetSize() > 1) {
-        constexpr CorridorSides<PipelineDef> kSides = {[](const PipelineDef& point) { return point.Position(); },
-                                                       &PipelineDef::portCorridor, &PipelineDef::starboardCorridor};
-        ChartPath corridor = SceneBuilder::PathOver(KeepCorridor(scene, pipeline.GetPath(), pipeline, kSides,
-                                                                 pipeline.portCorridor, pipeline.starboardCorridor));
-        corridor.closed = true;
+        ChartPath corridor =
+            CorridorPath(scene, pipeline.GetPath(), pipeline, {pipeline.portCorridor, pipeline.starboardCorridor},
+                         [](const PipelineDef& point) {
+                             return CorridorPoint{point.Position(), point.portCorridor, point.starboardCorridor};
+                         });
         const tagPen& pen = pipeline.corridorPen;
         corridor.line = {pen.colour, pen.thickness, pen.style};
         corridor.fill = {pen.fill, pen.colour};
         scene.AddBackground(std::move(corridor));
     }
-    ChartPath path = SceneBuilder::PathOver(
-        KeepRecords(scene, pipeline.GetPath(), pipeline, [](const PipelineDef& point) { return point.Position(); }));
+    ChartPath path;
+    path.path = KeepRecords(scene, pipeline.GetPath(), pipeline, {},
+                            [](const PipelineDef& point, std::size_t) { return point.Position(); });
     path.line = {pipeline.linePen.colour, pipeline.linePen.thickness, pipeline.linePen.style};
-    path.canBeHit = file >= 0;
-    AddKpTexts(scene.Layer(), pipeline);
-    scene.AddPath(file, std::move(path));
+    AddKpTexts(scene, pipeline);
+    scene.Add(file, std::move(path));
 }
 
 void AddPipelines(SceneBuilder& scene) {
@@ -208,127 +219,128 @@ void AddPipeRoute(SceneBuilder& scene) {
 
 void AddRouteCorridor(SceneBuilder& scene, const CRoute& route) {
     if (!route.displayCorridor || route.GetSize() < 2) return;
-    constexpr CorridorSides<RouteDef> kSides = {[](const RouteDef& point) { return point.position; },
-                                                &RouteDef::portCorridorStart, &RouteDef::starboardCorridorStart};
-    ChartPath corridor = SceneBuilder::PathOver(
-        KeepCorridor(scene, route.GetPath(), route, kSides, route.portWidth, route.starboardWidth));
-    corridor.closed = true;
+    ChartPath corridor =
+        CorridorPath(scene, route.GetPath(), route, {route.portWidth, route.starboardWidth}, [](const RouteDef& point) {
+            return CorridorPoint{point.position, point.portCorridorStart, point.starboardCorridorStart};
+        });
     corridor.line = {route.corridorColour, 1, PS_SOLID};
     corridor.fill = {route.fill, route.corridorColour};
     scene.AddBackground(std::move(corridor));
 }
 
 /// Range and bearing of the legs.
-ChartTextOf LegTexts(const CRoute& route) {
-    auto texts = std::make_shared<const std::vector<std::string>>(NamesOf(route, [](const RouteDef& leg) {
-        return CellText(CELL::RANGE, leg.range) + "  " + CellText(CELL::BEARING, leg.bearing);
-    }));
-    return [texts](std::size_t leg) { return leg < texts->size() ? (*texts)[leg] : std::string(); };
+ChartTextOf LegTexts(const PathPtr& path) {
+    return [path](std::size_t leg) {
+        if (leg + 1 >= path->Points().size()) return std::string();
+        const LegDef there = MakeLeg(path->Points()[leg], path->Points()[leg + 1]);
+        return CellText(CELL::RANGE, there.range) + "  " + CellText(CELL::BEARING, there.bearing);
+    };
 }
 
 void AddRoutes(SceneBuilder& scene) {
     const CRouteList& list = scene.Features().routes;
     for (int i = 0; i < list.GetCount(); ++i) {
         const CRoute& route = list[i];
-        if (!route.Status || route.IsEmpty() || route.IsStub()) continue;
+        if (!route.Status || route.IsStub() || route.IsEmpty()) continue;
         AddRouteCorridor(scene, route);
-        const ScenePoints& kept =
-            KeepRecords(scene, route.GetPath(), route, [](const RouteDef& point) { return point.position; });
-        ChartPath path = SceneBuilder::PathOver(kept);
+        ChartPath path;
+        path.path = KeepRecords(scene, route.GetPath(), route, {},
+                                [](const RouteDef& point, std::size_t) { return point.position; });
         path.line = {route.pen.colour, route.pen.thickness, route.pen.style};
         path.marks = {route.symbol,
                       route.symbolSize,
                       route.pen.colour,
                       kSymbolOutline,
                       route.labelPosition,
-                      PointLabels(route.labelMode, route.labelPosition, route.text, kept,
-                                  NamesOf(route, [](const RouteDef& point) { return point.name; }))};
-        if (route.showLegLabel) path.legText = LegTexts(route);
-        scene.AddPath(i, std::move(path));
+                      PointLabels(route.labelMode, route.labelPosition, route.text, path.path,
+                                  NamesOf(scene, route.GetPath(), route, route.labelMode))};
+        if (route.showLegLabel) path.legText = LegTexts(path.path);
+        scene.Add(i, std::move(path));
     }
 }
 
 // ---- Sail lines ----
 
-/// Each run is a part of its own, from its start to its end; runs are known by their number in the file.
+/// Runs are known by their number in the file, which stands where they start.
+std::string RunNumber(std::size_t point) {
+    return point % 2 == 0 ? Format("%zu", point / 2 + 1) : std::string();
+}
+
+/// Each run is a part of its own, from its start to its end.
 void AddSailLines(SceneBuilder& scene) {
     const CSailLineList& list = scene.Features().sailLines;
     for (int i = 0; i < list.GetCount(); ++i) {
         const CSailLine& lines = list[i];
-        if (!lines.Status || lines.IsEmpty() || lines.IsStub()) continue;
-        const auto count = static_cast<std::size_t>(lines.GetSize());
-        const ScenePoints& kept = scene.Keep(lines.GetPath(), 2 * count, [&](std::size_t point) {
-            const SailLineDef& line = lines[static_cast<std::ptrdiff_t>(point / 2)];
-            return point % 2 == 0 ? line.sol : line.eol;
-        });
-        ChartPath path = SceneBuilder::PathOver(kept);
-        for (std::size_t line = 1; line < count; ++line) path.starts.push_back(static_cast<std::uint32_t>(2 * line));
+        if (!lines.Status || lines.IsStub() || lines.IsEmpty()) continue;
+        ChartPath path;
+        path.path =
+            KeepRecords<2>(scene, lines.GetPath(), lines, {.every = 2},
+                           [](const SailLineDef& line, std::size_t which) { return which == 0 ? line.sol : line.eol; });
         path.line = {lines.pen.colour, lines.pen.thickness, lines.pen.style};
         path.arrows = true;
-        std::vector<std::string> names;
-        for (std::size_t line = 0; line < count; ++line) {
-            names.push_back(Format("%zu", line + 1));
-            names.emplace_back();
-        }
         path.marks = {
             lines.symbol,        lines.symbolSize,
             lines.pen.colour,    kSymbolOutline,
-            lines.labelPosition, PointLabels(lines.labelMode, lines.labelPosition, lines.text, kept, std::move(names))};
-        scene.AddPath(i, std::move(path), 2);
+            lines.labelPosition, PointLabels(lines.labelMode, lines.labelPosition, lines.text, path.path, RunNumber)};
+        scene.Add(i, std::move(path), 2);
     }
 }
 
 // ---- Waypoints ----
 
-void AddRing(ChartLayer& layer, tagXY centre, double radius, COLORREF colour, int style = PS_SOLID) {
-    if (radius > 0.0 && !IsMissing(radius)) layer.circles.push_back({centre, radius, {colour, 1, style}, {}});
-}
-
 /// What the cable alarm keeps an eye on: the obstruction itself, or the tolerance where it has no radius, and dashed
 /// round it the distance to stay clear of it.
-void AddAlarmCircles(ChartLayer& layer, const CGridWaypoint& waypoints, const GridWaypointDef& point) {
-    const tagXY centre{point.easting, point.northing};
-    const bool hasRadius = point.radius > 0.0 && !IsMissing(point.radius);
-    const double tolerance = hasRadius ? point.radius : waypoints.tolerance;
-    AddRing(layer, centre, tolerance, waypoints.colour);
-    if (waypoints.clearance > 0.0) AddRing(layer, centre, tolerance + waypoints.clearance, waypoints.colour, PS_DASH);
+ChartRings AlarmRings(SceneBuilder& scene, const CGridWaypoint& waypoints, const PathPtr& path) {
+    ChartRings rings{.centres = path};
+    rings.own = scene.Keep<ChartRadii>(waypoints.GetPath() + "|radii",
+                                       MixedStamp(waypoints.GetStamp(), waypoints.tolerance), [&] {
+                                           std::vector<double> radii;
+                                           radii.reserve(static_cast<std::size_t>(waypoints.GetSize()));
+                                           for (const GridWaypointDef& point : waypoints) {
+                                               const bool hasRadius = point.radius > 0.0 && !IsMissing(point.radius);
+                                               radii.push_back(hasRadius ? point.radius : waypoints.tolerance);
+                                           }
+                                           return std::make_shared<const ChartRadii>(path->Points(), std::move(radii));
+                                       });
+    rings.rings.push_back({0.0, {waypoints.colour, 1, PS_SOLID}, {}});
+    if (waypoints.clearance > 0.0) rings.rings.push_back({waypoints.clearance, {waypoints.colour, 1, PS_DASH}, {}});
+    return rings;
 }
 
-void AddRings(ChartLayer& layer, const CGridWaypoint& waypoints) {
-    if (!waypoints.drawRings) return;
-    const int count = std::min<int>(waypoints.ringCount, kMostRings);
-    for (const GridWaypointDef& point : waypoints) {
-        if (waypoints.catenaryMode) {
-            AddAlarmCircles(layer, waypoints, point);
-            continue;
-        }
-        for (int ring = 1; ring <= count; ++ring) {
-            AddRing(layer, {point.easting, point.northing}, ring * waypoints.ringSizeMetres, waypoints.ringColour);
-        }
+ChartRings RangeRings(const CGridWaypoint& waypoints, const PathPtr& path) {
+    ChartRings rings{.centres = path};
+    if (!(waypoints.ringSizeMetres > 0.0) || IsMissing(waypoints.ringSizeMetres)) return rings;
+    for (int ring = 1; ring <= std::min<int>(waypoints.ringCount, kMostRings); ++ring) {
+        rings.rings.push_back({ring * waypoints.ringSizeMetres, {waypoints.ringColour, 1, PS_SOLID}, {}});
     }
+    return rings;
+}
+
+void AddRings(SceneBuilder& scene, const CGridWaypoint& waypoints, const PathPtr& path, int file) {
+    if (!waypoints.drawRings) return;
+    ChartRings rings = waypoints.catenaryMode ? AlarmRings(scene, waypoints, path) : RangeRings(waypoints, path);
+    if (!rings.rings.empty()) scene.Add(file, std::move(rings));
 }
 
 void AddWaypoints(SceneBuilder& scene) {
     const CGridWaypointList& list = scene.Features().waypoints;
     for (int i = 0; i < list.GetCount(); ++i) {
         const CGridWaypoint& waypoints = list[i];
-        if (!waypoints.display || waypoints.IsEmpty() || waypoints.IsStub()) continue;
-        const ScenePoints& kept = KeepRecords(scene, waypoints.GetPath(), waypoints, [](const GridWaypointDef& point) {
-            return tagXY{point.easting, point.northing};
-        });
-        ChartPath path = SceneBuilder::PathOver(kept);
-        for (std::size_t point = 1; point < kept.points->size(); ++point) {
-            path.starts.push_back(static_cast<std::uint32_t>(point));
-        }
+        if (!waypoints.display || waypoints.IsEmpty()) continue;
+        ChartPath path;
+        path.path = KeepRecords(scene, waypoints.GetPath(), waypoints, {.every = 1},
+                                [](const GridWaypointDef& point, std::size_t) {
+                                    return tagXY{point.easting, point.northing};
+                                });
         path.marks = {waypoints.symbol,
                       waypoints.symbolSize,
                       waypoints.colour,
                       kSymbolOutline,
                       waypoints.labelPosition,
-                      PointLabels(waypoints.labelMode, waypoints.labelPosition, {}, kept,
-                                  NamesOf(waypoints, [](const GridWaypointDef& point) { return point.name; }))};
-        AddRings(scene.Layer(), waypoints);
-        scene.AddPath(i, std::move(path));
+                      PointLabels(waypoints.labelMode, waypoints.labelPosition, {}, path.path,
+                                  NamesOf(scene, waypoints.GetPath(), waypoints, waypoints.labelMode))};
+        AddRings(scene, waypoints, path.path, i);
+        scene.Add(i, std::move(path));
     }
 }
 

@@ -85,4 +85,9 @@ COLORREF TextColour(COLORREF colour, bool night) {
     return light <= kDayMostText ? line : Blend(line, 0, 1.0 - kDayMostText / light);
 }
 
+COLORREF ImageColour(COLORREF colour, bool night) {
+    constexpr double kDim = 0.3;
+    return night ? Blend(0, colour, kDim) : colour;
+}
+
 }  // namespace quillon

@@ -29,4 +29,7 @@ COLORREF FeatureColour(COLORREF colour, bool night);
 /// The same for thin letters, which need more of a contrast than lines do.
 COLORREF TextColour(COLORREF colour, bool night);
 
+/// The colour of a wide area, such as a raster: by day the operator's own, at night far darker than lines.
+COLORREF ImageColour(COLORREF colour, bool night);
+
 }  // namespace quillon

@@ -48,10 +48,12 @@ struct ChartBox {
     friend bool operator==(const ChartBox&, const ChartBox&) = default;
 };
 
+/// Metres; farther off than any grid reaches.
+inline constexpr double kFarthestPlace = 1e12;
+
 /// False for what can't be drawn: no number, an infinity, a missing value, a place farther off than any grid reaches.
 inline bool IsPlace(tagXY point) {
-    constexpr double kFarthest = 1e12;
-    return std::abs(point.x) <= kFarthest && std::abs(point.y) <= kFarthest;
+    return std::abs(point.x) <= kFarthestPlace && std::abs(point.y) <= kFarthestPlace;
 }
 
 /// From a point to the nearest of a segment, squared.

@@ -1,6 +1,8 @@
 #include "scene/chart_hit.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quillon {
 namespace {
@@ -27,15 +29,7 @@ public:
     void LookAt(const PathLod::Chunk& chunk) {
         const double away = SquaredDistanceToBox(chunk.box, place);
         if (away > vertexBest && (hasVertex || away > segmentBest)) return;
-        const PathLod::Level& level = path.Full();
-        for (std::size_t i = chunk.first; i < chunk.first + chunk.count; ++i) {
-            const std::uint32_t index = level.PointOf(i);
-            const tagXY p = path.Points()[index];
-            TakeVertex(p, index);
-            const bool isLast = i + 1 == chunk.first + chunk.count;
-            if (hasVertex || (isLast && chunk.next == PathLod::kNone)) continue;
-            TakeSegment(p, path.Points()[isLast ? chunk.next : level.PointOf(i + 1)], index);
-        }
+        path.Full().EachRun(chunk, [this](const PathLod::Run& run) { LookAt(run); });
     }
     std::optional<PathHit> Result() const {
         if (hasVertex) return vertex;
@@ -44,6 +38,16 @@ public:
     }
 
 private:
+    void LookAt(const PathLod::Run& run) {
+        const PathLod::Level& level = path.Full();
+        for (std::uint32_t i = run.first; i < run.first + run.count; ++i) {
+            const std::uint32_t index = level.PointOf(i);
+            const tagXY p = path.Points()[index];
+            TakeVertex(p, index);
+            const std::uint32_t next = i + 1 < run.first + run.count ? level.PointOf(i + 1) : run.next;
+            if (!hasVertex && next != PathLod::kNone) TakeSegment(p, path.Points()[next], index);
+        }
+    }
     void TakeVertex(tagXY p, std::uint32_t index) {
         const double d2 = (p.x - place.x) * (p.x - place.x) + (p.y - place.y) * (p.y - place.y);
         if (d2 > vertexBest || (hasVertex && d2 == vertexBest)) return;
@@ -75,9 +79,106 @@ std::optional<PathHit> HitPath(const PathLod& path, tagXY place, double radius) 
     return search.Result();
 }
 
+bool AreaHolds(const PathLod& path, tagXY place) {
+    if (!path.Box().Contains(place.x, place.y)) return false;
+    int winding = 0;
+    const auto cross = [&](tagXY a, tagXY b) {
+        if ((a.y > place.y) == (b.y > place.y)) return;
+        const double side = (b.x - a.x) * (place.y - a.y) - (b.y - a.y) * (place.x - a.x);
+        if (b.y > a.y ? side > 0 : side < 0) winding += b.y > a.y ? 1 : -1;
+    };
+    const PathLod::Level& level = path.Full();
+    const ChartPoints& points = path.Points();
+    for (const PathLod::Chunk& chunk : level.Chunks()) {
+        if (chunk.box.minY > place.y || chunk.box.maxY < place.y || chunk.box.maxX < place.x) continue;
+        level.EachRun(chunk, [&](const PathLod::Run& run) {
+            for (std::uint32_t i = run.first; i < run.first + run.count; ++i) {
+                const std::uint32_t next = i + 1 < run.first + run.count ? level.PointOf(i + 1) : run.next;
+                if (next != PathLod::kNone) cross(points[level.PointOf(i)], points[next]);
+            }
+        });
+    }
+    level.EachOpenPart([&](std::uint32_t first, std::uint32_t last) { cross(points[last], points[first]); });
+    return winding != 0;
+}
+
 bool IsBetterHit(const PathHit& other, const PathHit& than) {
     if (other.isVertex != than.isVertex) return other.isVertex;
     return other.distance < than.distance;
+}
+
+namespace {
+
+/// What of one item lies near a place.
+class ItemHit {
+public:
+    ItemHit(tagXY where, double metres) : place(where), radius(metres) {}
+
+    std::optional<ChartHit> operator()(const ChartPath& path) const {
+        if (!path.canBeHit) return std::nullopt;
+        if (const auto hit = HitPath(*path.path, place, radius)) {
+            return ChartHit{.kind = hit->isVertex ? HIT_KIND::VERTEX : HIT_KIND::SEGMENT, .hit = *hit};
+        }
+        if (path.fill.style == kFillNone || !AreaHolds(*path.path, place)) return std::nullopt;
+        return ChartHit{.kind = HIT_KIND::AREA, .hit = {.at = place}};
+    }
+    std::optional<ChartHit> operator()(const ChartRings& rings) const {
+        std::optional<ChartHit> best;
+        for (const ChartRings::Ring& ring : rings.rings) EachNear(rings, ring, best);
+        return best;
+    }
+    std::optional<ChartHit> operator()(const ChartImage& image) const {
+        const std::int32_t value = image.raster->ValueAt(place);
+        if (value == ChartRaster::kNone) return std::nullopt;
+        return ChartHit{.kind = HIT_KIND::VALUE, .hit = {.at = place}, .value = value};
+    }
+    std::optional<ChartHit> operator()(const ChartTexts&) const { return std::nullopt; }
+
+private:
+    /// The ring whose line is nearest to the place.
+    void EachNear(const ChartRings& rings, const ChartRings::Ring& ring, std::optional<ChartHit>& best) const {
+        const double reach = ring.radius + (rings.own ? rings.own->greatest : 0.0) + radius;
+        const PathLod::Level& level = rings.centres->Full();
+        for (const PathLod::Chunk& chunk : level.Chunks()) {
+            if (!chunk.box.Grown(reach).Contains(place.x, place.y)) continue;
+            for (std::uint32_t i = chunk.first; i < chunk.first + chunk.count; ++i) {
+                const std::uint32_t index = level.PointOf(i);
+                const tagXY centre = rings.centres->Points()[index];
+                const double wanted = rings.RadiusOf(ring, index);
+                const double off = std::abs(std::hypot(place.x - centre.x, place.y - centre.y) - wanted);
+                if (!(wanted > 0) || off > radius || (best && best->hit.distance <= off)) continue;
+                best = ChartHit{.kind = HIT_KIND::RING, .hit = {index, false, place, off}};
+            }
+        }
+    }
+
+    tagXY place;
+    double radius;
+};
+
+}  // namespace
+
+std::vector<ChartHit> HitsOf(const ChartScene& scene, const ChartView& view, PixelPoint at, double radius) {
+    const ItemHit hitOf(view.ToWorld(at), radius * view.MetresPerPixel());
+    std::vector<ChartHit> hits;
+    for (std::size_t layer = scene.layers.size(); layer-- > 0;) {
+        for (std::size_t item = scene.layers[layer].items.size(); item-- > 0;) {
+            std::optional<ChartHit> hit = std::visit(hitOf, scene.layers[layer].items[item]);
+            if (!hit) continue;
+            hit->layer = scene.layers[layer].id;
+            hit->item = item;
+            hits.push_back(*hit);
+        }
+    }
+    std::stable_sort(hits.begin(), hits.end(), [](const ChartHit& a, const ChartHit& b) {
+        return std::pair(a.kind, a.hit.distance) < std::pair(b.kind, b.hit.distance);
+    });
+    return hits;
+}
+
+std::optional<ChartHit> HitScene(const ChartScene& scene, const ChartView& view, PixelPoint at, double radius) {
+    const std::vector<ChartHit> hits = HitsOf(scene, view, at, radius);
+    return hits.empty() || hits.front().kind > HIT_KIND::SEGMENT ? std::nullopt : std::optional(hits.front());
 }
 
 }  // namespace quillon

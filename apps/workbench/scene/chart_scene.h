@@ -5,18 +5,28 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "foundation/values.h"
 #include "platform/dc.h"
 #include "platform/display_options.h"
+#include "scene/chart_raster.h"
+#include "scene/path_lod.h"
 
 namespace quillon {
 
 // What the chart draws, made by the host from its features. The chart knows no feature: everything is put together from
-// paths, circles and texts. Colours are the operator's; the chart adapts them to day and night.
+// items of a few types, each with a painter of its own. Colours are the operator's; the chart adapts them to day and
+// night.
+//
+// An item is data and style. The data (the points with their levels of detail, a raster) are made once, are never
+// changed and are shared; so a scene is a handful of pointers, made anew for each change of style, and threads paint
+// the same scene at the same time. What an item asks for while it is drawn, a text say, is asked for on the thread that
+// paints, and must own all it needs.
+
+using PathPtr = std::shared_ptr<const PathLod>;
 
 struct ChartLine {
     COLORREF colour = 0;
@@ -40,65 +50,89 @@ struct ChartMarks {
     COLORREF colour = 0;
     COLORREF second = 0;  ///< of the lesser parts of symbols
     LABEL_POSITION labelPosition = 0;
-    ChartTextOf label;
+    ChartTextOf label = {};
 };
 
-/// Points in their order, drawn as an area, as a line, as symbols, or as all of these. Waypoints are a path without a
-/// line; a corridor is a closed path along one side and back along the other.
-///
-/// The points are lent, and stay where they are for as long as the scene is shown. When they change, the scene is given
-/// anew with another `generation`: what the chart has worked out for a path it keeps until then.
+/// Points in their order, drawn as an area, as lines, as symbols, or as all of these. Waypoints are a path without a
+/// line; a corridor is a closed path along one side and back along the other; a drawing of many colours is one path of
+/// many parts a colour.
 struct ChartPath {
-    std::span<const tagXY> points;
-    /// Keeps points alive that were made for the scene.
-    std::shared_ptr<const void> owner;
-    std::uint64_t generation = 0;
-    /// Where further parts begin, ascending: the path doesn't join what lies before and behind.
-    std::vector<std::uint32_t> starts;
-    bool closed = false;  ///< each part is joined from its last point to its first
-    ChartLine line;
-    ChartFill fill;
-    ChartMarks marks;
+    PathPtr path = {};
+    ChartLine line = {};
+    ChartFill fill = {};
+    ChartMarks marks = {};
     /// Along the leg from a point to the next, where the leg is long enough for its text.
-    ChartTextOf legText;
+    ChartTextOf legText = {};
     /// A small head halfway along each leg that is long enough, in the direction of the points.
     bool arrows = false;
     bool canBeHit = true;
-    bool extends = true;  ///< counts towards all that the scene shows
+    /// Counts towards all that the scene shows. What is worked out from points, such as a corridor, can reach far
+    /// beyond them and isn't what one zooms to.
+    bool extends = true;
 };
 
-/// A ring, or a disc if filled.
-struct ChartCircle {
-    tagXY centre;
-    double radius = 0.0;  ///< metres
-    ChartLine line;
-    ChartFill fill;
+/// The radius of each of some points, metres; of no use, and passed over, unless above 0.
+struct ChartRadii {
+    ChartRadii(const ChartPoints& centres, std::vector<double> radii);
+    std::vector<double> of;
+    double greatest = 0.0;
+    ChartBox box;  ///< of the circles
+};
+
+/// Rings, or discs if filled, round the points of a path.
+struct ChartRings {
+    struct Ring {
+        double radius = 0.0;  ///< metres, on top of the point's own if there are such
+        ChartLine line = {};
+        ChartFill fill = {};
+    };
+    PathPtr centres = {};
+    std::shared_ptr<const ChartRadii> own = {};
+    std::vector<Ring> rings = {};
+
+    /// Not above 0 where none is drawn.
+    double RadiusOf(const Ring& ring, std::size_t point) const;
+    ChartBox Box() const;
 };
 
 struct ChartText {
-    tagXY at;
     std::string text;
     /// The bearing (radians, clockwise from north) of the line that the text stands along; it is drawn so that it can
     /// be read. None: level.
     ///
     /// A text along a line stands on the place itself, above (1) or below (2) it, or so that the line leads to it: the
     /// text begins behind the place (4) or ends before it (3), as seen in the direction of the bearing.
-    std::optional<double> along;
+    std::optional<double> along = {};
     /// What the text must fit, in metres; 0 for anything.
     double room = 0.0;
     LABEL_POSITION position = 5;
     int gap = 0;  ///< pixels between the place and the text
+};
+
+/// Texts at the points of a path, each asked for only where it will be drawn.
+struct ChartTexts {
+    PathPtr places = {};
+    std::function<ChartText(std::size_t index)> textOf = {};
     COLORREF colour = 0;
     bool framed = false;  ///< level texts only: in a box, as labels are
 };
 
+/// A raster, each of its values in its colour.
+struct ChartImage {
+    std::shared_ptr<const ChartRaster> raster = {};
+    std::shared_ptr<const ChartColourScale> colours = {};
+    int opacity = 255;  ///< 0 to 255
+};
+
+using ChartItem = std::variant<ChartImage, ChartPath, ChartRings, ChartTexts>;
+
 struct ChartLayer {
     std::uint64_t id = 0;  ///< the host's own; one layer a number
-    std::vector<ChartPath> paths;
-    std::vector<ChartCircle> circles;
-    std::vector<ChartText> texts;
     /// Whose labels stay where there is no room for all: the higher.
     int priority = 0;
+    /// The first lies lowest among those of a type. Of all layers images lie lowest, then areas; within a layer rings
+    /// lie below lines, lines below symbols.
+    std::vector<ChartItem> items = {};
 };
 
 struct ChartScene {
@@ -108,8 +142,10 @@ struct ChartScene {
     std::optional<tagXY> shown;
 };
 
-/// The area between two lines that run side by side, such as the sides of a corridor, as a closed path that owns its
-/// points. Points that only one of the lines has are left out.
-ChartPath AreaBetween(std::span<const tagXY> port, std::span<const tagXY> starboard);
+/// A path that is drawn as it is given, for what has few points.
+PathPtr MakePath(std::vector<tagXY> points, const PathParts& parts = {});
+
+/// All that a scene shows.
+ChartBox ExtentOf(const ChartScene& scene);
 
 }  // namespace quillon

@@ -3,48 +3,124 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <unordered_set>
+#include <utility>
 
 #include "scene/polyline_thinning.h"
 
 namespace quillon {
 namespace {
 
-constexpr std::size_t kChunk = 256;
+constexpr std::uint32_t kChunk = 256;
 /// Paths up to this size are drawn as they are.
 constexpr std::size_t kFewPoints = 128;
 constexpr std::size_t kSamples = 1024;
+/// A level that is expected to keep more of the points of the one before is not made; one that was made and keeps a
+/// little more is not thrown away.
+constexpr double kMostExpected = 0.5;
+constexpr double kMostKept = 0.6;
 
 double Distance(tagXY a, tagXY b) {
     return std::sqrt((b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y));
 }
 
+/// Squares of the grid of a size, each taken once.
+class Squares {
+public:
+    explicit Squares(double metres) : size(metres) {}
+    bool Take(tagXY p) {
+        const auto place = [this](double v) { return static_cast<std::int64_t>(std::floor(v / size)); };
+        return taken.insert(place(p.y) * 4294967311LL + place(p.x)).second;
+    }
+
+private:
+    double size;
+    std::unordered_set<std::int64_t> taken;
+};
+
 }  // namespace
 
-PathLod::PathLod(std::span<const tagXY> pathPoints, std::span<const std::uint32_t> starts, bool isClosed)
-    : points(pathPoints.first(std::min<std::size_t>(pathPoints.size(), kNone - 1))), closed(isClosed) {
-    MakeFullLevel(starts);
-    for (const Chunk& chunk : Full().chunks) box.Add(chunk.box);
-    if (Full().count > kFewPoints) MakeCoarserLevels();
+PathLod::PathLod(ChartPoints pathPoints, const PathParts& parts, const Stop* stop) : points(std::move(pathPoints)) {
+    MakeFullLevel(parts);
+    Finish(stop);
 }
 
-void PathLod::MakeFullLevel(std::span<const std::uint32_t> starts) {
+PathLod::PathLod(ChartPoints pathPoints, std::vector<std::uint32_t> chosen, const PathParts& parts, const Stop* stop)
+    : points(std::move(pathPoints)) {
+    levels.front().vertices = std::move(chosen);
+    MakeFullLevel(parts);
+    Finish(stop);
+}
+
+PathLod PathLod::Sketch(ChartPoints pathPoints, const PathParts& parts, std::size_t most) {
+    PathLod sketch;
+    sketch.points = std::move(pathPoints);
+    const std::size_t count = std::min<std::size_t>(sketch.points.size(), kNone - 1);
+    const std::size_t step = std::max<std::size_t>(1, (count + most - 1) / most);
+    std::vector<std::uint32_t>& chosen = sketch.levels.front().vertices;
+    PathParts thinned{.closed = parts.closed};
+    if (step == 1 || parts.every > 0) {
+        // Of single points every so many, of short parts every so many whole.
+        const std::size_t together = step == 1 ? count : parts.every;
+        for (std::size_t first = 0; first < count; first += together * step) {
+            for (std::size_t i = first; i < std::min(first + together, count); ++i) {
+                chosen.push_back(static_cast<std::uint32_t>(i));
+            }
+        }
+        if (step == 1) {
+            thinned = parts;
+        } else {
+            thinned.every = parts.every;
+        }
+    } else {
+        auto start = parts.starts.begin();
+        for (std::size_t i = 0; i < count; i += step) {
+            const auto behind = std::upper_bound(start, parts.starts.end(), i);
+            if (std::exchange(start, behind) != behind) {
+                thinned.starts.push_back(static_cast<std::uint32_t>(chosen.size()));
+            }
+            chosen.push_back(static_cast<std::uint32_t>(i));
+        }
+        if (count > 0 && chosen.back() != count - 1) chosen.push_back(static_cast<std::uint32_t>(count - 1));
+    }
+    sketch.MakeFullLevel(thinned);
+    for (const Chunk& chunk : sketch.Full().chunks) sketch.box.Add(chunk.box);
+    return sketch;
+}
+
+void PathLod::Finish(const Stop* stop) {
+    for (const Chunk& chunk : Full().chunks) box.Add(chunk.box);
+    const bool hasLines = Full().parts.size() < Full().count;
+    if (Full().count > kFewPoints && hasLines) MakeCoarserLevels(stop);
+}
+
+/// Keeps of the vertices those that are places, in their parts.
+void PathLod::MakeFullLevel(const PathParts& parts) {
     Level& level = levels.front();
-    const bool allAreDrawn = std::all_of(points.begin(), points.end(), IsPlace);
-    auto start = starts.begin();
+    level.closed = parts.closed;
+    const bool isWhole = level.vertices.empty();
+    const std::size_t count = isWhole ? std::min<std::size_t>(points.size(), kNone - 1) : level.vertices.size();
+    const auto pointOf = [&](std::size_t i) { return isWhole ? static_cast<std::uint32_t>(i) : level.vertices[i]; };
+    bool allAreDrawn = true;
+    for (std::size_t i = 0; i < count && allAreDrawn; ++i) allAreDrawn = IsPlace(points[pointOf(i)]);
+    std::vector<std::uint32_t> kept;
+    auto start = parts.starts.begin();
     bool beginsPart = true;
-    for (std::uint32_t i = 0; i < points.size(); ++i) {
-        while (start != starts.end() && *start <= i) {
-            beginsPart |= *start == i;
-            ++start;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        if (parts.every > 0) {
+            beginsPart |= i % parts.every == 0;
+        } else {
+            for (; start != parts.starts.end() && *start <= i; ++start) beginsPart |= *start == i;
         }
         if (!allAreDrawn) {
-            if (!IsPlace(points[i])) continue;
-            level.vertices.push_back(i);
+            if (!IsPlace(points[pointOf(i)])) continue;
+            kept.push_back(pointOf(i));
         }
-        if (beginsPart) level.parts.push_back(level.count);
+        if (beginsPart) level.parts.push_back(static_cast<std::uint32_t>(level.count));
         beginsPart = false;
         ++level.count;
     }
+    if (!allAreDrawn) level.vertices = std::move(kept);
     MakeChunks(level);
 }
 
@@ -63,18 +139,20 @@ double PathLod::FirstTolerance() const {
     return *quarter / 4.0;
 }
 
-void PathLod::MakeCoarserLevels() {
+void PathLod::MakeCoarserLevels(const Stop* stop) {
     const double extent = std::hypot(box.Width(), box.Height());
     double tolerance = std::max(FirstTolerance(), extent * 1e-9);
     for (; tolerance > 0 && tolerance < extent; tolerance *= 2.0) {
-        const std::size_t last = levels.back().count;
-        if (last <= kFewPoints + 2 * levels.back().parts.size()) return;
+        const Level& last = levels.back();
+        if (last.count <= kFewPoints + (last.parts.size() > kFewPoints ? 0 : 2 * last.parts.size())) return;
+        if (stop && stop->load(std::memory_order_relaxed)) return;
         // What a level is made from may be off already. A quarter of the tolerance costs few vertices more, and saves
         // passes over the whole path.
         const Level& from = For(tolerance / 4.0);
-        if (ExpectedCount(from, tolerance) > 0.6 * static_cast<double>(last)) continue;
-        Level coarser = Coarser(from, tolerance);
-        if (coarser.count > last / 2) continue;
+        const auto most = static_cast<double>(last.count);
+        if (ExpectedCount(from, tolerance) > kMostExpected * most) continue;
+        Level coarser = Coarser(from, tolerance, stop);
+        if (static_cast<double>(coarser.count) > kMostKept * most) continue;
         coarser.vertices.shrink_to_fit();
         MakeChunks(coarser);
         levels.push_back(std::move(coarser));
@@ -85,7 +163,7 @@ void PathLod::MakeCoarserLevels() {
 /// be worth its while, and a pass over a million points takes 50 to 100 ms.
 double PathLod::ExpectedCount(const Level& from, double tolerance) const {
     constexpr std::size_t kStretches = 8, kLength = 2048;
-    if (from.count < 4 * kStretches * kLength) return 0.0;
+    if (from.count < 4 * kStretches * kLength || from.count < kLength * from.parts.size()) return 0.0;
     std::vector<std::uint32_t> stretch(kLength), kept;
     for (std::size_t i = 0; i < kStretches; ++i) {
         const std::size_t first = (from.count - kLength) / kStretches * i;
@@ -95,55 +173,56 @@ double PathLod::ExpectedCount(const Level& from, double tolerance) const {
     return static_cast<double>(kept.size()) / (kStretches * kLength) * static_cast<double>(from.count);
 }
 
-PathLod::Level PathLod::Coarser(const Level& from, double tolerance) const {
+PathLod::Level PathLod::Coarser(const Level& from, double tolerance, const Stop* stop) const {
     Level level;
     level.tolerance = tolerance;
+    level.closed = from.closed;
     std::vector<std::uint32_t> all;
     if (from.vertices.empty()) {
         all.resize(from.count);
         std::iota(all.begin(), all.end(), 0u);
     }
     const std::span<const std::uint32_t> vertices = from.vertices.empty() ? all : from.vertices;
+    const bool dropsSmall = from.parts.size() > kFewPoints;
+    Squares squares(tolerance);
     for (std::size_t part = 0; part < from.parts.size(); ++part) {
+        if (stop && stop->load(std::memory_order_relaxed)) break;
         const std::size_t first = from.parts[part];
-        const std::size_t end = part + 1 < from.parts.size() ? from.parts[part + 1] : from.count;
-        level.parts.push_back(level.vertices.size());
-        ThinPolyline(points, vertices.subspan(first, end - first), tolerance - from.tolerance, level.vertices);
+        const std::span<const std::uint32_t> whole = vertices.subspan(first, from.EndOfPart(part) - first);
+        if (dropsSmall && whole.size() <= kChunk) {
+            ChartBox around;
+            for (const std::uint32_t i : whole) around.Add(points[i].x, points[i].y);
+            const bool isSmall = std::max(around.Width(), around.Height()) < tolerance;
+            if (isSmall && !squares.Take(points[whole.front()])) continue;
+        }
+        level.parts.push_back(static_cast<std::uint32_t>(level.vertices.size()));
+        ThinPolyline(points, whole, tolerance - from.tolerance, level.vertices);
     }
     level.count = level.vertices.size();
     return level;
 }
 
 void PathLod::MakeChunks(Level& level) const {
-    for (std::size_t part = 0; part < level.parts.size(); ++part) {
-        const std::size_t begin = level.parts[part];
-        const std::size_t end = part + 1 < level.parts.size() ? level.parts[part + 1] : level.count;
-        double distance = 0.0;
-        for (std::size_t first = begin; first < end; first += kChunk) {
-            Chunk chunk;
-            chunk.first = static_cast<std::uint32_t>(first);
-            chunk.count = static_cast<std::uint32_t>(std::min(kChunk, end - first));
-            chunk.startsPart = first == begin;
-            chunk.distance = distance;
-            const std::size_t behind = first + chunk.count;
-            if (behind < end) {
-                chunk.next = level.PointOf(behind);
-            } else if (closed && end - begin > 2) {
-                chunk.next = level.PointOf(begin);
-            }
-            tagXY last = points[level.PointOf(first)];
-            for (std::size_t i = first; i < behind; ++i) {
-                const tagXY point = points[level.PointOf(i)];
+    level.chunks.reserve(level.count / kChunk + 1);
+    const auto count = static_cast<std::uint32_t>(level.count);
+    std::uint32_t part = 0;
+    double distance = 0.0;
+    for (std::uint32_t first = 0; first < count; first += kChunk) {
+        while (level.EndOfPart(part) <= first) ++part;
+        if (level.parts[part] == first) distance = 0.0;
+        Chunk chunk{first, std::min(kChunk, count - first), part, {}, distance};
+        level.EachRun(chunk, [&](const Run& run) {
+            if (run.startsPart) distance = 0.0;
+            tagXY last = points[level.PointOf(run.first)];
+            const auto goTo = [&](tagXY point) {
                 chunk.box.Add(point.x, point.y);
                 distance += Distance(last, point);
                 last = point;
-            }
-            if (chunk.next != kNone) {
-                chunk.box.Add(points[chunk.next].x, points[chunk.next].y);
-                distance += Distance(last, points[chunk.next]);
-            }
-            level.chunks.push_back(chunk);
-        }
+            };
+            for (std::uint32_t i = run.first; i < run.first + run.count; ++i) goTo(points[level.PointOf(i)]);
+            if (run.next != kNone) goTo(points[run.next]);
+        });
+        level.chunks.push_back(chunk);
     }
 }
 

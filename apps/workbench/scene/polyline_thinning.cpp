@@ -47,7 +47,7 @@ private:
 };
 
 /// The place in `vertices` that the segment from place `anchor` ends at.
-std::size_t EndOfSegment(std::span<const tagXY> points, std::span<const std::uint32_t> vertices, std::size_t anchor,
+std::size_t EndOfSegment(const ChartPoints& points, std::span<const std::uint32_t> vertices, std::size_t anchor,
                          double tolerance) {
     const tagXY from = points[vertices[anchor]];
     Cone cone;
@@ -71,7 +71,7 @@ std::size_t EndOfSegment(std::span<const tagXY> points, std::span<const std::uin
 
 }  // namespace
 
-void ThinPolyline(std::span<const tagXY> points, std::span<const std::uint32_t> vertices, double tolerance,
+void ThinPolyline(const ChartPoints& points, std::span<const std::uint32_t> vertices, double tolerance,
                   std::vector<std::uint32_t>& kept) {
     if (vertices.empty()) return;
     std::size_t at = 0;

@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-#include "foundation/values.h"
+#include "scene/chart_points.h"
 
 namespace quillon {
 
@@ -15,7 +15,7 @@ namespace quillon {
 /// polyline simplification algorithms" (1997); here a segment also never ends short of a point that it stands for.
 ///
 /// All points must be places.
-void ThinPolyline(std::span<const tagXY> points, std::span<const std::uint32_t> vertices, double tolerance,
+void ThinPolyline(const ChartPoints& points, std::span<const std::uint32_t> vertices, double tolerance,
                   std::vector<std::uint32_t>& kept);
 
 }  // namespace quillon

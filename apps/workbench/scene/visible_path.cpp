@@ -12,6 +12,7 @@ namespace {
 
 using Chunk = PathLod::Chunk;
 using Level = PathLod::Level;
+using Run = PathLod::Run;
 
 /// From metres to pixels, with its terms at hand for loops.
 struct Projection {
@@ -238,22 +239,24 @@ void VisibleLine(const PathLod& path, const ChartView& view, const DrawingLimits
     lines.Clear();
     const Level& level = path.For(limits.tolerancePixels * view.MetresPerPixel());
     const ChartBox world = view.WorldBox(limits.margin);
-    const std::span<const tagXY> points = path.Points();
+    const ChartPoints& points = path.Points();
     const Projection project(view);
     LineClipper clipper(view.PixelBox(limits.margin), lines);
     Stretches reduced(StretchFor(VerticesIn(level, world), limits.mostVertices), clipper);
-    std::uint32_t joined = PathLod::kNone;  // the point that the chunk before led on to
+    std::uint32_t joined = PathLod::kNone;  // the point that the run before led on to
     for (const Chunk& chunk : level.Chunks()) {
         if (!chunk.box.Meets(world)) continue;
-        if (chunk.startsPart || joined != level.PointOf(chunk.first)) {
-            if (joined != PathLod::kNone) reduced.Add(project(points[joined]));
-            reduced.Finish();
-            clipper.Begin(chunk.distance * project.pixelsPerMetre);
-        }
-        for (std::size_t i = chunk.first; i < chunk.first + chunk.count; ++i) {
-            reduced.Add(project(points[level.PointOf(i)]));
-        }
-        joined = chunk.next;
+        level.EachRun(chunk, [&](const Run& run) {
+            if (run.startsPart || joined != level.PointOf(run.first)) {
+                if (joined != PathLod::kNone) reduced.Add(project(points[joined]));
+                reduced.Finish();
+                clipper.Begin(run.distance * project.pixelsPerMetre);
+            }
+            for (std::uint32_t i = run.first; i < run.first + run.count; ++i) {
+                reduced.Add(project(points[level.PointOf(i)]));
+            }
+            joined = run.next;
+        });
     }
     if (joined != PathLod::kNone) reduced.Add(project(points[joined]));
     reduced.Finish();
@@ -273,24 +276,27 @@ void VisibleArea(const PathLod& path, const ChartView& view, const DrawingLimits
     const ChartBox world = view.WorldBox(limits.margin);
     const ChartBox box = view.PixelBox(limits.margin);
     const bool isInside = world.Contains(path.Box());
-    const std::span<const tagXY> points = path.Points();
+    const ChartPoints& points = path.Points();
     const Projection project(view);
     std::vector<PixelPoint> ring;
     const auto take = [&ring](PixelPoint p) { ring.push_back(p); };
     Stretches reduced(StretchFor(VerticesIn(level, world), limits.mostVertices), take);
     for (const Chunk& chunk : level.Chunks()) {
-        if (chunk.startsPart) {
-            reduced.Finish();
-            EndArea(box, isInside, ring, areas);
-        }
-        if (LiesBeyondOneSide(chunk.box, world)) {
-            reduced.Finish();
-            ring.push_back(project(points[level.PointOf(chunk.first)]));
-            continue;
-        }
-        for (std::size_t i = chunk.first; i < chunk.first + chunk.count; ++i) {
-            reduced.Add(project(points[level.PointOf(i)]));
-        }
+        const bool isBeyond = LiesBeyondOneSide(chunk.box, world);
+        level.EachRun(chunk, [&](const Run& run) {
+            if (run.startsPart) {
+                reduced.Finish();
+                EndArea(box, isInside, ring, areas);
+            }
+            if (isBeyond) {
+                reduced.Finish();
+                ring.push_back(project(points[level.PointOf(run.first)]));
+                return;
+            }
+            for (std::uint32_t i = run.first; i < run.first + run.count; ++i) {
+                reduced.Add(project(points[level.PointOf(i)]));
+            }
+        });
     }
     reduced.Finish();
     EndArea(box, isInside, ring, areas);
@@ -302,7 +308,7 @@ void VisibleMarks(const PathLod& path, const ChartView& view, double cellPixels,
     const double cellMetres = cellPixels * view.MetresPerPixel();
     const ChartBox world = view.WorldBox(cellPixels);
     const Level& level = path.Full();
-    const std::span<const tagXY> points = path.Points();
+    const ChartPoints& points = path.Points();
     const Projection project(view);
     Cells cells(world, cellMetres);
     for (const Chunk& chunk : level.Chunks()) {
@@ -323,22 +329,23 @@ void VisibleLegs(const PathLod& path, const ChartView& view, double leastPixels,
     const ChartBox world = view.WorldBox();
     const ChartBox box = view.PixelBox();
     const Level& level = path.Full();
-    const std::span<const tagXY> points = path.Points();
+    const ChartPoints& points = path.Points();
     const Projection project(view);
+    const auto consider = [&](std::uint32_t from, std::uint32_t to) {
+        const tagXY a = points[from], b = points[to];
+        if (std::abs(b.x - a.x) + std::abs(b.y - a.y) < least) return;
+        PixelLeg leg{project(a), project(b), from};
+        if (ClipSegment(box, leg.from, leg.to, nullptr, nullptr) && PixelDistance(leg.from, leg.to) >= leastPixels) {
+            legs.push_back(leg);
+        }
+    };
     for (const Chunk& chunk : level.Chunks()) {
         if (!chunk.box.Meets(world) || std::hypot(chunk.box.Width(), chunk.box.Height()) < least) continue;
-        for (std::size_t i = chunk.first; i < chunk.first + chunk.count; ++i) {
-            const bool isLast = i + 1 == chunk.first + chunk.count;
-            if (isLast && chunk.next == PathLod::kNone) break;
-            const std::uint32_t index = level.PointOf(i);
-            const tagXY a = points[index], b = points[isLast ? chunk.next : level.PointOf(i + 1)];
-            if (std::abs(b.x - a.x) + std::abs(b.y - a.y) < least) continue;
-            PixelLeg leg{project(a), project(b), index};
-            if (ClipSegment(box, leg.from, leg.to, nullptr, nullptr) &&
-                PixelDistance(leg.from, leg.to) >= leastPixels) {
-                legs.push_back(leg);
-            }
-        }
+        level.EachRun(chunk, [&](const Run& run) {
+            const std::uint32_t last = run.first + run.count - 1;
+            for (std::uint32_t i = run.first; i < last; ++i) consider(level.PointOf(i), level.PointOf(i + 1));
+            if (run.next != PathLod::kNone) consider(level.PointOf(last), run.next);
+        });
     }
 }
 

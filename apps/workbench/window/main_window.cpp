@@ -39,7 +39,11 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
     : job(shownJob),
       platform(qtPlatform),
       theme(appTheme),
-      scenes(shownJob.Features()),
+      itemMaker([this] {
+          QMetaObject::invokeMethod(
+              this, [this] { OnDrawingChanged(); }, Qt::QueuedConnection);
+      }),
+      scenes(shownJob.Features(), &itemMaker),
       factory(DrawChartSymbol),
       chart(new ChartWidget(this)),
       docks(*this, shownJob, factory),
@@ -323,7 +327,10 @@ void MainWindow::ShowAbout() {
 void MainWindow::Settle() {
     platform.Messages().Pump();
     if (sceneStale) RebuildScene();
+    itemMaker.Wait();
+    RebuildScene();
     QApplication::processEvents();
+    chart->Settle();
 }
 
 void MainWindow::showEvent(QShowEvent* event) {

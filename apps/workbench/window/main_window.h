@@ -73,6 +73,7 @@ private:
     Job& job;
     QtPlatform& platform;
     Theme& theme;
+    ItemMaker itemMaker;
     SceneBuilder scenes;
     BindingFactory factory;
     ChartWidget* chart;  // the central widget
