@@ -50,7 +50,4 @@ private:
     std::uint64_t badLines = 0;
 };
 
-/// True if the whole text is one number in plain decimal notation.
-bool ScanNumber(std::string_view text, double& number);
-
 }  // namespace quillon

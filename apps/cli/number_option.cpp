@@ -1,6 +1,6 @@
 #include "number_option.h"
 
-#include "number_lines.h"
+#include "platform/text.h"
 
 namespace quillon {
 

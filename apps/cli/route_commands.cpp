@@ -5,12 +5,13 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <utility>
 
 #include "feature_sheets.h"
 #include "features/route.h"
-#include "foundation/field_scanner.h"
 #include "platform/drives_lock.h"
 #include "platform/text.h"
+#include "printable.h"
 
 namespace quillon {
 namespace {
@@ -22,45 +23,27 @@ struct RewriteOptions {
     bool yes = false;
 };
 
-/// Lines of which a part is read by no data order: further columns, remarks behind the fields.
-std::size_t CountLongerLines(FileSystem& files, const CRoute& route) {
-    CStdioFile file(files);
-    if (!file.OpenForReading(route.GetPath())) return 0;
-    std::size_t longer = 0;
-    for (std::string_view line; file.ReadString(line);) {
-        FieldScanner fields(line);
-        if (route.dataOrder == 1) fields.NextField();
-        const double easting = fields.NextNumber();
-        const double northing = fields.NextNumber();
-        if (route.dataOrder == 2) fields.NextField();
-        if (!IsMissing(easting) && !IsMissing(northing) && !Trim(fields.Rest()).empty()) ++longer;
-    }
-    return longer;
-}
-
 /// What the file holds now and won't after, for people; empty if nothing.
-std::string Losses(FileSystem& files, const CRoute& route, const ReadReport& report, const RewriteOptions& options) {
-    std::string losses;
-    if (report.passedOver > 0) losses += ReportText(options.file, report);
-    if (const std::size_t longer = CountLongerLines(files, route); longer > 0) {
-        losses += Format("  %zu lines hold more than their data order names\n", longer);
+std::string LossesText(const RewriteLosses& losses) {
+    std::string text;
+    for (std::size_t kind = 0; kind < kLossKinds; ++kind) {
+        const auto loss = static_cast<LOSS>(kind);
+        if (losses.Count(loss) > 0) text += Format("  %zu ", losses.Count(loss)) + std::string(LossText(loss)) + '\n';
     }
-    if (route.dataOrder != 0 && options.order == 0) losses += "  the points have names; data order 0 has none\n";
-    return losses;
+    std::size_t last = 0;
+    for (const RewriteLosses::Named& named : losses.named) {
+        if (std::exchange(last, named.line) == named.line) continue;
+        text += Format("  line %zu: ", named.line) + Printable(named.text) + '\n';
+    }
+    return text;
 }
 
-void Save(CliContext& context, CRoute& route, const RewriteOptions& options) {
-    const std::int32_t before = route.dataOrder;
-    route.dataOrder = options.order;
-    if (route.SaveRoute()) {
-        context.out << options.file << ": " << route.GetSize() << " points written as "
-                    << kRouteOrderTxt[static_cast<std::size_t>(options.order)] << '\n';
-        return;
-    }
-    // The data file stands as it was, and so must the order that it is read by.
-    route.dataOrder = before;
-    route.SaveOrder();
-    context.Fail(options.file, "can't be written");
+void Save(CliContext& context, CRoute& route, CRouteRewrite& rewrite, const RewriteOptions& options) {
+    const RouteSave& saved = rewrite.Commit();
+    if (!saved) return context.Fail(options.file, "can't be written: " + saved.fault);
+    context.out << options.file << ": " << route.GetSize() << " points written as "
+                << kRouteOrderTxt[static_cast<std::size_t>(options.order)] << '\n';
+    if (!saved.original.empty()) context.out << "kept as it was: " << Utf8FromText(saved.original) << '\n';
 }
 
 std::string WhyNotLocked(const DrivesLock& lock) {
@@ -78,17 +61,19 @@ void Rewrite(CliContext& context, const RewriteOptions& options) {
         route.dataOrder = *options.from;
         route.ReadPoints(&report);
     }
-    if (!report.opened) return context.Fail(options.file, "can't be read");
+    if (!report.opened) return context.Fail(options.file, "can't be read: " + report.fault);
     if (route.IsEmpty()) {
         context.err << ReportText(options.file, report);
         return context.Fail(options.file, "no usable point");
     }
-    const std::string losses = Losses(files, route, report, options);
+    route.dataOrder = options.order;
+    CRouteRewrite rewrite(route);
+    const std::string losses = LossesText(rewrite.Losses());
     if (!losses.empty()) context.err << "What rewriting loses:\n" << losses;
     if (!losses.empty() && !options.yes) {
         return context.Fail(options.file, "left as it is; give --yes to rewrite it all the same");
     }
-    Save(context, route, options);
+    Save(context, route, rewrite, options);
 }
 
 }  // namespace
@@ -110,7 +95,9 @@ void AddRouteCommands(CLI::App& app, CliContext& context) {
     rewrite.callback([&context, options] { Rewrite(context, *options); });
     rewrite.footer(
         "Coordinates are written with 3 decimals. Points without names get \"WPT 1\" and so on. The data order is\n"
-        "stored with the settings. What the new file can't hold is told first, and then --yes is needed.\n\n"
+        "stored with the settings. What the new file can't hold is told first, and then --yes is needed; the file as "
+        "it\n"
+        "was is kept beside it, as \"NAME (original).csv\".\n\n"
         "Data orders: 0 Easting, Northing; 1 Name, Easting, Northing; 2 Easting, Northing, Name.\n\n"
         "Examples:\n"
         "  quillon route rewrite transit.csv --order 1\n"

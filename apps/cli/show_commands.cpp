@@ -90,7 +90,7 @@ void Show(CliContext& context, const ShowOptions& options) {
     Feature feature(context.Files());
     ReadReport report;
     const bool taken = Load(feature, options, report);
-    if (!report.opened) return context.Fail(options.file, "can't be read");
+    if (!report.opened) return context.Fail(options.file, "can't be read: " + report.fault);
     context.err << ReportText(options.file, report);
     if (!taken) return context.Fail(options.file, "no usable point");
     const std::unique_ptr<Sheet> sheet = options.json ? MakeJsonSheet(context.out) : MakeTextSheet(context.out);

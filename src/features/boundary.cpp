@@ -25,7 +25,7 @@ bool CBoundary::Read(std::string_view newPath, ReadReport* report) {
     RebuildPolygon();
     SetStub(false);
     CStdioFile file(GetFiles());
-    if (file.OpenForReading(GetPath())) ReadFrom(file, report);
+    if (OpenData(file, GetPath(), report)) ReadFrom(file, report);
     SetReadStamp(file.GetStamp());
     LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
     return !IsEmpty();
@@ -41,7 +41,7 @@ bool CBoundary::ReadFrom(CStdioFile& file, ReadReport* report) {
 
 bool CBoundary::ReadAgain(ReadReport* report) {
     CStdioFile file(GetFiles());
-    if (!file.OpenForReading(GetPath())) return false;
+    if (!OpenData(file, GetPath(), report)) return false;
     const bool taken = IsStub() ? Read(GetPath(), report) : ReadFrom(file, report);
     if (!taken) AddStubPoint();
     SetReadStamp(file.GetStamp());

@@ -136,7 +136,7 @@ bool CGridWaypoint::ReadData(std::string_view newPath, ReadReport* report) {
 bool CGridWaypoint::ReadFile(std::string_view newPath, bool withSettings, ReadReport* report) {
     RemoveAll();
     CStdioFile file(files);
-    const bool opened = file.OpenForReading(newPath, FILE_MODE::BINARY);
+    const bool opened = OpenData(file, newPath, report, FILE_MODE::BINARY);
     SetReadStamp(file.GetStamp());
     if (!opened) return false;
     path = newPath;
@@ -146,7 +146,7 @@ bool CGridWaypoint::ReadFile(std::string_view newPath, bool withSettings, ReadRe
 
 bool CGridWaypoint::ReadAgain(ReadReport* report) {
     CStdioFile file(files);
-    if (!file.OpenForReading(path, FILE_MODE::BINARY)) return false;
+    if (!OpenData(file, path, report, FILE_MODE::BINARY)) return false;
     if (IsStub()) LoadSettings();
     ReadFrom(file, report);
     SetReadStamp(file.GetStamp());

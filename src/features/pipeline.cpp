@@ -90,14 +90,14 @@ bool CPipeline::LoadData(std::string_view newPath, ReadReport* report) {
     path = newPath;
     Forget();
     CStdioFile file(files);
-    const bool taken = file.OpenForReading(path) && ReadFrom(file, report);
+    const bool taken = OpenData(file, path, report) && ReadFrom(file, report);
     SetReadStamp(file.GetStamp());
     return taken;
 }
 
 bool CPipeline::ReadAgain(ReadReport* report) {
     CStdioFile file(files);
-    if (!file.OpenForReading(path)) return false;
+    if (!OpenData(file, path, report)) return false;
     if (IsStub()) ReadSettings();
     ReadFrom(file, report);
     SetReadStamp(file.GetStamp());

@@ -18,6 +18,16 @@ inline PASSED_OVER PositionFault(double easting, double northing) {
     return easting == 0.0 && northing == 0.0 ? PASSED_OVER::ZERO_POSITION : PASSED_OVER::NO;
 }
 
+/// Opens a data file and notes in the report whether that went well.
+inline bool OpenData(CStdioFile& file, std::string_view path, ReadReport* report, FILE_MODE mode = FILE_MODE::TEXT) {
+    const bool opened = file.OpenForReading(path, mode);
+    if (report) {
+        report->opened = opened;
+        report->fault = file.GetFault();
+    }
+    return opened;
+}
+
 /// Reads records, one a line. `decode(line, record)` fills a fresh record, in its place in the array, and says whether
 /// it is one. Storage is reserved by what the first lines take of the file's length, so that a large file isn't copied
 /// over and over while it grows, and never by more than the bytes that are left could hold.

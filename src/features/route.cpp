@@ -17,23 +17,12 @@ namespace quillon {
 namespace {
 
 constexpr std::string_view kFolder = "Routes";
-constexpr std::string_view kOrderSuffix = "_DATA_ORDER";
 constexpr int kDecimals = 3;
 
 /// How far the chord of a stepped arc may leave the curve, metres.
 constexpr double kArcTolerance = 1.0;
 /// Steps of one arc at most: more than any curve that a vessel sails needs.
 constexpr int kMostSteps = 1'000'000;
-
-PASSED_OVER DecodePoint(std::string_view line, int order, RouteDef& record) {
-    if (order < 0 || order > 2) return PASSED_OVER::UNKNOWN_ORDER;
-    FieldScanner fields(line);
-    if (order == 1) record.name = fields.NextString();
-    record.position.x = fields.NextNumber();
-    record.position.y = fields.NextNumber();
-    if (order == 2) record.name = fields.NextString();
-    return PositionFault(record.position.x, record.position.y);
-}
 
 void SetLeg(RouteDef& record, tagXY next) {
     const LegDef leg = MakeLeg(record.position, next);
@@ -67,26 +56,12 @@ void AddCurve(CStdioFile& file, const RouteDef& record) {
 
 }  // namespace
 
-// ---- Data order ----
-
-std::int32_t LoadDataOrder(FileSystem& files, std::string_view name) {
-    CConfigFile file(files);
-    return file.OpenForRead(std::string(name) + std::string(kOrderSuffix)) ? file.ReadInt(0) : 0;
-}
-
-void SaveDataOrder(FileSystem& files, std::string_view name, std::int32_t order) {
-    CConfigFile file(files);
-    if (!file.OpenSettingsForWrite(std::string(name) + std::string(kOrderSuffix))) return;
-    file.WriteInt("Data Order", order);
-    file.Commit();
-}
-
 // ---- Reading ----
 
 bool CRoute::Read(std::string_view newPath, ReadReport* report) {
     // The path may be this object's own.
     const std::string path(newPath);
-    dataOrder = LoadDataOrder(GetFiles(), SplitPath(path).name);
+    dataOrder = LoadDataOrder(GetFiles(), path);
     SetPathAndLoad(path);
     const bool taken = ReadPoints(report);
     LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
@@ -101,7 +76,7 @@ bool CRoute::ReadPoints(ReadReport* report) {
     firstWork = -2;
     secondWork = -1;
     CStdioFile file(GetFiles());
-    const bool taken = file.OpenForReading(GetPath()) && ReadFrom(file, report);
+    const bool taken = OpenData(file, GetPath(), report) && ReadFrom(file, report);
     SetReadStamp(file.GetStamp());
     return taken;
 }
@@ -110,9 +85,10 @@ bool CRoute::ReadFrom(CStdioFile& file, ReadReport* report) {
     if (report) report->opened = true;
     SetStub(false);
     const auto decode = [this](std::string_view line, RouteDef& record) {
-        return DecodePoint(line, dataOrder, record);
+        return DecodeRoutePoint(line, dataOrder, record);
     };
     Adopt(ReadRecords<RouteDef>(file, decode, report));
+    readOrder = dataOrder;
     FillLegs();
     RenewNames();
     return !IsEmpty();
@@ -120,7 +96,7 @@ bool CRoute::ReadFrom(CStdioFile& file, ReadReport* report) {
 
 bool CRoute::ReadAgain(ReadReport* report) {
     CStdioFile file(GetFiles());
-    if (!file.OpenForReading(GetPath())) return false;
+    if (!OpenData(file, GetPath(), report)) return false;
     const bool taken = IsStub() ? Read(GetPath(), report) : ReadFrom(file, report);
     if (!taken) AddStubRecord();
     SetReadStamp(file.GetStamp());
@@ -130,7 +106,7 @@ bool CRoute::ReadAgain(ReadReport* report) {
 
 void CRoute::RenewNames() {
     if (dataOrder != 0) return;
-    for (Index i = 0; i < GetSize(); ++i) (*this)[i].name = Format("WPT %td", i + 1);
+    for (Index i = 0; i < GetSize(); ++i) (*this)[i].name = RoutePointName(i);
 }
 
 void CRoute::FillLegs() {
@@ -157,24 +133,13 @@ void CRoute::SaveDrawingOptions() const {
     SaveDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
 }
 
-bool CRoute::SaveRoute() const {
-    SaveOrder();
-    CStdioFile file(GetFiles());
-    bool saved = !IsStub() && !IsEmpty() && file.OpenForWriting(GetPath(), FILE_MODE::BINARY);
-    if (saved) {
-        CDelimitedLine line;
-        for (const RouteDef& record : *this) {
-            line.Fill({});
-            if (dataOrder == 1) line.AddString(record.name);
-            line.AddNumber(record.position.x, kDecimals);
-            line.AddNumber(record.position.y, kDecimals);
-            if (dataOrder == 2) line.AddString(record.name);
-            file.WriteString(line.Finish());
-        }
-        saved = file.Commit();
-    }
+const RouteSave& CRoute::SaveRoute() {
+    CRouteRewrite rewrite(*this);
+    // A file of no use keeps the order that was chosen for it.
+    if (IsStub() || IsEmpty()) SaveOrder();
+    lastSave = rewrite.Commit();
     SaveCommon();
-    return saved;
+    return lastSave;
 }
 
 // ---- Corridor ----

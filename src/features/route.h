@@ -6,53 +6,16 @@
 #include <string_view>
 
 #include "features/corridor.h"
+#include "features/data_order.h"
 #include "features/drawing_options.h"
 #include "features/feature_common.h"
 #include "features/file_list.h"
+#include "features/route_record.h"
+#include "features/route_rewrite.h"
 #include "foundation/read_report.h"
 #include "foundation/values.h"
 
 namespace quillon {
-
-/// One point of a route. Metres, radians clockwise from grid north. The curve fields belong to design routes; a plain
-/// route leaves them 0.
-struct RouteDef {
-    tagXY position;
-    double range = 0.0;  ///< of the leg to the next point; 0 in the last point
-    double bearing = 0.0;
-    double sine = 0.0;
-    double cosine = 0.0;
-    double reverseBearing = 0.0;
-    double kp = 0.0;       ///< metres along the route up to this point
-    double kpScale = 0.0;  ///< kilometres per metre on this leg: 0.001, or 1 for a leg of no length
-    double radius = 0.0;   ///< of the curve; 0 at a plain corner
-    tagXY centre;
-    tagXY curveStart;
-    tagXY curveEnd;
-    double curveStartKp = 0.0;
-    double curveEndKp = 0.0;
-    double startRadial = 0.0;
-    double endRadial = 0.0;
-    double interiorAngle = 0.0;
-    double sweep = 0.0;
-    double arcLength = 0.0;
-    std::int32_t direction = 0;  ///< 1 clockwise, -1 anti-clockwise, 0 no curve
-    tagXY portCorridorStart;
-    tagXY portCorridorEnd;
-    tagXY starboardCorridorStart;
-    tagXY starboardCorridorEnd;
-    std::string name;
-};
-
-class CRouteArray : public CArray<RouteDef> {};
-
-inline constexpr std::array<std::string_view, 3> kRouteOrderTxt = {"Easting, Northing", "Name, Easting, Northing",
-                                                                   "Easting, Northing, Name"};
-
-/// The data order of a route or sail line file, kept in the settings folder under the data file's name. A missing file
-/// means 0.
-std::int32_t LoadDataOrder(FileSystem& files, std::string_view name);
-void SaveDataOrder(FileSystem& files, std::string_view name, std::int32_t order);
 
 /// A route: points with the leg that leaves each, the distance so far, and the corners of the corridor either side.
 class CRoute : public CRouteArray, public CDrawingOptions, public CCorridor, public CFeatureCommon {
@@ -75,10 +38,16 @@ public:
     void SaveDrawingOptions() const;
     void SaveCorridorOptions() const { SaveCorridor(GetFiles(), GetName()); }
     void SaveOrder() const { SaveDataOrder(GetFiles(), GetName(), dataOrder); }
-    /// Rewrites the data file by the data order, with 3 decimals, and the data order and the flags with it. Lines that
-    /// were passed over when it was read are gone from it. False if the data file was left as it was: it can't be
-    /// written, or nothing in it could be read under this data order, and then what it holds isn't ours to replace.
-    bool SaveRoute() const;
+    /// Rewrites the data file by the data order, with 3 decimals, and the data order and the flags with it. What the
+    /// file holds and the new one can't (lines that were passed over, words beside the fields, further decimals) is
+    /// gone from it; then the file as it was is kept beside it first. The data file is left as it was, and so is its
+    /// order, if it can't be written, if it has changed on the disk since it was read, or if nothing in it could be
+    /// read under this data order: then what it holds isn't ours to replace.
+    const RouteSave& SaveRoute();
+    /// What came of the last SaveRoute.
+    const RouteSave& GetLastSave() const { return lastSave; }
+    /// The data order that the points were read by.
+    std::int32_t GetReadOrder() const { return readOrder; }
 
     /// In the data order without names, every point is named by its place: "WPT 1" and so on.
     void RenewNames();
@@ -94,8 +63,12 @@ public:
     std::int32_t secondWork = -1;
 
 private:
+    friend class CRouteRewrite;
     void FillLegs();
     void AddStubRecord();
+
+    std::int32_t readOrder = 0;
+    RouteSave lastSave;
 };
 
 /// A list of routes; also of design routes, whose records have their curve fields filled.

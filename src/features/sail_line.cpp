@@ -29,7 +29,7 @@ PASSED_OVER DecodeLine(std::string_view line, int order, SailLineDef& record) {
 
 bool CSailLine::Read(std::string_view newPath, ReadReport* report) {
     const std::string path(newPath);
-    dataOrder = LoadDataOrder(GetFiles(), SplitPath(path).name);
+    dataOrder = LoadDataOrder(GetFiles(), path);
     SetPathAndLoad(path);
     const bool taken = ReadLines(report);
     LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
@@ -40,7 +40,7 @@ bool CSailLine::ReadLines(ReadReport* report) {
     RemoveAll();
     SetStub(false);
     CStdioFile file(GetFiles());
-    const bool taken = file.OpenForReading(GetPath()) && ReadFrom(file, report);
+    const bool taken = OpenData(file, GetPath(), report) && ReadFrom(file, report);
     SetReadStamp(file.GetStamp());
     return taken;
 }
@@ -57,7 +57,7 @@ bool CSailLine::ReadFrom(CStdioFile& file, ReadReport* report) {
 
 bool CSailLine::ReadAgain(ReadReport* report) {
     CStdioFile file(GetFiles());
-    if (!file.OpenForReading(GetPath())) return false;
+    if (!OpenData(file, GetPath(), report)) return false;
     const bool taken = IsStub() ? Read(GetPath(), report) : ReadFrom(file, report);
     if (!taken) {
         AddEmpty();

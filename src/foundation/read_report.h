@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -30,6 +31,7 @@ struct ReadReport {
     static constexpr std::size_t kMostNamed = 20;
 
     bool opened = false;
+    std::string fault;  ///< why it couldn't be opened, for people
     std::size_t lines = 0;
     std::size_t taken = 0;
     std::size_t passedOver = 0;

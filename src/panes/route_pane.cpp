@@ -164,7 +164,7 @@ void CRoutePane::ReadAnew(CRoute& route, int order) {
 }
 
 void CRoutePane::SaveMember(int index, std::uint8_t save) {
-    const CRoute& route = Member(index);
+    CRoute& route = Member(index);
     if (save == CORRIDOR) {
         route.SaveCorridorOptions();
         return;

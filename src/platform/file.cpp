@@ -150,6 +150,10 @@ std::optional<FileStamp> FileSystem::Stamp(std::string_view path) const {
     return StampOf(status);
 }
 
+void FileSystem::TellSaveFailed(const FailedSave& failed) const {
+    if (commitObserver) commitObserver->OnSaveFailed(failed);
+}
+
 std::size_t FileSystem::ClearLeftovers(std::string_view folder) const {
     if (access == FILE_ACCESS::READ_ONLY) return 0;
     std::vector<fs::path> leftovers;
@@ -293,12 +297,8 @@ bool CStdioFile::OpenForWriting(std::string_view path, FILE_MODE mode) {
     } else {
         writer = FileWriter::Open(files.Calls(), files.Native(path), mode, fault);
     }
-    if (!writer) TellFailure();
+    if (!writer) files.TellSaveFailed({writtenPath, fault});
     return writer != nullptr;
-}
-
-void CStdioFile::TellFailure() const {
-    if (CommitObserver* const observer = files.Observer()) observer->OnSaveFailed({writtenPath, fault});
 }
 
 bool CStdioFile::ReadString(std::string_view& line) {
@@ -334,13 +334,17 @@ void CStdioFile::WriteString(std::string_view text) {
     if (writer) writer->Write(text);
 }
 
+void CStdioFile::ExpectStamp(const std::optional<FileStamp>& expected) {
+    if (writer) writer->ExpectStamp(expected);
+}
+
 bool CStdioFile::Commit() {
     const std::unique_ptr<FileWriter> ending = std::move(writer);
     if (!ending) return false;
     CommitObserver* const observer = files.Observer();
     std::optional<std::string> before = observer ? ending->Before() : std::nullopt;
     if (!ending->Commit(fault)) {
-        TellFailure();
+        files.TellSaveFailed({writtenPath, fault});
         return false;
     }
     stamp = ending->Stamp();

@@ -92,6 +92,8 @@ public:
 
     void SetCommitObserver(CommitObserver* observer) { commitObserver = observer; }
     CommitObserver* Observer() const { return commitObserver; }
+    /// For a save that is given up before its file is opened for writing.
+    void TellSaveFailed(const FailedSave& failed) const;
 
     /// For tests of what a failing system leaves behind. They must outlive the writing.
     void SetCalls(FileCalls& replacement) { calls = &replacement; }
@@ -158,6 +160,8 @@ public:
     const std::string& GetFault() const { return fault; }
 
     void WriteString(std::string_view text);
+    /// The commit fails unless what it replaces is the file with that stamp (none: there is no file).
+    void ExpectStamp(const std::optional<FileStamp>& expected);
 
     /// Replaces the file with what was written and closes. False leaves the old file as it was.
     bool Commit();
@@ -168,8 +172,6 @@ protected:
     FileSystem& files;
 
 private:
-    void TellFailure() const;
-
     class Reader;
     std::unique_ptr<Reader> reader;
     std::unique_ptr<FileWriter> writer;

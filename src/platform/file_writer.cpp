@@ -89,6 +89,8 @@ std::string FaultText(int error) {
             return "it is no plain file";
         case EWOULDBLOCK:
             return "another program is writing it";
+        case ECANCELED:
+            return "it has changed on the disk since it was read";
         case ESTALE:
             return "another program took its new file away";
         default:
@@ -122,6 +124,11 @@ void FileWriter::Write(std::string_view text) {
         bytes += "\r\n";
     }
     bytes += text;
+}
+
+void FileWriter::ExpectStamp(const std::optional<FileStamp>& stampBefore) {
+    expected = stampBefore;
+    expects = true;
 }
 
 std::optional<std::string> FileWriter::Before() const {
@@ -178,6 +185,12 @@ bool FileWriter::WriteWhole(std::span<const std::string_view> further, const std
 }
 
 bool FileWriter::Replace() {
+    struct stat old {};
+    const bool stands = ::stat(target.c_str(), &old) == 0;
+    if (expects && (stands ? std::optional(StampOf(old)) : std::nullopt) != expected) {
+        errno = ECANCELED;
+        return false;
+    }
     if (!IsNamed()) {
         // What bears its name now is another writer's, and not whole.
         errno = ESTALE;

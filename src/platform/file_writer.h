@@ -36,6 +36,8 @@ public:
     FileWriter& operator=(const FileWriter&) = delete;
 
     void Write(std::string_view text);
+    /// See CStdioFile.
+    void ExpectStamp(const std::optional<FileStamp>& stamp);
     /// False, with the old file as it was, if a step fails; `fault` then says why.
     bool Commit(std::string& fault);
     /// The same with further bytes behind those written. They are lent and go to the disk without a copy. `goOn` is
@@ -65,6 +67,8 @@ private:
     Descriptor fd;
     FILE_MODE mode = FILE_MODE::TEXT;
     std::optional<FileStamp> stamp;
+    std::optional<FileStamp> expected;
+    bool expects = false;
 };
 
 }  // namespace quillon

@@ -357,6 +357,38 @@ double Atof(std::string_view text) {
     return negative ? -value : value;
 }
 
+namespace {
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+std::size_t PassDigits(std::string_view text, std::size_t& i) {
+    const std::size_t first = i;
+    while (i < text.size() && IsDigit(text[i])) ++i;
+    return i - first;
+}
+void PassSign(std::string_view text, std::size_t& i) {
+    if (i < text.size() && (text[i] == '-' || text[i] == '+')) ++i;
+}
+
+}  // namespace
+
+bool ScanNumber(std::string_view text, double& number) {
+    std::size_t i = 0;
+    PassSign(text, i);
+    std::size_t digits = PassDigits(text, i);
+    if (i < text.size() && text[i] == '.') digits += PassDigits(text, ++i);
+    if (digits == 0) return false;
+    if (i < text.size() && (text[i] == 'e' || text[i] == 'E')) {
+        PassSign(text, ++i);
+        if (PassDigits(text, i) == 0) return false;
+    }
+    if (i != text.size()) return false;
+    number = Atof(text);
+    return true;
+}
+
 int Atoi(std::string_view text) {
     text = TrimLeft(text);
     const bool negative = !text.empty() && text.front() == '-';

@@ -25,6 +25,10 @@ void AppendShortest(std::string& text, double value);
 /// infinity on overflow, 0 on underflow. Unlike strtod it takes neither "inf", "nan" nor hexadecimal digits.
 double Atof(std::string_view text);
 
+/// The number that the whole text is in plain decimal notation (sign, digits, point, exponent, nothing around it);
+/// false for any other text. As Atof in what becomes of a number too large or too small.
+bool ScanNumber(std::string_view text, double& number);
+
 /// The whole number at the front of a text, after white space; 0 when there is none. Overflow stops at the bounds of
 /// int.
 int Atoi(std::string_view text);

@@ -25,7 +25,7 @@ protected:
 };
 
 TEST_F(RewriteRoute, KeepsPointsAndNamesInTheNewOrder) {
-    drives.Write(kFile, "451000.1234, 6712000\n451300 6712400\n");
+    drives.Write(kFile, "451000.123, 6712000\n451300 6712400\n\n");
     const CliOutcome named = Run({"--order", "1"});
     EXPECT_EQ(named.code, CLI_OK) << named.err;
     EXPECT_EQ(named.out, "C:\\Job\\transit.csv: 2 points written as Name, Easting, Northing\n");
@@ -47,14 +47,16 @@ TEST_F(RewriteRoute, AsksBeforeAnythingIsLost) {
     const std::vector<Row> rows = {
         {"Transit\n1, 2\n0, 0\n3, 4\n",
          {"--order", "0"},
-         "4 lines, 2 taken, 2 passed over\n  line 1: no easting\n  line 3: 0, 0 stands for no position\n",
+         "  2 lines without a point\n  line 1: Transit\n  line 3: 0, 0\n",
          "1.000, 2.000\r\n3.000, 4.000\r\n"},
-        {"1, 2, 15.5\n3, 4\n",
-         {"--order", "0"},
-         "1 lines hold more than their data order names\n",
+        {"Pilot, 1, 2\nB, 3.0001, 4\n",
+         {"--from", "1", "--order", "0"},
+         "  2 names\n  1 positions with more than 3 decimals\n  line 1: Pilot, 1, 2\n  line 2: B, 3.0001, 4\n",
          "1.000, 2.000\r\n3.000, 4.000\r\n"},
-        {"Pilot, 1, 2\n", {"--from", "1", "--order", "0"}, "data order 0 has none\n", "1.000, 2.000\r\n"},
-        {"Pilot, 1, 2, 9\n", {"--from", "1", "--order", "2"}, "hold more", "1.000, 2.000, Pilot\r\n"},
+        {"Pilot, 1, 2\n",
+         {"--order", "1"},
+         "  1 lines with text that belongs to no field\n  line 1: Pilot, 1, 2\n",
+         "WPT 1, 1.000, 2.000\r\n"},
     };
     for (Row row : rows) {
         drives.Write(kFile, row.bytes);
@@ -72,6 +74,9 @@ TEST_F(RewriteRoute, AsksBeforeAnythingIsLost) {
         EXPECT_EQ(done.code, CLI_OK) << row.bytes;
         EXPECT_THAT(done.err, HasSubstr(row.said));
         EXPECT_EQ(drives.Read(kFile), row.after);
+        EXPECT_THAT(done.out, testing::EndsWith("kept as it was: C:\\Job\\transit (original).csv\n"));
+        EXPECT_EQ(drives.Read("C:\\Job\\transit (original).csv"), row.bytes);
+        std::filesystem::remove(drives.Files().Native("C:\\Job\\transit (original).csv"));
     }
 }
 
@@ -87,7 +92,7 @@ TEST_F(RewriteRoute, LeavesAFileThatItCantReadOrWrite) {
     ASSERT_TRUE(other.OpenForWriting(kFile));
     const CliOutcome run = Run({"--order", "1"});
     EXPECT_EQ(run.code, CLI_USELESS);
-    EXPECT_THAT(run.err, HasSubstr("can't be written"));
+    EXPECT_THAT(run.err, HasSubstr("can't be written: another program is writing it"));
     EXPECT_EQ(drives.Read(kFile), "1, 2\n");
     EXPECT_EQ(drives.Read(kOrderFile), "Data Order = 0\r\n");
 

@@ -198,8 +198,10 @@ TEST_F(ShowFiles, EndsWithACodeThatSaysWhy) {
         const char* said;
     };
     const std::vector<Row> rows = {
-        {{"show", "boundary", "C:\\Job\\none.csv"}, CLI_USELESS, "C:\\Job\\none.csv: can't be read\n"},
-        {{"show", "boundary", "C:\\Job"}, CLI_USELESS, "C:\\Job: can't be read\n"},
+        {{"show", "boundary", "C:\\Job\\none.csv"},
+         CLI_USELESS,
+         "C:\\Job\\none.csv: can't be read: there is no such file or folder\n"},
+        {{"show", "boundary", "C:\\Job"}, CLI_USELESS, "C:\\Job: can't be read: it is a folder\n"},
         {{"show", "route", "C:\\Job\\empty.csv"}, CLI_USELESS, "empty.csv: no usable point\n"},
         {{"show", "sail-line", "C:\\Job\\block.csv"}, CLI_USELESS, "line 1: unknown data order\n"},
         {{"show", "boundary"}, CLI_USAGE, "FILE is required"},
