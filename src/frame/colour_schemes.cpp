@@ -47,4 +47,13 @@ void ApplyColourScheme(CMyMFCPropertyGridCtrl& list, int scheme) {
     list.colourScheme = scheme;
 }
 
+void BeginPropertyList(CMyMFCPropertyGridCtrl& list, int scheme) {
+    list.EnableHeaderCtrl(false, "Property", "Value");
+    list.SetVSDotNetLook(true);
+    list.EnableDescriptionArea(true);
+    ApplyColourScheme(list, scheme);
+    list.MarkModifiedProperties(true);
+    list.RemoveAll();
+}
+
 }  // namespace quillon

@@ -14,6 +14,10 @@ const PropertyColours& SchemeColours(int scheme, bool night);
 /// Sets a list to a scheme, in the night colours while the list's night flag is set, and notes the number in it.
 void ApplyColourScheme(CMyMFCPropertyGridCtrl& list, int scheme);
 
+/// Makes a list ready for its rows: none yet, no captions, a description area, changed rows marked, the colours of the
+/// scheme.
+void BeginPropertyList(CMyMFCPropertyGridCtrl& list, int scheme = kFeaturePaneScheme);
+
 /// The colours of the points tables.
 struct TableColours {
     COLORREF background;

@@ -1,15 +1,18 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "foundation/values.h"
 #include "frame/messages.h"
+#include "frame/posts.h"
 #include "platform/dockable_pane.h"
 
 namespace quillon {
 
-/// The base of all panes: what it shows goes to a parent window as messages.
+/// The base of all panes: what it shows goes to a parent window as messages, and its controls turn with day and night.
+/// What stands in it is put together by the pane itself, of a property list or several, and parts such as `CFileStrip`.
 class CMyDockablePane : public CDockablePane {
 public:
     using CDockablePane::CDockablePane;
@@ -20,24 +23,43 @@ public:
     /// The section of the profile that holds whether this pane is shown.
     static std::string ProfileSection(UINT id);
 
+    /// Turns the property lists and the other controls that have night colours; those on the pages of tabs too.
+    virtual void SetNightMode(bool on);
+    void SetDaylightMode() { SetNightMode(false); }
+    bool GetNightMode() const { return night; }
+    void SetVSDotNetLook(int look);
+
+    /// Places the controls in the client area.
+    virtual void AdjustLayout() = 0;
+    /// Builds the rows of the property lists anew.
+    virtual void RefreshRows() = 0;
+    /// Brings all controls up to date with what the pane edits. For a host that has changed it by itself.
+    virtual void Refresh() = 0;
+    void OnSettingChange() override { AdjustLayout(); }
+
 protected:
     /// Creates the pane, hidden if the host has never said otherwise in the profile.
     bool CreatePane(CWnd* parentWindow, UINT paneId, std::string_view paneTitle);
+    void OnSize(tagSIZE) override { AdjustLayout(); }
 
-    // What panes tell their host; all are posted to the receiver.
-
-    /// Something that is drawn has changed.
-    void BroadcastRedraw();
-    /// The same, and this point is to be shown.
+    /// Posts to the receiver, in this order.
+    void BroadcastAll(const Posts& posts);
+    /// The redraw pair with the point that is to be shown.
     void BroadcastRedraw(tagXY point);
-    void BroadcastRecompute();
-    void BroadcastFeatureUpdate(FEATURE_TYPES type);
+
+    // What the messages are about.
+    virtual FEATURE_TYPES GetFeatureType() const { return FEATURE_TYPES::NONE; }
+    virtual bool IsHighlighted() const { return false; }
+    /// Without one, the redraw pair goes out without a point.
+    virtual std::optional<tagXY> GetShownPoint() const { return std::nullopt; }
 
 private:
+    void BroadcastOne(POST post);
     void PostRedrawPair(WPARAM point);
     void PostToReceiver(UINT message, WPARAM wParam = 0);
 
     CWnd* parent = nullptr;
+    bool night = false;
 };
 
 }  // namespace quillon

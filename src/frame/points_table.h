@@ -83,4 +83,9 @@ PointsTable MakePointsTable(const Shown& columns, RecordSource<Record> source) {
     return table;
 }
 
+/// Gives a table these columns and rows in place of its own.
+void ShowPoints(CListCtrl& table, const PointsTable& points);
+/// Gives a table new rows under the columns that it has.
+void RenewPoints(CListCtrl& table, const PointsTable& points);
+
 }  // namespace quillon

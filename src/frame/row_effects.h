@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <span>
 
+#include "frame/posts.h"
 #include "platform/message_queue.h"
 
 namespace quillon {
@@ -15,16 +15,6 @@ enum class EQUAL_VALUE : std::uint8_t {
     COUNTS  ///< all that a new value does
 };
 
-/// The messages that follow a changed row, in their order.
-enum class ROW_MESSAGES : std::uint8_t {
-    NONE,
-    REDRAW,
-    RECOMPUTE,
-    REDRAW_RECOMPUTE,
-    RECOMPUTE_REDRAW,
-    REDRAW_RECOMPUTE_IF_HIGHLIGHTED
-};
-
 /// What follows a changed row, beside the value that its pane stores: one line of a table that stands beside the row
 /// ids. `save` is the pane's own number for a file, 0 for none.
 struct RowEffect {
@@ -32,7 +22,7 @@ struct RowEffect {
     EQUAL_VALUE equal;
     std::uint8_t save;
     bool setsChanged;
-    ROW_MESSAGES messages;
+    Posts posts;
 };
 
 /// What the effects act upon.
@@ -41,9 +31,7 @@ public:
     virtual ~RowEffectTarget() = default;
     virtual void SaveFile(std::uint8_t save) = 0;
     virtual void SetChanged() = 0;
-    virtual void PostRedraw() = 0;
-    virtual void PostRecompute() = 0;
-    virtual bool IsHighlighted() const = 0;
+    virtual void Broadcast(const Posts& posts) = 0;
 };
 
 /// The line of a row; null for an id without a reaction.

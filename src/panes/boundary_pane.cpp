@@ -8,28 +8,29 @@
 namespace quillon {
 namespace {
 
+using enum EQUAL_VALUE;
+using enum POST;
+
 constexpr std::uint8_t kSaveDrawing = 1;
 
 // clang-format off
 constexpr std::array<RowEffect, 5> kEffects = {{
-    // row                 equal value        save          changed  messages
-    {BOUNDARY_DISPLAY,   EQUAL_VALUE::ENDS, kSaveDrawing, true,  ROW_MESSAGES::REDRAW_RECOMPUTE_IF_HIGHLIGHTED},
-    {BOUNDARY_HIGHLIGHT, EQUAL_VALUE::ENDS, kSaveDrawing, false, ROW_MESSAGES::RECOMPUTE},
-    {BOUNDARY_COLOUR,    EQUAL_VALUE::ENDS, kSaveDrawing, true,  ROW_MESSAGES::REDRAW},
-    {BOUNDARY_FILL,      EQUAL_VALUE::ENDS, kSaveDrawing, true,  ROW_MESSAGES::REDRAW},
-    {BOUNDARY_THICKNESS, EQUAL_VALUE::ENDS, kSaveDrawing, true,  ROW_MESSAGES::REDRAW},
+    // row               equal  save          changed  messages
+    {BOUNDARY_DISPLAY,   ENDS,  kSaveDrawing, true,    {REDRAW, RECOMPUTE_IF_HIGHLIGHTED}},
+    {BOUNDARY_HIGHLIGHT, ENDS,  kSaveDrawing, false,   {RECOMPUTE}},
+    {BOUNDARY_COLOUR,    ENDS,  kSaveDrawing, true,    {REDRAW}},
+    {BOUNDARY_FILL,      ENDS,  kSaveDrawing, true,    {REDRAW}},
+    {BOUNDARY_THICKNESS, ENDS,  kSaveDrawing, true,    {REDRAW}},
 }};
 // clang-format on
 
-constexpr FeaturePaneTraits kTraits = {.comboId = 12057,
-                                       .addId = 12055,
-                                       .removeId = 12056,
+constexpr FeaturePaneTraits kTraits = {.strip = {.combo = 12057, .add = 12055, .remove = 12056},
                                        .tableId = 12015,
                                        .fileKind = "Boundary",
                                        .listRows = 16,
                                        .type = FEATURE_TYPES::BOUNDARY,
-                                       .addMessages = LIST_MESSAGES::REDRAW_RECOMPUTE,
-                                       .removeMessages = LIST_MESSAGES::REDRAW_RECOMPUTE,
+                                       .added = {REDRAW, RECOMPUTE},
+                                       .removed = {REDRAW, RECOMPUTE},
                                        .cursor = COMBO_CURSOR::FOLLOWS,
                                        .removeMovesCursor = true,
                                        .effects = kEffects};
@@ -62,7 +63,7 @@ void CBoundaryPane::BuildRows(int index) {
     area.Add<CMFCPropertyGridLineThicknessProperty>(boundary.pen.thickness, colour, BOUNDARY_THICKNESS);
 }
 
-bool CBoundaryPane::StoreRow(int index, CMFCPropertyGridProperty& row) {
+bool CBoundaryPane::StoreMemberRow(int index, CMFCPropertyGridProperty& row) {
     CBoundary& boundary = Member(index);
     switch (static_cast<BOUNDARY_ROW>(row.GetData())) {
         case BOUNDARY_DISPLAY:

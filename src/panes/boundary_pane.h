@@ -30,7 +30,7 @@ private:
     void BuildRows(int index) override;
     PointsTable MakeTable(int index) override;
     bool PointOfRow(int index, int row, tagXY& point) const override;
-    bool StoreRow(int index, CMFCPropertyGridProperty& row) override;
+    bool StoreMemberRow(int index, CMFCPropertyGridProperty& row) override;
     void SaveMember(int index, std::uint8_t save) override;
     bool IsMemberHighlighted(int index) const override { return Member(index).Highlight; }
 };

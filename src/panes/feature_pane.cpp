@@ -4,51 +4,51 @@
 
 #include "foundation/paths.h"
 #include "frame/select_feature_files.h"
-#include "platform/platform.h"
+#include "frame/size_columns.h"
 #include "platform/property_rows.h"
 
 namespace quillon {
 
 CFeaturePane::CFeaturePane(Platform& owner, const FeaturePaneTraits& paneTraits)
-    : CPropertyPane(owner, paneTraits.tableId, paneTraits.listRows),
+    : CPropertyPane(owner, paneTraits.listRows, paneTraits.effects),
       traits(paneTraits),
-      combo(*this, paneTraits.comboId),
-      addButton(*this, paneTraits.addId, "Add File", false),
-      removeButton(*this, paneTraits.removeId, "Remove File", false) {
-    AddControl(addButton);
-    AddControl(removeButton);
-    AddControl(combo);
+      strip(*this, paneTraits.strip),
+      table(*this, paneTraits.tableId) {
     AddControl(GetPropertyList());
-    AddControl(GetTable());
+    AddControl(table);
 }
 
 bool CFeaturePane::Create(CWnd* parent, UINT id, std::string_view title, CFileListBase& features) {
     list = &features;
     if (!CreatePane(parent, id, title)) return false;
-    SetupComboBox();
-    InitPropList();
-    CreateTable();
-    AdjustLayout();
+    Refresh();
     return true;
 }
 
+void CFeaturePane::Refresh() {
+    SetupComboBox();
+    OnCombo();
+}
+
 int CFeaturePane::Current() const {
-    const int selected = combo.GetCurSel();
+    const int selected = strip.GetCombo().GetCurSel();
     return list && list->IsValidIndex(selected) ? selected : -1;
 }
 
 // ---- The combo ----
 
 void CFeaturePane::SetupComboBox() {
+    CComboBox& combo = strip.GetCombo();
     const int noted = combo.GetCurSel();
-    combo.ResetContent();
+    std::vector<std::string> names;
+    for (int i = 0; i < list->GetCount(); ++i) names.push_back(NameOfPath(list->GetPath(i)));
+    strip.SetNames(names);
     if (list->IsEmpty()) {
         if (traits.cursor != COMBO_CURSOR::STAYS) list->ResetEditCursor();
         if (traits.cursor == COMBO_CURSOR::FOLLOWS_ZERO) list->editState.editFileIndex = 0;
         if (traits.cursor == COMBO_CURSOR::FOLLOWS_ZERO) list->editState.editPointIndex = 0;
         return;
     }
-    for (int i = 0; i < list->GetCount(); ++i) combo.AddString(NameOfPath(list->GetPath(i)));
     combo.SetCurSel(list->IsValidIndex(noted) ? noted : 0);
     PointCursorAtCombo();
 }
@@ -56,7 +56,7 @@ void CFeaturePane::SetupComboBox() {
 void CFeaturePane::PointCursorAtCombo() {
     if (traits.cursor == COMBO_CURSOR::STAYS) return;
     list->ResetEditCursor();
-    list->SetEditCursor(combo.GetCurSel(), 0);
+    list->SetEditCursor(strip.GetCombo().GetCurSel(), 0);
     if (traits.cursor == COMBO_CURSOR::FOLLOWS_ZERO) list->editState.editPointIndex = 0;
 }
 
@@ -77,13 +77,8 @@ void CFeaturePane::BuildPropertyRows() {
     }
 }
 
-LRESULT CFeaturePane::OnPropertyChanged(WPARAM, CMFCPropertyGridProperty& row) {
-    const int index = Current();
-    const RowEffect* const effect = FindRowEffect(traits.effects, row.GetData());
-    if (index < 0 || !effect) return 0;
-    const bool differed = StoreRow(index, row);
-    ApplyRowEffect(*effect, differed, *this);
-    return 0;
+LRESULT CFeaturePane::OnPropertyChanged(WPARAM wParam, CMFCPropertyGridProperty& row) {
+    return Current() < 0 ? 0 : CPropertyPane::OnPropertyChanged(wParam, row);
 }
 
 void CFeaturePane::SaveFile(std::uint8_t save) {
@@ -96,16 +91,30 @@ bool CFeaturePane::IsHighlighted() const {
     return index >= 0 && IsMemberHighlighted(index);
 }
 
-bool CFeaturePane::IsMemberHighlighted(int) const {
-    return false;
+// ---- The points table ----
+
+void CFeaturePane::CreateTable() {
+    ShowPoints(table, MakeTable(Current()));
 }
 
-// ---- The points table ----
+void CFeaturePane::UpdateAllPositions() {
+    RenewPoints(table, MakeTable(Current()));
+}
+
+void CFeaturePane::OnSize(tagSIZE) {
+    AdjustLayout();
+    SizeColumns(table, false);
+}
+
+LRESULT CFeaturePane::OnMessage(const MSG& message) {
+    if (message.message == UM_SELECT_FEATURE) return OnSelectPoint(message.wParam, message.lParam);
+    return CPropertyPane::OnMessage(message);
+}
 
 LRESULT CFeaturePane::OnSelectPoint(WPARAM, LPARAM row) {
     const int index = Current();
     tagXY point;
-    if (index >= 0 && row >= 0 && row < GetTable().GetItemCount() && PointOfRow(index, static_cast<int>(row), point)) {
+    if (index >= 0 && row >= 0 && row < table.GetItemCount() && PointOfRow(index, static_cast<int>(row), point)) {
         BroadcastRedraw(point);
     }
     return 0;
@@ -119,11 +128,9 @@ void CFeaturePane::OnAdd() {
     AddPaths(paths);
     SetupComboBox();
     SelectLast();
-    InitPropList();
-    CreateTable();
-    AdjustLayout();
+    OnCombo();
     list->Save();
-    BroadcastList(traits.addMessages);
+    BroadcastAll(traits.added);
 }
 
 void CFeaturePane::AddPaths(const std::vector<std::string>& paths) {
@@ -131,17 +138,19 @@ void CFeaturePane::AddPaths(const std::vector<std::string>& paths) {
 }
 
 void CFeaturePane::SelectLast() {
+    CComboBox& combo = strip.GetCombo();
     combo.SetCurSel(combo.GetCount() - 1);
     if (traits.cursor != COMBO_CURSOR::STAYS) list->SetEditCursor(combo.GetCurSel(), -1);
 }
 
 void CFeaturePane::OnRemove() {
     if (list->IsEmpty()) return;
+    CComboBox& combo = strip.GetCombo();
     const int noted = combo.GetCurSel();
     const int index = Current();
     if (index >= 0) {
         // Nothing may go on showing the member while it goes.
-        GetTable().DeleteAllItems();
+        table.DeleteAllItems();
         list->RemoveAt(index);
         MoveCursorAfterRemoval(index);
         list->Save();
@@ -154,7 +163,7 @@ void CFeaturePane::OnRemove() {
     InitPropList();
     CreateTable();
     list->Save();
-    BroadcastList(traits.removeMessages);
+    BroadcastAll(traits.removed);
 }
 
 void CFeaturePane::MoveCursorAfterRemoval(int removed) {
@@ -164,28 +173,10 @@ void CFeaturePane::MoveCursorAfterRemoval(int removed) {
     state.editPointIndex = state.editFileIndex < 0 ? -1 : 0;
 }
 
-void CFeaturePane::BroadcastList(LIST_MESSAGES messages) {
-    if (messages == LIST_MESSAGES::UPDATE_REDRAW) BroadcastFeatureUpdate(traits.type);
-    BroadcastRedraw();
-    if (messages != LIST_MESSAGES::UPDATE_REDRAW) BroadcastRecompute();
-    if (messages == LIST_MESSAGES::REDRAW_RECOMPUTE_UPDATE) BroadcastFeatureUpdate(traits.type);
-}
-
-// ---- The strip at the top ----
-
-int CFeaturePane::LayOutTop(int width) {
-    const int half = width / 2;
-    addButton.MoveWindow({0, 0, half, kPaneButtonHeight});
-    removeButton.MoveWindow({half, 0, width, kPaneButtonHeight});
-    const int bottom = kPaneButtonHeight + GetPlatform().GetMetric(SYSTEM_METRIC::COMBO_HEIGHT);
-    combo.MoveWindow({0, kPaneButtonHeight, width, bottom});
-    return bottom;
-}
-
 void CFeaturePane::OnCommand(UINT control) {
-    if (control == traits.addId) OnAdd();
-    if (control == traits.removeId) OnRemove();
-    if (control == traits.comboId) OnCombo();
+    if (control == traits.strip.add) OnAdd();
+    if (control == traits.strip.remove) OnRemove();
+    if (control == traits.strip.combo) OnCombo();
 }
 
 }  // namespace quillon

@@ -7,18 +7,12 @@
 #include <vector>
 
 #include "features/file_list.h"
-#include "frame/colour_button.h"
-#include "frame/row_effects.h"
+#include "frame/feature_list_ctrl.h"
+#include "frame/file_strip.h"
+#include "frame/points_table.h"
 #include "panes/property_pane.h"
 
 namespace quillon {
-
-/// What is told to the host after files came or went.
-enum class LIST_MESSAGES : std::uint8_t {
-    REDRAW_RECOMPUTE,
-    REDRAW_RECOMPUTE_UPDATE,  ///< ... then UM_FEATURE_UPDATE
-    UPDATE_REDRAW             ///< UM_FEATURE_UPDATE first, and no recompute
-};
 
 /// Where SetupComboBox leaves the list's edit cursor.
 enum class COMBO_CURSOR : std::uint8_t {
@@ -29,45 +23,51 @@ enum class COMBO_CURSOR : std::uint8_t {
 
 /// All that tells one feature pane from another without code: one constant beside its row ids.
 struct FeaturePaneTraits {
-    UINT comboId;
-    UINT addId;
-    UINT removeId;
+    CFileStrip::Ids strip;
     UINT tableId;
     std::string_view fileKind;  ///< in the title of the file question
     int listRows;               ///< height of the property list in rows
     FEATURE_TYPES type;
-    LIST_MESSAGES addMessages;
-    LIST_MESSAGES removeMessages;
+    Posts added;    ///< what is told after files came
+    Posts removed;  ///< what is told after one went
     COMBO_CURSOR cursor;
     bool removeMovesCursor;  ///< the edit indexes are brought along when the file that they name goes
     std::span<const RowEffect> effects;
 };
 
-/// The pattern of every feature pane: an add and a remove button and a file combo on top, below it the properties of
-/// the combo's file, below that its points. What differs from kind to kind is in the traits and the few virtual steps.
+/// The pattern of most feature panes: the strip of a file list on top, below it the properties of the combo's file,
+/// below that its points. What differs from kind to kind is in the traits and the few virtual steps.
 ///
 /// The list is the host's and outlives the pane. All calls on the user-interface thread.
-class CFeaturePane : public CPropertyPane, private RowEffectTarget {
+class CFeaturePane : public CPropertyPane {
 public:
     CFeaturePane(Platform& platform, const FeaturePaneTraits& paneTraits);
 
-    /// The four steps below in their order. False if the pane can't be created.
+    /// False if the pane can't be created.
     bool Create(CWnd* parent, UINT id, std::string_view title, CFileListBase& features);
 
-    void SetupComboBox() override;
+    // A host that changes the list by itself brings the pane up to date by `Refresh`, which is these and InitPropList
+    // and AdjustLayout.
+    void SetupComboBox();
+    void CreateTable();
+    void UpdateAllPositions();
+    void Refresh() override;
 
     // Handlers.
     void OnAdd();
     void OnRemove();
     void OnCombo();
-    LRESULT OnSelectPoint(WPARAM wParam, LPARAM row) override;
+    LRESULT OnSelectPoint(WPARAM wParam, LPARAM row);
     LRESULT OnPropertyChanged(WPARAM wParam, CMFCPropertyGridProperty& row) override;
     void OnCommand(UINT control) override;
+    void OnSize(tagSIZE size) override;
+    LRESULT OnMessage(const MSG& message) override;
 
     // The controls, for a host that shows them and for tests.
-    CComboBox& GetCombo() { return combo; }
-    CColourButton& GetAddButton() { return addButton; }
-    CColourButton& GetRemoveButton() { return removeButton; }
+    CComboBox& GetCombo() { return strip.GetCombo(); }
+    CColourButton& GetAddButton() { return strip.GetAddButton(); }
+    CColourButton& GetRemoveButton() { return strip.GetRemoveButton(); }
+    CFeatureListCtrl& GetTable() { return table; }
 
 protected:
     CFileListBase& List() const { return *list; }
@@ -83,17 +83,12 @@ protected:
     /// The position of a table row that is to be shown; false if there is none.
     virtual bool PointOfRow(int index, int row, tagXY& point) const = 0;
     /// Stores the row's value in the member and refreshes the rows that hang on it. False if the member had that value.
-    virtual bool StoreRow(int index, CMFCPropertyGridProperty& row) = 0;
+    virtual bool StoreMemberRow(int index, CMFCPropertyGridProperty& row) = 0;
     /// Writes one of the member's files; the number is the one of the effects table.
     virtual void SaveMember(int index, std::uint8_t save) = 0;
-    virtual bool IsMemberHighlighted(int index) const;
+    virtual bool IsMemberHighlighted(int) const { return false; }
     /// The paths chosen by the operator, in their order.
     virtual void AddPaths(const std::vector<std::string>& paths);
-
-    // The steps of every pane, for the member that the combo shows.
-    void BuildPropertyRows() override;
-    PointsTable CurrentTable() override { return MakeTable(Current()); }
-    int LayOutTop(int width) override;
 
     /// The records of a member, for a table: none once it has gone.
     template <class Record, class List>
@@ -108,19 +103,21 @@ private:
     void SelectLast();
     void MoveCursorAfterRemoval(int removed);
     void PointCursorAtCombo();
-    void BroadcastList(LIST_MESSAGES messages);
 
+    // The steps of every pane, for the member that the combo shows.
+    void BuildPropertyRows() override;
+    bool StoreRow(CMFCPropertyGridProperty& row) override { return StoreMemberRow(Current(), row); }
     void SaveFile(std::uint8_t save) override;
     void SetChanged() override { list->changed = true; }
-    void PostRedraw() override { BroadcastRedraw(); }
-    void PostRecompute() override { BroadcastRecompute(); }
+    int LayOutTop(int width) override { return strip.LayOut(width); }
+    CControl* GetRest() override { return &table; }
+    FEATURE_TYPES GetFeatureType() const override { return traits.type; }
     bool IsHighlighted() const override;
 
     const FeaturePaneTraits& traits;
     CFileListBase* list = nullptr;
-    CComboBox combo;
-    CColourButton addButton;
-    CColourButton removeButton;
+    CFileStrip strip;
+    CFeatureListCtrl table;
 };
 
 }  // namespace quillon

@@ -13,14 +13,14 @@ namespace quillon {
 namespace {
 
 template <class Pane, auto List>
-std::unique_ptr<CPropertyPane> CreateOver(Platform& platform, CWnd* parent, JobFeatures& job) {
+std::unique_ptr<CMyDockablePane> CreateOver(Platform& platform, CWnd* parent, JobFeatures& job) {
     auto pane = std::make_unique<Pane>(platform);
     if (!pane->Create(parent, Pane::kTitleId, job.*List)) return nullptr;
     return pane;
 }
 
 template <bool Catenary>
-std::unique_ptr<CPropertyPane> CreateWaypointPane(Platform& platform, CWnd* parent, JobFeatures& job) {
+std::unique_ptr<CMyDockablePane> CreateWaypointPane(Platform& platform, CWnd* parent, JobFeatures& job) {
     auto pane = std::make_unique<CGridWaypointPane>(platform);
     const UINT id = Catenary ? CGridWaypointPane::kCatenaryId : CGridWaypointPane::kPlainId;
     const std::string_view title = Catenary ? CGridWaypointPane::kCatenaryTitle : CGridWaypointPane::kPlainTitle;
@@ -28,7 +28,7 @@ std::unique_ptr<CPropertyPane> CreateWaypointPane(Platform& platform, CWnd* pare
     return pane;
 }
 
-std::unique_ptr<CPropertyPane> CreatePipelinePane(Platform& platform, CWnd* parent, JobFeatures& job) {
+std::unique_ptr<CMyDockablePane> CreatePipelinePane(Platform& platform, CWnd* parent, JobFeatures& job) {
     auto pane = std::make_unique<CPipelinePane>(platform);
     if (!pane->Create(parent, CPipelinePane::kTitleId, job.pipelines, true)) return nullptr;
     return pane;

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "features/job_features.h"
-#include "panes/property_pane.h"
+#include "frame/my_dockable_pane.h"
 
 namespace quillon {
 
@@ -14,7 +14,7 @@ struct PaneEntry {
     UINT id;
     std::string_view title;
     /// A created pane over the job's list. Null if it can't be created.
-    std::unique_ptr<CPropertyPane> (*create)(Platform& platform, CWnd* parent, JobFeatures& job);
+    std::unique_ptr<CMyDockablePane> (*create)(Platform& platform, CWnd* parent, JobFeatures& job);
 };
 
 /// Every pane there is, in the order of the menu.

@@ -1,10 +1,13 @@
 #include "panes/pipe_route_pane.h"
 
 #include <algorithm>
+#include <array>
 
 #include "features/pipeline_columns.h"
 #include "foundation/paths.h"
+#include "frame/pane_layout.h"
 #include "frame/select_feature_files.h"
+#include "frame/size_columns.h"
 #include "panes/row_values.h"
 #include "platform/platform.h"
 #include "platform/text.h"
@@ -12,30 +15,54 @@
 namespace quillon {
 namespace {
 
+using enum EQUAL_VALUE;
+using enum POST;
+
 constexpr UINT kTableId = 12016;
 constexpr UINT kSelectId = 12095;
 constexpr UINT kClearId = 12096;
 constexpr int kListRows = 20;
+constexpr std::uint8_t kSaveSettings = 1;
+
+// clang-format off
+constexpr std::array<RowEffect, 8> kEffects = {{
+    // row                  equal   save           changed  messages
+    {PIPE_ROUTE_DISPLAY,    COUNTS, kSaveSettings, false,   {REDRAW}},
+    {PIPE_ROUTE_ORDER,      COUNTS, 0,             false,   {REDRAW}},
+    {PIPE_ROUTE_COLOUR,     COUNTS, kSaveSettings, false,   {REDRAW}},
+    {PIPE_ROUTE_THICKNESS,  COUNTS, kSaveSettings, false,   {REDRAW}},
+    {PIPE_ROUTE_START_KP,   COUNTS, kSaveSettings, false,   {REDRAW}},
+    {PIPE_ROUTE_INCREASING, COUNTS, kSaveSettings, false,   {REDRAW}},
+    {PIPE_ROUTE_LABEL_KPS,  COUNTS, kSaveSettings, false,   {REDRAW}},
+    {PIPE_ROUTE_INTERVAL,   COUNTS, kSaveSettings, false,   {REDRAW}},
+}};
+// clang-format on
 
 }  // namespace
 
 CPipeRoutePane::CPipeRoutePane(Platform& owner)
-    : CPropertyPane(owner, kTableId, kListRows),
+    : CPropertyPane(owner, kListRows, kEffects),
       selectButton(*this, kSelectId, "Select", false),
-      clearButton(*this, kClearId, "Clear", false) {
-    AddControl(selectButton);
-    AddControl(clearButton);
-    AddControl(GetPropertyList());
-    AddControl(GetTable());
+      clearButton(*this, kClearId, "Clear", false),
+      table(*this, kTableId) {
+    for (CControl* const control :
+         std::initializer_list<CControl*>{&selectButton, &clearButton, &GetPropertyList(), &table}) {
+        AddControl(*control);
+    }
 }
 
 bool CPipeRoutePane::Create(CWnd* parent, UINT id, CPipeline& pipeRoute) {
     route = &pipeRoute;
     if (!CreatePane(parent, id, kTitle)) return false;
-    InitPropList();
-    CreateTable();
-    AdjustLayout();
+    ShowPoints(table, CurrentTable());
+    Refresh();
     return true;
+}
+
+void CPipeRoutePane::Refresh() {
+    InitPropList();
+    UpdateAllPositions();
+    AdjustLayout();
 }
 
 // ---- Rows ----
@@ -76,47 +103,40 @@ void CPipeRoutePane::AdjustStartKp() {
     }
 }
 
-LRESULT CPipeRoutePane::OnPropertyChanged(WPARAM, CMFCPropertyGridProperty& row) {
-    if (row.GetData() < PIPE_ROUTE_DISPLAY || row.GetData() > PIPE_ROUTE_INTERVAL) return 0;
-    StoreRow(row);
-    BroadcastRedraw();
-    return 0;
-}
-
-void CPipeRoutePane::StoreRow(CMFCPropertyGridProperty& row) {
+bool CPipeRoutePane::StoreRow(CMFCPropertyGridProperty& row) {
+    bool differed = false;
     switch (static_cast<PIPE_ROUTE_ROW>(row.GetData())) {
         case PIPE_ROUTE_DISPLAY:
-            Take(route->use, row);
-            break;
+            return Take(route->use, row);
         case PIPE_ROUTE_ORDER:
             StoreOrder(ChosenOption(row));
-            return;
+            return true;
         case PIPE_ROUTE_COLOUR:
-            Take(route->linePen.colour, row);
+            differed = Take(route->linePen.colour, row);
             ColourRow(GetPropertyList(), PIPE_ROUTE_THICKNESS, route->linePen.colour);
-            break;
+            return differed;
         case PIPE_ROUTE_THICKNESS:
-            Take(route->linePen.thickness, row);
-            break;
+            return Take(route->linePen.thickness, row);
         case PIPE_ROUTE_START_KP:
-            Take(route->startKp, row);
-            route->ComputeKps();
-            break;
+            return StoreKpRow(Take(route->startKp, row));
         case PIPE_ROUTE_INCREASING:
-            Take(route->increasingKps, row);
+            differed = Take(route->increasingKps, row);
             route->ComputeKps();
-            break;
+            return differed;
         case PIPE_ROUTE_LABEL_KPS:
-            Take(route->labelKps, row);
+            differed = Take(route->labelKps, row);
             route->ComputeKpListing();
-            break;
+            return differed;
         case PIPE_ROUTE_INTERVAL:
-            Take(route->kpInterval, row);
-            route->ComputeKps();
-            break;
+            return StoreKpRow(Take(route->kpInterval, row));
     }
-    route->WriteSettings();
-    if (row.GetData() == PIPE_ROUTE_START_KP || row.GetData() == PIPE_ROUTE_INTERVAL) UpdateAllPositions();
+    return false;
+}
+
+bool CPipeRoutePane::StoreKpRow(bool differed) {
+    route->ComputeKps();
+    UpdateAllPositions();
+    return differed;
 }
 
 void CPipeRoutePane::StoreOrder(int order) {
@@ -135,7 +155,7 @@ void CPipeRoutePane::UpdateAllPositions() {
     shownKps.clear();
     shownKps.reserve(static_cast<std::size_t>(route->GetSize()));
     for (const PipelineDef& point : *route) shownKps.push_back(point.kp);
-    CPropertyPane::UpdateAllPositions();
+    RenewPoints(table, CurrentTable());
 }
 
 PointsTable CPipeRoutePane::CurrentTable() {
@@ -174,17 +194,17 @@ void CPipeRoutePane::OnClear() {
 
 void CPipeRoutePane::ShowRoute() {
     route->WriteActive();
-    InitPropList();
-    UpdateAllPositions();
-    AdjustLayout();
-    BroadcastRedraw();
+    Refresh();
+    BroadcastAll({REDRAW});
 }
 
 int CPipeRoutePane::LayOutTop(int width) {
-    const int half = width / 2;
-    selectButton.MoveWindow({0, 0, half, kPaneButtonHeight});
-    clearButton.MoveWindow({half, 0, width, kPaneButtonHeight});
-    return kPaneButtonHeight;
+    return PlaceInRow({&selectButton, &clearButton}, {0, 0, width, kPaneButtonHeight});
+}
+
+void CPipeRoutePane::OnSize(tagSIZE) {
+    AdjustLayout();
+    SizeColumns(table, false);
 }
 
 void CPipeRoutePane::OnCommand(UINT control) {

@@ -6,6 +6,8 @@
 
 #include "features/pipeline.h"
 #include "frame/colour_button.h"
+#include "frame/feature_list_ctrl.h"
+#include "frame/points_table.h"
 #include "panes/property_pane.h"
 
 namespace quillon {
@@ -35,26 +37,32 @@ public:
     void OnClear();
     /// Shows the rows that only files without KPs need, or hides them.
     void AdjustStartKp();
-    LRESULT OnPropertyChanged(WPARAM wParam, CMFCPropertyGridProperty& row) override;
+    void UpdateAllPositions();
+    void Refresh() override;
     void OnCommand(UINT control) override;
-    void UpdateAllPositions() override;
+    void OnSize(tagSIZE size) override;
 
     CColourButton& GetSelectButton() { return selectButton; }
     CColourButton& GetClearButton() { return clearButton; }
+    CFeatureListCtrl& GetTable() { return table; }
 
 private:
     void BuildPropertyRows() override;
-    PointsTable CurrentTable() override;
+    bool StoreRow(CMFCPropertyGridProperty& row) override;
+    void SaveFile(std::uint8_t) override { route->WriteSettings(); }
     int LayOutTop(int width) override;
+    CControl* GetRest() override { return &table; }
 
-    void StoreRow(CMFCPropertyGridProperty& row);
+    PointsTable CurrentTable();
     void StoreOrder(int order);
+    bool StoreKpRow(bool differed);
     void ShowRoute();
     std::string ShownKpText(std::size_t row) const;
 
     CPipeline* route = nullptr;
     CColourButton selectButton;
     CColourButton clearButton;
+    CFeatureListCtrl table;
     /// The KPs as the table was last filled with them: it shows new ones at its next refresh.
     std::vector<double> shownKps;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "features/pipeline.h"
+#include "panes/alarm_rows.h"
 #include "panes/feature_pane.h"
 
 namespace quillon {
@@ -33,25 +34,21 @@ public:
     explicit CPipelinePane(Platform& platform);
     bool Create(CWnd* parent, UINT id, CPipelineList& features, bool showAlarmRows);
     void OnPipelineCombo() { OnCombo(); }
-    void OnTimer(UINT timer) override;
+    void OnTimer(UINT timer) override { alarm.OnTimer(timer); }
 
 private:
     CPipeline& Member(int index) const { return static_cast<CPipelineList&>(List())[index]; }
 
     void BuildRows(int index) override;
-    void BuildCorridorRows(const CPipeline& pipeline);
-    void BuildAlarmRows(const CPipeline& pipeline);
     PointsTable MakeTable(int index) override;
     bool PointOfRow(int index, int row, tagXY& point) const override;
-    bool StoreRow(int index, CMFCPropertyGridProperty& row) override;
+    bool StoreMemberRow(int index, CMFCPropertyGridProperty& row) override;
     void SaveMember(int index, std::uint8_t save) override;
 
-    bool StoreCorridorRow(CPipeline& pipeline, CMFCPropertyGridProperty& row);
     void ReadAnew(CPipeline& pipeline, int order);
-    void OpenAlarmRows(CMFCPropertyGridProperty& password);
-    void LockAlarmRows(bool lock);
 
     bool alarmRows = false;
+    CAlarmRows alarm;
 };
 
 }  // namespace quillon

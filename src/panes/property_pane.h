@@ -1,60 +1,51 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-#include <vector>
+#include <span>
 
-#include "frame/feature_list_ctrl.h"
 #include "frame/my_dockable_pane.h"
-#include "frame/points_table.h"
+#include "frame/row_effects.h"
 #include "platform/property_grid.h"
 
 namespace quillon {
 
-/// A pane of a property list and a points table, and what stands above them. The base of every pane of the library.
-class CPropertyPane : public CMyDockablePane {
+/// A pane with one property list. What stands above the list and what fills the rest below it, a table or a view, are
+/// the derived pane's: members that it names in `LayOutTop` and `GetRest`. What follows a changed row stands in a table
+/// of effects.
+class CPropertyPane : public CMyDockablePane, private RowEffectTarget {
 public:
-    CPropertyPane(Platform& platform, UINT tableId, int listRows);
+    /// `listRows`: height of the list in rows, where something fills the rest below it.
+    CPropertyPane(Platform& platform, int listRows, std::span<const RowEffect> effects);
 
-    // A host that changes the pane's objects by itself brings the pane up to date by these, in this order.
-    virtual void SetupComboBox() {}
     void InitPropList();
-    void CreateTable();
-    void AdjustLayout();
-
-    virtual void UpdateAllPositions();
-
-    void SetNightMode(bool night);
-    void SetDaylightMode() { SetNightMode(false); }
-    bool GetNightMode() const { return propertyList.night; }
-    void SetVSDotNetLook(int look);
-
-    virtual LRESULT OnPropertyChanged(WPARAM wParam, CMFCPropertyGridProperty& row) = 0;
-    virtual LRESULT OnSelectPoint(WPARAM wParam, LPARAM row);
-    void OnSetFocus() override;
-    void OnSettingChange() override;
+    void AdjustLayout() override;
+    void RefreshRows() override { InitPropList(); }
+    void Refresh() override;
+    virtual LRESULT OnPropertyChanged(WPARAM wParam, CMFCPropertyGridProperty& row);
+    void OnSetFocus() override { SetFocusTo(propertyList); }
     LRESULT OnMessage(const MSG& message) override;
 
     CMyMFCPropertyGridCtrl& GetPropertyList() { return propertyList; }
-    CFeatureListCtrl& GetTable() { return table; }
 
 protected:
     /// Fills the empty property list.
     virtual void BuildPropertyRows() = 0;
-    /// The points table as it should be now; without rows where there is nothing to show.
-    virtual PointsTable CurrentTable() = 0;
-    /// Places what stands above the property list in a strip `width` wide; its lower edge.
-    virtual int LayOutTop(int width) = 0;
+    /// Stores the row's value and refreshes the rows that hang on it. False if the value was the one held.
+    virtual bool StoreRow(CMFCPropertyGridProperty& row) = 0;
+    /// Writes one of the pane's files; the number is the one of the effects table.
+    void SaveFile(std::uint8_t save) override = 0;
+    void SetChanged() override {}
 
-    void OnSize(tagSIZE size) override;
+    /// Places what stands above the property list in a strip `width` wide; its lower edge.
+    virtual int LayOutTop(int) { return 0; }
+    /// What fills the rest below the property list; null where the list does.
+    virtual CControl* GetRest() { return nullptr; }
 
 private:
-    int listRows;
-    CMyMFCPropertyGridCtrl propertyList;
-    CFeatureListCtrl table;
-};
+    void Broadcast(const Posts& posts) override { BroadcastAll(posts); }
 
-/// Height of the strip of buttons at the top of a pane, pixels.
-inline constexpr int kPaneButtonHeight = 30;
+    int listRows;
+    std::span<const RowEffect> effects;
+    CMyMFCPropertyGridCtrl propertyList;
+};
 
 }  // namespace quillon

@@ -3,10 +3,14 @@
 #include <array>
 
 #include "features/route_columns.h"
+#include "panes/corridor_rows.h"
 #include "panes/row_values.h"
 
 namespace quillon {
 namespace {
+
+using enum EQUAL_VALUE;
+using enum POST;
 
 /// The files of a route. The label rows rewrite the data file and, so that what was chosen outlives the run, the
 /// drawing options.
@@ -14,39 +18,46 @@ enum SAVE : std::uint8_t { NOTHING, DRAWING, CORRIDOR, ROUTE_AND_DRAWING };
 
 // clang-format off
 constexpr std::array<RowEffect, 14> kEffects = {{
-    // row                    equal value          save               changed  messages
-    {ROUTE_DISPLAY,         EQUAL_VALUE::ENDS,   DRAWING,           true,  ROW_MESSAGES::REDRAW},
-    {ROUTE_ORDER,           EQUAL_VALUE::COUNTS, NOTHING,           false, ROW_MESSAGES::REDRAW_RECOMPUTE},
-    {ROUTE_COLOUR,          EQUAL_VALUE::ENDS,   DRAWING,           true,  ROW_MESSAGES::REDRAW},
-    {ROUTE_THICKNESS,       EQUAL_VALUE::ENDS,   DRAWING,           true,  ROW_MESSAGES::REDRAW},
-    {ROUTE_SYMBOL,          EQUAL_VALUE::ENDS,   DRAWING,           true,  ROW_MESSAGES::REDRAW},
-    {ROUTE_SYMBOL_SIZE,     EQUAL_VALUE::ENDS,   DRAWING,           true,  ROW_MESSAGES::REDRAW},
-    {ROUTE_CORRIDOR,        EQUAL_VALUE::SAVES,  CORRIDOR,          false, ROW_MESSAGES::REDRAW},
-    {ROUTE_PORT_WIDTH,      EQUAL_VALUE::ENDS,   CORRIDOR,          true,  ROW_MESSAGES::REDRAW},
-    {ROUTE_STARBOARD_WIDTH, EQUAL_VALUE::ENDS,   CORRIDOR,          true,  ROW_MESSAGES::REDRAW},
-    {ROUTE_CORRIDOR_FILL,   EQUAL_VALUE::ENDS,   CORRIDOR,          true,  ROW_MESSAGES::REDRAW},
-    {ROUTE_CORRIDOR_COLOUR, EQUAL_VALUE::ENDS,   CORRIDOR,          true,  ROW_MESSAGES::REDRAW},
-    {ROUTE_LABEL_MODE,      EQUAL_VALUE::COUNTS, ROUTE_AND_DRAWING, true,  ROW_MESSAGES::REDRAW},
-    {ROUTE_LABEL_POSITION,  EQUAL_VALUE::COUNTS, ROUTE_AND_DRAWING, true,  ROW_MESSAGES::REDRAW},
-    {ROUTE_LEG_LABEL,       EQUAL_VALUE::COUNTS, ROUTE_AND_DRAWING, true,  ROW_MESSAGES::REDRAW},
+    // row                  equal   save               changed  messages
+    {ROUTE_DISPLAY,         ENDS,   DRAWING,           true,    {REDRAW}},
+    {ROUTE_ORDER,           COUNTS, NOTHING,           false,   {REDRAW, RECOMPUTE}},
+    {ROUTE_COLOUR,          ENDS,   DRAWING,           true,    {REDRAW}},
+    {ROUTE_THICKNESS,       ENDS,   DRAWING,           true,    {REDRAW}},
+    {ROUTE_SYMBOL,          ENDS,   DRAWING,           true,    {REDRAW}},
+    {ROUTE_SYMBOL_SIZE,     ENDS,   DRAWING,           true,    {REDRAW}},
+    {ROUTE_CORRIDOR,        SAVES,  CORRIDOR,          false,   {REDRAW}},
+    {ROUTE_PORT_WIDTH,      ENDS,   CORRIDOR,          true,    {REDRAW}},
+    {ROUTE_STARBOARD_WIDTH, ENDS,   CORRIDOR,          true,    {REDRAW}},
+    {ROUTE_CORRIDOR_FILL,   ENDS,   CORRIDOR,          true,    {REDRAW}},
+    {ROUTE_CORRIDOR_COLOUR, ENDS,   CORRIDOR,          true,    {REDRAW}},
+    {ROUTE_LABEL_MODE,      COUNTS, ROUTE_AND_DRAWING, true,    {REDRAW}},
+    {ROUTE_LABEL_POSITION,  COUNTS, ROUTE_AND_DRAWING, true,    {REDRAW}},
+    {ROUTE_LEG_LABEL,       COUNTS, ROUTE_AND_DRAWING, true,    {REDRAW}},
 }};
 // clang-format on
 
-constexpr FeaturePaneTraits kTraits = {.comboId = 12037,
-                                       .addId = 12038,
-                                       .removeId = 12039,
+constexpr CorridorRowIds kCorridorRows = {.display = ROUTE_CORRIDOR,
+                                          .portWidth = ROUTE_PORT_WIDTH,
+                                          .starboardWidth = ROUTE_STARBOARD_WIDTH,
+                                          .fill = ROUTE_CORRIDOR_FILL,
+                                          .colour = ROUTE_CORRIDOR_COLOUR};
+
+CorridorValues CorridorOf(CRoute& route) {
+    return {route.displayCorridor, route.portWidth, route.starboardWidth, route.fill, route.corridorColour};
+}
+
+constexpr FeaturePaneTraits kTraits = {.strip = {.combo = 12037, .add = 12038, .remove = 12039},
                                        .tableId = 12016,
                                        .fileKind = "Route",
                                        .listRows = 24,
                                        .type = FEATURE_TYPES::ROUTE,
-                                       .addMessages = LIST_MESSAGES::REDRAW_RECOMPUTE_UPDATE,
-                                       .removeMessages = LIST_MESSAGES::UPDATE_REDRAW,
+                                       .added = {REDRAW, RECOMPUTE, FEATURE_UPDATE},
+                                       .removed = {FEATURE_UPDATE, REDRAW},
                                        .cursor = COMBO_CURSOR::FOLLOWS,
                                        .removeMovesCursor = true,
                                        .effects = kEffects};
 
 constexpr int kSymbolsOffered = 26;
-constexpr std::string_view kWidthDescription = "Width of Corridor either side of route ";
 
 constexpr auto kShownColumns = ColumnsWithHeaders(kRouteColumns, "Name", "Easting", "Northing", "Range", "Bearing");
 
@@ -61,7 +72,7 @@ bool CRoutePane::Create(CWnd* parent, UINT id, CRouteList& features) {
 // ---- Rows ----
 
 void CRoutePane::BuildRows(int index) {
-    const CRoute& route = Member(index);
+    CRoute& route = Member(index);
     const COLORREF colour = route.pen.colour;
     auto& properties = GetPropertyList().AddGroup("Properties");
     properties.Add<CMFCPropertyGridProperty>("Display", route.Status, "Determine whether to display Route File",
@@ -80,7 +91,7 @@ void CRoutePane::BuildRows(int index) {
         .SetColour(colour);
     symbol.Add<CMFCPropertyGridSymbolSizeProperty>(route.symbolSize, ROUTE_SYMBOL_SIZE);
 
-    BuildCorridorRows(route);
+    BuildCorridorRows(GetPropertyList(), kCorridorRows, CorridorOf(route), "Width of Corridor either side of route ");
 
     auto& label = GetPropertyList().AddGroup("Label");
     label.Add<CMFCPropertyGridLabelModeProperty>(route.labelMode, ROUTE_LABEL_MODE);
@@ -89,20 +100,7 @@ void CRoutePane::BuildRows(int index) {
                                     "Show Range and Bearing between two points on line", ROUTE_LEG_LABEL);
 }
 
-void CRoutePane::BuildCorridorRows(const CRoute& route) {
-    auto& corridor = GetPropertyList().AddGroup("Corridor");
-    corridor.Add<CMFCPropertyGridProperty>(
-        "Display", route.displayCorridor, "Determine whether to display Corridor either side of route", ROUTE_CORRIDOR);
-    corridor.Add<CMFCPropertyGridDouble>("Port Width", route.portWidth, "%7.1lfm", kWidthDescription, ROUTE_PORT_WIDTH);
-    corridor.Add<CMFCPropertyGridDouble>("Starboard Width", route.starboardWidth, "%7.1lfm", kWidthDescription,
-                                         ROUTE_STARBOARD_WIDTH);
-    corridor.Add<CMFCPropertyGridFillStyleProperty>(route.fill, route.corridorColour, ROUTE_CORRIDOR_FILL);
-    corridor.Add<CMFCPropertyGridPrimaryColourProperty>("Colour", route.corridorColour, kPaletteCount,
-                                                        "Specifies the pen colour of the Corridor",
-                                                        ROUTE_CORRIDOR_COLOUR);
-}
-
-bool CRoutePane::StoreRow(int index, CMFCPropertyGridProperty& row) {
+bool CRoutePane::StoreMemberRow(int index, CMFCPropertyGridProperty& row) {
     CRoute& route = Member(index);
     bool differed = false;
     switch (static_cast<ROUTE_ROW>(row.GetData())) {
@@ -119,22 +117,15 @@ bool CRoutePane::StoreRow(int index, CMFCPropertyGridProperty& row) {
             return Take(route.symbol, row);
         case ROUTE_SYMBOL_SIZE:
             return Take(route.symbolSize, row);
-        case ROUTE_CORRIDOR:
-            return Take(route.displayCorridor, row);
         case ROUTE_PORT_WIDTH:
-            differed = Take(route.portWidth, row);
-            route.ComputeCorridor();
-            return differed;
         case ROUTE_STARBOARD_WIDTH:
-            differed = Take(route.starboardWidth, row);
+            differed = StoreCorridorRow(GetPropertyList(), kCorridorRows, CorridorOf(route), row);
             route.ComputeCorridor();
             return differed;
+        case ROUTE_CORRIDOR:
         case ROUTE_CORRIDOR_FILL:
-            return Take(route.fill, row);
         case ROUTE_CORRIDOR_COLOUR:
-            differed = Take(route.corridorColour, row);
-            ColourRow(GetPropertyList(), ROUTE_CORRIDOR_FILL, route.corridorColour);
-            return differed;
+            return StoreCorridorRow(GetPropertyList(), kCorridorRows, CorridorOf(route), row);
         case ROUTE_LABEL_MODE:
             return Take(route.labelMode, row);
         case ROUTE_LABEL_POSITION:

@@ -37,10 +37,9 @@ private:
     CRoute& Member(int index) const { return static_cast<CRouteList&>(List())[index]; }
 
     void BuildRows(int index) override;
-    void BuildCorridorRows(const CRoute& route);
     PointsTable MakeTable(int index) override;
     bool PointOfRow(int index, int row, tagXY& point) const override;
-    bool StoreRow(int index, CMFCPropertyGridProperty& row) override;
+    bool StoreMemberRow(int index, CMFCPropertyGridProperty& row) override;
     void SaveMember(int index, std::uint8_t save) override;
 
     bool StoreColour(CRoute& route, const CMFCPropertyGridProperty& row);

@@ -8,27 +8,28 @@
 namespace quillon {
 namespace {
 
+using enum EQUAL_VALUE;
+using enum POST;
+
 constexpr std::uint8_t kSaveDrawing = 1;
 
 // clang-format off
 constexpr std::array<RowEffect, 4> kEffects = {{
-    // row                  equal value          save          changed  messages
-    {SAIL_LINE_DISPLAY,   EQUAL_VALUE::ENDS,   kSaveDrawing, true,  ROW_MESSAGES::REDRAW},
-    {SAIL_LINE_ORDER,     EQUAL_VALUE::COUNTS, 0,            false, ROW_MESSAGES::REDRAW_RECOMPUTE},
-    {SAIL_LINE_COLOUR,    EQUAL_VALUE::ENDS,   kSaveDrawing, true,  ROW_MESSAGES::REDRAW},
-    {SAIL_LINE_THICKNESS, EQUAL_VALUE::ENDS,   kSaveDrawing, true,  ROW_MESSAGES::REDRAW},
+    // row                equal   save          changed  messages
+    {SAIL_LINE_DISPLAY,   ENDS,   kSaveDrawing, true,    {REDRAW}},
+    {SAIL_LINE_ORDER,     COUNTS, 0,            false,   {REDRAW, RECOMPUTE}},
+    {SAIL_LINE_COLOUR,    ENDS,   kSaveDrawing, true,    {REDRAW}},
+    {SAIL_LINE_THICKNESS, ENDS,   kSaveDrawing, true,    {REDRAW}},
 }};
 // clang-format on
 
-constexpr FeaturePaneTraits kTraits = {.comboId = 12043,
-                                       .addId = 12044,
-                                       .removeId = 12045,
+constexpr FeaturePaneTraits kTraits = {.strip = {.combo = 12043, .add = 12044, .remove = 12045},
                                        .tableId = 12016,
                                        .fileKind = "SailLine",
                                        .listRows = 24,
                                        .type = FEATURE_TYPES::SAIL_LINE,
-                                       .addMessages = LIST_MESSAGES::REDRAW_RECOMPUTE_UPDATE,
-                                       .removeMessages = LIST_MESSAGES::UPDATE_REDRAW,
+                                       .added = {REDRAW, RECOMPUTE, FEATURE_UPDATE},
+                                       .removed = {FEATURE_UPDATE, REDRAW},
                                        .cursor = COMBO_CURSOR::FOLLOWS,
                                        .removeMovesCursor = true,
                                        .effects = kEffects};
@@ -57,7 +58,7 @@ void CSailLinePane::BuildRows(int index) {
     line.Add<CMFCPropertyGridLineThicknessProperty>(lines.pen.thickness, colour, SAIL_LINE_THICKNESS);
 }
 
-bool CSailLinePane::StoreRow(int index, CMFCPropertyGridProperty& row) {
+bool CSailLinePane::StoreMemberRow(int index, CMFCPropertyGridProperty& row) {
     CSailLine& lines = Member(index);
     switch (static_cast<SAIL_LINE_ROW>(row.GetData())) {
         case SAIL_LINE_DISPLAY:

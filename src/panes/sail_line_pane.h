@@ -25,7 +25,7 @@ private:
     PointsTable MakeTable(int index) override;
     /// The middle of the line.
     bool PointOfRow(int index, int row, tagXY& point) const override;
-    bool StoreRow(int index, CMFCPropertyGridProperty& row) override;
+    bool StoreMemberRow(int index, CMFCPropertyGridProperty& row) override;
     void SaveMember(int index, std::uint8_t save) override;
 
     void ReadAnew(CSailLine& lines, int order);

@@ -9,41 +9,41 @@
 namespace quillon {
 namespace {
 
+using enum EQUAL_VALUE;
+using enum POST;
+
 constexpr std::uint8_t kSaveSettings = 1;
-constexpr UINT kRelockTimer = 1;
 constexpr int kSymbolsOffered = 13;
 constexpr int kMostRings = 25;
 
 // clang-format off
 constexpr std::array<RowEffect, 15> kEffects = {{
-    // row                        equal value          save           changed  messages
-    {WAYPOINT_DISPLAY,          EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
-    {WAYPOINT_ORDER,            EQUAL_VALUE::COUNTS, 0,             false, ROW_MESSAGES::REDRAW_RECOMPUTE},
-    {WAYPOINT_SYMBOL,           EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
-    {WAYPOINT_COLOUR,           EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
-    {WAYPOINT_SIZE,             EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
-    {WAYPOINT_LABEL_MODE,       EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
-    {WAYPOINT_LABEL_POSITION,   EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
-    {WAYPOINT_RINGS,            EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
-    {WAYPOINT_RING_COUNT,       EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
-    {WAYPOINT_RING_SIZE,        EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
-    {WAYPOINT_RING_COLOUR,      EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
-    {WAYPOINT_CLEARANCE,        EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::RECOMPUTE},
-    {WAYPOINT_TOLERANCE,        EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::RECOMPUTE_REDRAW},
-    {WAYPOINT_TOLERANCE_CIRCLE, EQUAL_VALUE::COUNTS, kSaveSettings, false, ROW_MESSAGES::REDRAW},
-    {WAYPOINT_PASSWORD,         EQUAL_VALUE::COUNTS, 0,             false, ROW_MESSAGES::NONE},
+    // row                      equal   save           changed  messages
+    {WAYPOINT_DISPLAY,          COUNTS, kSaveSettings, false,   {REDRAW}},
+    {WAYPOINT_ORDER,            COUNTS, 0,             false,   {REDRAW, RECOMPUTE}},
+    {WAYPOINT_SYMBOL,           COUNTS, kSaveSettings, false,   {REDRAW}},
+    {WAYPOINT_COLOUR,           COUNTS, kSaveSettings, false,   {REDRAW}},
+    {WAYPOINT_SIZE,             COUNTS, kSaveSettings, false,   {REDRAW}},
+    {WAYPOINT_LABEL_MODE,       COUNTS, kSaveSettings, false,   {REDRAW}},
+    {WAYPOINT_LABEL_POSITION,   COUNTS, kSaveSettings, false,   {REDRAW}},
+    {WAYPOINT_RINGS,            COUNTS, kSaveSettings, false,   {REDRAW}},
+    {WAYPOINT_RING_COUNT,       COUNTS, kSaveSettings, false,   {REDRAW}},
+    {WAYPOINT_RING_SIZE,        COUNTS, kSaveSettings, false,   {REDRAW}},
+    {WAYPOINT_RING_COLOUR,      COUNTS, kSaveSettings, false,   {REDRAW}},
+    {WAYPOINT_CLEARANCE,        COUNTS, kSaveSettings, false,   {RECOMPUTE}},
+    {WAYPOINT_TOLERANCE,        COUNTS, kSaveSettings, false,   {RECOMPUTE, REDRAW}},
+    {WAYPOINT_TOLERANCE_CIRCLE, COUNTS, kSaveSettings, false,   {REDRAW}},
+    {WAYPOINT_PASSWORD,         COUNTS, 0,             false,   {}},
 }};
 // clang-format on
 
-constexpr FeaturePaneTraits kTraits = {.comboId = 12035,
-                                       .addId = 12053,
-                                       .removeId = 12054,
+constexpr FeaturePaneTraits kTraits = {.strip = {.combo = 12035, .add = 12053, .remove = 12054},
                                        .tableId = 12018,
                                        .fileKind = "Waypoint",
                                        .listRows = 20,
                                        .type = FEATURE_TYPES::WAYPOINT,
-                                       .addMessages = LIST_MESSAGES::REDRAW_RECOMPUTE_UPDATE,
-                                       .removeMessages = LIST_MESSAGES::REDRAW_RECOMPUTE_UPDATE,
+                                       .added = {REDRAW, RECOMPUTE, FEATURE_UPDATE},
+                                       .removed = {REDRAW, RECOMPUTE, FEATURE_UPDATE},
                                        .cursor = COMBO_CURSOR::FOLLOWS_ZERO,
                                        .removeMovesCursor = false,
                                        .effects = kEffects};
@@ -60,7 +60,9 @@ std::vector<const Column<GridWaypointDef>*> ShownColumns(const WaypointOrder& or
 
 }  // namespace
 
-CGridWaypointPane::CGridWaypointPane(Platform& owner) : CFeaturePane(owner, kTraits) {}
+CGridWaypointPane::CGridWaypointPane(Platform& owner)
+    : CFeaturePane(owner, kTraits),
+      alarm(GetPropertyList(), {WAYPOINT_CLEARANCE, WAYPOINT_TOLERANCE, WAYPOINT_PASSWORD}, kOpenTime) {}
 
 bool CGridWaypointPane::Create(CWnd* parent, UINT id, std::string_view title, CGridWaypointList& features,
                                bool catenaryForm) {
@@ -114,24 +116,15 @@ void CGridWaypointPane::BuildRingRows(const CGridWaypoint& waypoints) {
 }
 
 void CGridWaypointPane::BuildAlarmRows(const CGridWaypoint& waypoints) {
-    const bool locked = CMFCPropertyGridPasswordProperty::IsPasswordPresent(GetPlatform());
-    auto& alarm = GetPropertyList().AddGroup("Anchor Cable Alarm");
-    alarm
-        .Add<CMFCPropertyGridDouble>("Clearance", waypoints.clearance, "%7.1lfm",
-                                     "WARNING if cable gets close than this distance", WAYPOINT_CLEARANCE)
-        .SetLock(locked);
-    alarm
-        .Add<CMFCPropertyGridDouble>("Tolerance", waypoints.tolerance, "%7.1lfm",
-                                     "Default Tolerance by default it uses the Radius attached to the obstruction "
-                                     "ERROR if cable gets close than clearance + tolerance distance",
-                                     WAYPOINT_TOLERANCE)
-        .SetLock(locked);
-    alarm.Add<CMFCPropertyGridBool>("Draw Tolerance Circle", waypoints.drawRings, "Add Label to Display",
+    auto& group = alarm.Build(waypoints.clearance, waypoints.tolerance,
+                              "Default Tolerance by default it uses the Radius attached to the obstruction "
+                              "ERROR if cable gets close than clearance + tolerance distance");
+    group.Add<CMFCPropertyGridBool>("Draw Tolerance Circle", waypoints.drawRings, "Add Label to Display",
                                     WAYPOINT_TOLERANCE_CIRCLE);
-    if (locked) alarm.Add<CMFCPropertyGridPasswordProperty>(GetPlatform(), WAYPOINT_PASSWORD);
+    alarm.BuildPassword(group);
 }
 
-bool CGridWaypointPane::StoreRow(int index, CMFCPropertyGridProperty& row) {
+bool CGridWaypointPane::StoreMemberRow(int index, CMFCPropertyGridProperty& row) {
     CGridWaypoint& waypoints = Member(index);
     switch (static_cast<WAYPOINT_ROW>(row.GetData())) {
         case WAYPOINT_DISPLAY:
@@ -167,10 +160,7 @@ bool CGridWaypointPane::StoreRow(int index, CMFCPropertyGridProperty& row) {
         case WAYPOINT_TOLERANCE:
             return Take(waypoints.tolerance, row);
         case WAYPOINT_PASSWORD:
-            if (static_cast<CMFCPropertyGridPasswordProperty&>(row).IsPasswordOk()) {
-                LockAlarmRows(false);
-                SetTimer(kRelockTimer, kOpenTime);
-            }
+            alarm.OnPassword(row);
             return false;
     }
     return false;
@@ -186,20 +176,6 @@ void CGridWaypointPane::ReadAnew(CGridWaypoint& waypoints, int order) {
 
 void CGridWaypointPane::SaveMember(int index, std::uint8_t) {
     Member(index).SaveSettings();
-}
-
-// ---- The lock ----
-
-void CGridWaypointPane::LockAlarmRows(bool lock) {
-    for (const UINT id : {WAYPOINT_CLEARANCE, WAYPOINT_TOLERANCE}) {
-        if (CMFCPropertyGridProperty* const row = GetPropertyList().FindItemByData(id)) row->SetLock(lock);
-    }
-}
-
-void CGridWaypointPane::OnTimer(UINT timer) {
-    if (timer != kRelockTimer || !catenary) return;
-    LockAlarmRows(true);
-    KillTimer(kRelockTimer);
 }
 
 // ---- Points ----

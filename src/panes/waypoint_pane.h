@@ -1,6 +1,7 @@
 #pragma once
 
 #include "features/grid_waypoint.h"
+#include "panes/alarm_rows.h"
 #include "panes/feature_pane.h"
 
 namespace quillon {
@@ -38,7 +39,7 @@ public:
     explicit CGridWaypointPane(Platform& platform);
     bool Create(CWnd* parent, UINT id, std::string_view title, CGridWaypointList& features, bool catenary);
     void OnWaypointCombo() { OnCombo(); }
-    void OnTimer(UINT timer) override;
+    void OnTimer(UINT timer) override { alarm.OnTimer(timer); }
 
 private:
     CGridWaypoint& Member(int index) const { return static_cast<CGridWaypointList&>(List())[index]; }
@@ -48,14 +49,14 @@ private:
     void BuildAlarmRows(const CGridWaypoint& waypoints);
     PointsTable MakeTable(int index) override;
     bool PointOfRow(int index, int row, tagXY& point) const override;
-    bool StoreRow(int index, CMFCPropertyGridProperty& row) override;
+    bool StoreMemberRow(int index, CMFCPropertyGridProperty& row) override;
     void SaveMember(int index, std::uint8_t save) override;
     void AddPaths(const std::vector<std::string>& paths) override;
 
     void ReadAnew(CGridWaypoint& waypoints, int order);
-    void LockAlarmRows(bool lock);
 
     bool catenary = false;
+    CAlarmRows alarm;
 };
 
 }  // namespace quillon

@@ -12,46 +12,37 @@
 namespace quillon {
 namespace {
 
+using enum EQUAL_VALUE;
+using enum POST;
+
 struct Recorder : RowEffectTarget {
     void SaveFile(std::uint8_t save) override { done += "save" + std::to_string(save) + " "; }
     void SetChanged() override { done += "changed "; }
-    void PostRedraw() override { done += "redraw "; }
-    void PostRecompute() override { done += "recompute "; }
-    bool IsHighlighted() const override { return highlighted; }
+    void Broadcast(const Posts& posts) override { done += "posts" + std::to_string(posts.end() - posts.begin()); }
     std::string done;
-    bool highlighted = false;
 };
 
 TEST(RowEffects, DoWhatTheirLineSays) {
-    using enum EQUAL_VALUE;
     struct Case {
         RowEffect effect;
         bool differed;
         const char* done;
     };
-    for (const Case& c : {Case{{1, ENDS, 2, true, ROW_MESSAGES::REDRAW}, true, "save2 changed redraw "},
-                          Case{{1, ENDS, 2, true, ROW_MESSAGES::REDRAW}, false, ""},
-                          Case{{1, SAVES, 2, true, ROW_MESSAGES::REDRAW}, true, "save2 changed redraw "},
-                          Case{{1, SAVES, 2, true, ROW_MESSAGES::REDRAW}, false, "save2 "},
-                          Case{{1, COUNTS, 2, true, ROW_MESSAGES::RECOMPUTE}, false, "save2 changed recompute "},
-                          Case{{1, COUNTS, 0, false, ROW_MESSAGES::REDRAW_RECOMPUTE}, true, "redraw recompute "},
-                          Case{{1, COUNTS, 0, false, ROW_MESSAGES::RECOMPUTE_REDRAW}, true, "recompute redraw "},
-                          Case{{1, COUNTS, 1, false, ROW_MESSAGES::NONE}, true, "save1 "}}) {
+    for (const Case& c : {Case{{1, ENDS, 2, true, {REDRAW}}, true, "save2 changed posts1"},
+                          Case{{1, ENDS, 2, true, {REDRAW}}, false, ""},
+                          Case{{1, SAVES, 2, true, {REDRAW}}, true, "save2 changed posts1"},
+                          Case{{1, SAVES, 2, true, {REDRAW}}, false, "save2 "},
+                          Case{{1, COUNTS, 2, true, {RECOMPUTE}}, false, "save2 changed posts1"},
+                          Case{{1, COUNTS, 0, false, {RECOMPUTE, REDRAW}}, true, "posts2"},
+                          Case{{1, COUNTS, 1, false, {}}, true, "save1 posts0"}}) {
         Recorder target;
         ApplyRowEffect(c.effect, c.differed, target);
         EXPECT_EQ(target.done, c.done);
     }
-    for (const bool highlighted : {false, true}) {
-        Recorder target;
-        target.highlighted = highlighted;
-        ApplyRowEffect({1, ENDS, 0, false, ROW_MESSAGES::REDRAW_RECOMPUTE_IF_HIGHLIGHTED}, true, target);
-        EXPECT_EQ(target.done, highlighted ? "redraw recompute " : "redraw ");
-    }
 }
 
 TEST(RowEffects, AreFoundById) {
-    const std::vector<RowEffect> effects = {{0, EQUAL_VALUE::ENDS, 0, false, ROW_MESSAGES::NONE},
-                                            {7, EQUAL_VALUE::ENDS, 0, false, ROW_MESSAGES::NONE}};
+    const std::vector<RowEffect> effects = {{0, ENDS, 0, false, {}}, {7, ENDS, 0, false, {}}};
     EXPECT_EQ(FindRowEffect(effects, 7), &effects[1]);
     EXPECT_EQ(FindRowEffect(effects, 8), nullptr);
     EXPECT_EQ(FindRowEffect(effects, 0), nullptr);  // rows without a reaction

@@ -1,6 +1,5 @@
 #include "panes/boundary_pane.h"
 
-#include "frame/colour_schemes.h"
 #include "platform/property_rows.h"
 #include "support/job_fixture.h"
 
@@ -70,6 +69,11 @@ TEST_F(BoundaryPaneTest, ADaysWork) {
 
     // Every row: its message, and what its file says at the end.
     job->boundaries.changed = false;
+    EXPECT_TRUE(PickRow(*pane, BOUNDARY_DISPLAY, "False"));
+    EXPECT_EQ(Messages(), RedrawPair());
+    EXPECT_TRUE(PickRow(*pane, BOUNDARY_DISPLAY, "True"));
+    job->boundaries.changed = false;
+    Messages();
     EXPECT_TRUE(PickRow(*pane, BOUNDARY_HIGHLIGHT, "True"));
     EXPECT_EQ(Messages(), Recompute());
     EXPECT_FALSE(job->boundaries.changed);
@@ -138,18 +142,6 @@ TEST_F(BoundaryPaneTest, IsAsItWasLeftAfterARestart) {
     EXPECT_EQ(job->boundaries[1].pen.colour, RGB(255, 0, 128));
     user::Select(pane->GetCombo(), 1);
     EXPECT_EQ(RowText(*pane, BOUNDARY_COLOUR), "Crimson");
-}
-
-TEST_F(BoundaryPaneTest, NightSurvivesTheRebuildingOfItsRows) {
-    AddBoth();
-    pane->SetNightMode(true);
-    pane->InitPropList();
-    EXPECT_TRUE(pane->GetNightMode());
-    EXPECT_EQ(pane->GetPropertyList().GetCustomColors(), SchemeColours(1, true));
-    EXPECT_EQ(pane->GetTable().GetBkColor(), 0x000000u);
-    EXPECT_EQ(pane->GetTable().GetTextColor(), 0xC0C0C0u);
-    pane->SetDaylightMode();
-    EXPECT_EQ(pane->GetPropertyList().GetCustomColors(), SchemeColours(1, false));
 }
 
 TEST_F(BoundaryPaneTest, ACancelOrAnEmptyChoiceChangesNothing) {

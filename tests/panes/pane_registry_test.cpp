@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <set>
 
+#include "frame/colour_schemes.h"
 #include "panes/boundary_pane.h"
 #include "panes/route_pane.h"
 #include "panes/sail_line_pane.h"
+#include "platform/tab_ctrl.h"
 #include "support/job_fixture.h"
 
 namespace quillon {
@@ -21,12 +23,40 @@ void CollectRows(CMFCPropertyGridProperty& row, std::vector<CMFCPropertyGridProp
     }
 }
 
-std::vector<CMFCPropertyGridProperty*> AllRows(CPropertyPane& pane) {
-    std::vector<CMFCPropertyGridProperty*> rows;
-    for (int i = 0; i < pane.GetPropertyList().GetPropertyCount(); ++i) {
-        CollectRows(pane.GetPropertyList().GetProperty(i), rows);
+/// The property lists of a pane, those on the pages of tabs too.
+std::vector<CMyMFCPropertyGridCtrl*> ListsOf(const CMyDockablePane& pane) {
+    std::vector<CMyMFCPropertyGridCtrl*> lists;
+    const auto add = [&lists](CControl& control) {
+        if (auto* const list = dynamic_cast<CMyMFCPropertyGridCtrl*>(&control)) lists.push_back(list);
+    };
+    for (CControl* const control : pane.GetControls()) {
+        add(*control);
+        const auto* const tabs = dynamic_cast<const CMFCTabCtrl*>(control);
+        for (int i = 0; tabs && i < tabs->GetTabsNum(); ++i) add(tabs->GetTabWnd(i));
     }
-    return rows;
+    return lists;
+}
+
+CListCtrl* TableOf(const CMyDockablePane& pane) {
+    for (CControl* const control : pane.GetControls()) {
+        if (auto* const table = dynamic_cast<CListCtrl*>(control)) return table;
+    }
+    return nullptr;
+}
+
+struct ListRow {
+    CMyMFCPropertyGridCtrl* list;
+    CMFCPropertyGridProperty* row;
+};
+
+std::vector<ListRow> AllRows(const CMyDockablePane& pane) {
+    std::vector<ListRow> all;
+    for (CMyMFCPropertyGridCtrl* const list : ListsOf(pane)) {
+        std::vector<CMFCPropertyGridProperty*> rows;
+        for (int i = 0; i < list->GetPropertyCount(); ++i) CollectRows(list->GetProperty(i), rows);
+        for (CMFCPropertyGridProperty* const row : rows) all.push_back({list, row});
+    }
+    return all;
 }
 
 /// The text of a value that the row offers and doesn't hold; its own where it offers no other.
@@ -76,16 +106,23 @@ protected:
     }
     /// In their order, but for the data order, on which other rows hang.
     std::vector<UINT> RowIds() {
-        std::vector<CMFCPropertyGridProperty*> rows = AllRows(*pane);
-        std::stable_partition(rows.begin(), rows.end(), [](const auto* row) { return row->GetName() != "Data Order"; });
+        std::vector<ListRow> rows = AllRows(*pane);
+        std::stable_partition(rows.begin(), rows.end(), [](const auto& r) { return r.row->GetName() != "Data Order"; });
         std::vector<UINT> ids;
-        for (const CMFCPropertyGridProperty* row : rows) {
-            if (row->GetData() != 0) ids.push_back(row->GetData());
+        for (const ListRow& r : rows) {
+            if (r.row->GetData() != 0) ids.push_back(r.row->GetData());
         }
         return ids;
     }
+    ListRow Row(UINT id) {
+        for (const ListRow& r : AllRows(*pane)) {
+            if (r.row->GetData() == id) return r;
+        }
+        ADD_FAILURE() << "no row " << id;
+        return {};
+    }
 
-    std::unique_ptr<CPropertyPane> pane;
+    std::unique_ptr<CMyDockablePane> pane;
 };
 
 TEST_F(PaneRegistryTest, PanesHaveIdsOfTheirOwn) {
@@ -107,22 +144,22 @@ TEST_F(PaneRegistryTest, EveryRowTakesAnotherValueAndKeepsIt) {
         Open(entry);
         for (const UINT id : RowIds()) {
             SCOPED_TRACE(std::string(entry.title) + ", row " + std::to_string(id));
-            CMFCPropertyGridProperty* const row = pane->GetPropertyList().FindItemByData(id);
+            const auto [list, row] = Row(id);
             ASSERT_NE(row, nullptr);
             const std::string before = row->FormatProperty();
             const std::string chosen = AnotherText(*row);
-            EXPECT_TRUE(user::Type(pane->GetPropertyList(), *row, chosen)) << chosen;
+            EXPECT_TRUE(user::Type(*list, *row, chosen)) << chosen;
             EXPECT_NE(Messages(), Texts());
-            const std::string shown = RowText(*pane, id);
+            const std::string shown = Row(id).row->FormatProperty();
             const bool oneChoice = entry.id == CSailLinePane::kTitleId && id == SAIL_LINE_ORDER;
             EXPECT_EQ(shown == before, oneChoice) << shown;
-            pane->InitPropList();
-            EXPECT_EQ(RowText(*pane, id), shown) << "rows built anew";
+            pane->Refresh();
+            EXPECT_EQ(Row(id).row->FormatProperty(), shown) << "rows built anew";
             if (HoldsForTheRun(entry, id)) continue;
             pane.reset();
             Restart();
             Open(entry);
-            EXPECT_EQ(RowText(*pane, id), shown) << "another run";
+            EXPECT_EQ(Row(id).row->FormatProperty(), shown) << "another run";
         }
     }
 }
@@ -132,11 +169,11 @@ TEST_F(PaneRegistryTest, RowsWithoutAnIdOnlyShow) {
     int count = 0;
     for (const PaneEntry& entry : PaneRegistry()) {
         Open(entry);
-        for (CMFCPropertyGridProperty* row : AllRows(*pane)) {
+        for (const auto& [list, row] : AllRows(*pane)) {
             if (row->GetData() != 0) continue;
             ++count;
-            user::Type(pane->GetPropertyList(), *row, "typed");
-            user::Edit(pane->GetPropertyList(), *row, row->GetValue());
+            user::Type(*list, *row, "typed");
+            user::Edit(*list, *row, row->GetValue());
             EXPECT_EQ(Messages(), Texts()) << entry.title << ": " << row->GetName();
         }
     }
@@ -148,25 +185,44 @@ TEST_F(PaneRegistryTest, AnEmptyListDoesNoHarm) {
         SCOPED_TRACE(entry.title);
         Open(entry);
         if (auto* const feature = dynamic_cast<CFeaturePane*>(pane.get())) {
-            EXPECT_EQ(pane->GetPropertyList().GetPropertyCount(), 1);
-            EXPECT_EQ(pane->GetPropertyList().GetProperty(0).GetName(), "No Files Selected");
+            EXPECT_EQ(feature->GetPropertyList().GetPropertyCount(), 1);
+            EXPECT_EQ(feature->GetPropertyList().GetProperty(0).GetName(), "No Files Selected");
             user::Press(feature->GetRemoveButton());
             user::Select(feature->GetCombo(), 0);
             feature->OnCombo();
             CMFCPropertyGridProperty stray("Stray", true, "", 1);
             feature->OnPropertyChanged(0, stray);
+            feature->OnSelectPoint(0, 0);
+            feature->OnSelectPoint(0, -1);
+            feature->UpdateAllPositions();
+            user::Click(feature->GetTable(), 0);
         }
-        pane->OnSelectPoint(0, 0);
-        pane->OnSelectPoint(0, -1);
         pane->OnTimer(1);
-        pane->SetupComboBox();
-        pane->InitPropList();
-        pane->CreateTable();
-        pane->AdjustLayout();
-        pane->UpdateAllPositions();
-        user::Click(pane->GetTable(), 0);
-        EXPECT_EQ(pane->GetTable().GetItemCount(), 0);
+        pane->Refresh();
+        if (const CListCtrl* const table = TableOf(*pane)) {
+            EXPECT_EQ(table->GetItemCount(), 0);
+        }
         EXPECT_EQ(Messages(), Texts());
+    }
+}
+
+TEST_F(PaneRegistryTest, EveryListAndTableTurnsWithTheNight) {
+    LoadJob();
+    for (const PaneEntry& entry : PaneRegistry()) {
+        SCOPED_TRACE(entry.title);
+        Open(entry);
+        for (const bool night : {true, false}) {
+            pane->SetNightMode(night);
+            pane->Refresh();
+            EXPECT_EQ(pane->GetNightMode(), night);
+            for (const CMyMFCPropertyGridCtrl* const list : ListsOf(*pane)) {
+                EXPECT_EQ(list->GetCustomColors(), SchemeColours(list->colourScheme, night));
+            }
+            if (const CListCtrl* const table = TableOf(*pane)) {
+                EXPECT_EQ(table->GetBkColor(), night ? 0x000000u : 0xD6D6D6u);
+                EXPECT_EQ(table->GetTextColor(), night ? 0xC0C0C0u : 0x000000u);
+            }
+        }
     }
 }
 
@@ -177,7 +233,9 @@ TEST_F(PaneRegistryTest, AFileThatTheHostRemovedLeavesEmptyCells) {
         Restart();
         LoadJob();
         Open(entry);
-        const CListCtrl& table = pane->GetTable();
+        const CListCtrl* const found = TableOf(*pane);
+        if (!found) continue;
+        const CListCtrl& table = *found;
         ASSERT_GT(table.GetItemCount(), 0);
         for (CFileListBase* list : std::initializer_list<CFileListBase*>{
                  &job->boundaries, &job->waypoints, &job->routes, &job->pipelines, &job->sailLines}) {

@@ -45,14 +45,11 @@ CFeaturePane* Job::PaneOf(FEATURE_TYPES type) const {
     return nullptr;
 }
 
-void Job::BringUpToDate(CPropertyPane& pane) {
+void Job::BringUpToDate(CMyDockablePane& pane) {
     const FeatureKind* const kind = FindFeatureKindOfPane(pane.GetDlgCtrlID());
     if (!kind || kind->panes.size() < 2) return;
     const FeatureEditState cursor = kind->list(features).editState;
-    pane.SetupComboBox();
-    pane.InitPropList();
-    pane.CreateTable();
-    pane.AdjustLayout();
+    pane.Refresh();
     kind->list(features).editState = cursor;
 }
 

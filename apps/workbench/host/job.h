@@ -54,12 +54,12 @@ public:
 
     JobFeatures& Features() { return features; }
     /// In the order of the registry; a pane that couldn't be created is missing.
-    const std::vector<std::unique_ptr<CPropertyPane>>& Panes() const { return panes; }
+    const std::vector<std::unique_ptr<CMyDockablePane>>& Panes() const { return panes; }
     /// The pane in which a kind is shown; null if there is none.
     CFeaturePane* PaneOf(FEATURE_TYPES type) const;
     /// Of two panes over one list, each shows what the other has changed once it is brought up to date: when it comes
     /// into sight.
-    void BringUpToDate(CPropertyPane& pane);
+    void BringUpToDate(CMyDockablePane& pane);
 
     void SetObserver(JobObserver* newObserver) { observer = newObserver; }
     void SetNightMode(bool night);
@@ -94,7 +94,7 @@ private:
     int CountFiles();
 
     JobFeatures features;
-    std::vector<std::unique_ptr<CPropertyPane>> panes;
+    std::vector<std::unique_ptr<CMyDockablePane>> panes;
     JobObserver* observer = nullptr;
     std::optional<tagXY> shownPoint;
     bool clearanceStale = false;

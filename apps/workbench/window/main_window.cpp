@@ -184,7 +184,7 @@ void MainWindow::MakeFileMenu() {
     connect(password, &QAction::triggered, this, [this] {
         if (!ChangePassword(this, platform.Passwords())) return;
         // The alarm rows are locked or open by what holds now.
-        for (const auto& pane : job.Panes()) pane->InitPropList();
+        for (const auto& pane : job.Panes()) pane->RefreshRows();
     });
     menu.addAction(password);
     menu.addSeparator();

@@ -36,7 +36,7 @@ PaneDocks::PaneDocks(QMainWindow& mainWindow, Job& shownJob, const BindingFactor
     for (const auto& pane : job.Panes()) AddDock(*pane, factory);
 }
 
-void PaneDocks::AddDock(CPropertyPane& pane, const BindingFactory& factory) {
+void PaneDocks::AddDock(CMyDockablePane& pane, const BindingFactory& factory) {
     auto* const dock = new QDockWidget(ToQString(pane.GetWindowText()), &window);
     dock->setObjectName(QString("pane-%1").arg(pane.GetDlgCtrlID()));
     auto* const binding = new WindowBinding(pane, factory, dock);
@@ -52,7 +52,7 @@ void PaneDocks::AddDock(CPropertyPane& pane, const BindingFactory& factory) {
     docks.push_back(dock);
 }
 
-void PaneDocks::KeepVisibility(const QDockWidget& dock, CPropertyPane& pane) {
+void PaneDocks::KeepVisibility(const QDockWidget& dock, CMyDockablePane& pane) {
     GetProfile().SetInt(CMyDockablePane::ProfileSection(pane.GetDlgCtrlID()), "IsVisible", IsShown(dock) ? 1 : 0);
     pane.ShowPane(IsShown(dock));
 }

@@ -36,8 +36,8 @@ public:
     static bool IsShown(const QDockWidget& dock) { return !dock.isHidden(); }
 
 private:
-    void AddDock(CPropertyPane& pane, const BindingFactory& factory);
-    void KeepVisibility(const QDockWidget& dock, CPropertyPane& pane);
+    void AddDock(CMyDockablePane& pane, const BindingFactory& factory);
+    void KeepVisibility(const QDockWidget& dock, CMyDockablePane& pane);
     Profile& GetProfile() const { return job.GetPlatform().GetProfile(); }
 
     QMainWindow& window;
