@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-#include "features/job_features.h"
+#include "job/job_record.h"
 #include "panes/boundary_pane.h"
 #include "platform/headless.h"
 #include "platform/text.h"
@@ -66,7 +66,7 @@ struct Job {
 
     std::filesystem::path root;
     HeadlessPlatform platform;
-    JobFeatures features;
+    JobRecord features;
 };
 
 Job& TheJob() {

@@ -29,8 +29,8 @@ template <class Feature>
 quillon::ReadReport ReadBytes(Feature& feature, std::string_view bytes) {
     quillon::CStdioFile file(Files());
     file.OpenBytes(bytes);
-    quillon::ReadReport report;
-    const bool taken = feature.ReadFrom(file, &report);
+    const bool taken = feature.ReadFrom(file);
+    const quillon::ReadReport& report = feature.GetReport();
     Require(taken == !feature.IsEmpty());
     Require(report.taken == static_cast<std::size_t>(feature.GetSize()));
     Require(report.lines == report.taken + report.passedOver);

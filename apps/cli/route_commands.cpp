@@ -55,15 +55,14 @@ void Rewrite(CliContext& context, const RewriteOptions& options) {
     DrivesLock lock(files.Drives(), "quillon");
     if (!lock.Take()) return context.Fail(files.Drives().string(), WhyNotLocked(lock));
     CRoute route(files);
-    ReadReport report;
-    route.Read(TextFromUtf8(options.file), options.from ? nullptr : &report);
+    route.Read(TextFromUtf8(options.file));
     if (options.from) {
         route.dataOrder = *options.from;
-        route.ReadPoints(&report);
+        route.ReadPoints();
     }
-    if (!report.opened) return context.Fail(options.file, "can't be read: " + report.fault);
+    if (!route.GetReport().opened) return context.Fail(options.file, "can't be read: " + route.GetReport().fault);
     if (route.IsEmpty()) {
-        context.err << ReportText(options.file, report);
+        context.err << ReportText(options.file, route.GetReport());
         return context.Fail(options.file, "no usable point");
     }
     route.dataOrder = options.order;

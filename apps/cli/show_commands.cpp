@@ -1,5 +1,6 @@
 #include "show_commands.h"
 
+#include <array>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -7,6 +8,7 @@
 #include <string>
 
 #include "feature_sheets.h"
+#include "job/kinds.h"
 #include "number_option.h"
 #include "platform/text.h"
 #include "shape_command.h"
@@ -38,18 +40,18 @@ void Override(double& setting, double given) {
 
 // ---- Reading ----
 
-bool Load(CBoundary& boundary, const ShowOptions& options, ReadReport& report) {
-    return boundary.Read(options.Path(), &report);
+bool Load(CBoundary& boundary, const ShowOptions& options) {
+    return boundary.Read(options.Path());
 }
 
-bool Load(CGridWaypoint& waypoints, const ShowOptions& options, ReadReport& report) {
+bool Load(CGridWaypoint& waypoints, const ShowOptions& options) {
     waypoints.SetPath(options.Path());
     waypoints.LoadSettings();
     if (options.order) waypoints.dataOrder = *options.order;
-    return waypoints.ReadData(options.Path(), &report);
+    return waypoints.ReadData(options.Path());
 }
 
-bool Load(CPipeline& pipeline, const ShowOptions& options, ReadReport& report) {
+bool Load(CPipeline& pipeline, const ShowOptions& options) {
     pipeline.SetPath(options.Path());
     pipeline.ReadSettings();
     if (options.order) pipeline.dataOrder = *options.order;
@@ -59,17 +61,17 @@ bool Load(CPipeline& pipeline, const ShowOptions& options, ReadReport& report) {
     Override(pipeline.kpInterval, options.interval);
     if (options.decreasing) pipeline.increasingKps = false;
     if (options.labelKps) pipeline.labelKps = true;
-    return pipeline.LoadData(options.Path(), &report);
+    return pipeline.LoadData(options.Path());
 }
 
-bool Load(CRoute& route, const ShowOptions& options, ReadReport& report) {
+bool Load(CRoute& route, const ShowOptions& options) {
     if (options.order) {
         // Its settings first; then the points again, in the order asked for.
         route.Read(options.Path());
         route.dataOrder = *options.order;
-        route.ReadPoints(&report);
+        route.ReadPoints();
     } else {
-        route.Read(options.Path(), &report);
+        route.Read(options.Path());
     }
     Override(route.portWidth, options.port);
     Override(route.starboardWidth, options.starboard);
@@ -77,21 +79,20 @@ bool Load(CRoute& route, const ShowOptions& options, ReadReport& report) {
     return !route.IsEmpty();
 }
 
-bool Load(CSailLine& lines, const ShowOptions& options, ReadReport& report) {
-    if (!options.order) return lines.Read(options.Path(), &report);
+bool Load(CSailLine& lines, const ShowOptions& options) {
+    if (!options.order) return lines.Read(options.Path());
     lines.Read(options.Path());
     lines.dataOrder = *options.order;
-    return lines.ReadLines(&report);
+    return lines.ReadLines();
 }
 
 /// A file without a usable point prints its report and nothing else.
 template <class Feature>
 void Show(CliContext& context, const ShowOptions& options) {
     Feature feature(context.Files());
-    ReadReport report;
-    const bool taken = Load(feature, options, report);
-    if (!report.opened) return context.Fail(options.file, "can't be read: " + report.fault);
-    context.err << ReportText(options.file, report);
+    const bool taken = Load(feature, options);
+    if (!feature.GetReport().opened) return context.Fail(options.file, "can't be read: " + feature.GetReport().fault);
+    context.err << ReportText(options.file, feature.GetReport());
     if (!taken) return context.Fail(options.file, "no usable point");
     const std::unique_ptr<Sheet> sheet = options.json ? MakeJsonSheet(context.out) : MakeTextSheet(context.out);
     FillSheet(*sheet, feature);
@@ -151,6 +152,12 @@ void AddRoute(CLI::App& show, CliContext& context) {
         "  quillon show route transit.csv --order 1 --port 50 --starboard 75 --json");
 }
 
+void AddBoundary(CLI::App& show, CliContext& context) {
+    AddKind<CBoundary>(show, context, std::make_shared<ShowOptions>(), "boundary",
+                       "Points and drawing options of a boundary", 0)
+        .footer("Examples:\n  quillon show boundary area.csv\n  quillon show boundary 'C:\\Jobs\\area.csv' --json");
+}
+
 std::string WaypointOrders() {
     std::string text = "Data orders:\n";
     for (std::size_t i = 0; i < kWaypointOrders.size(); ++i) {
@@ -160,6 +167,36 @@ std::string WaypointOrders() {
     }
     return text;
 }
+
+void AddWaypoint(CLI::App& show, CliContext& context) {
+    AddKind<CGridWaypoint>(show, context, std::make_shared<ShowOptions>(), "waypoint", "Points of a waypoint file",
+                           static_cast<int>(kWaypointOrders.size()))
+        .footer(WaypointOrders() +
+                "\nExamples:\n  quillon show waypoint wrecks.csv\n  quillon show waypoint wrecks.csv --order 6 --json");
+}
+
+void AddSailLine(CLI::App& show, CliContext& context) {
+    AddKind<CSailLine>(show, context, std::make_shared<ShowOptions>(), "sail-line", "Lines of a sail line file",
+                       static_cast<int>(kSailLineOrderTxt.size()))
+        .footer("Example:\n  quillon show sail-line block-4.csv --json");
+}
+
+/// The pipe route is a pipeline.
+void AddNothing(CLI::App&, CliContext&) {}
+
+struct ShownKind {
+    KIND kind;
+    void (*add)(CLI::App& show, CliContext& context);
+};
+constexpr std::array<ShownKind, kKindCount> kShownKinds = {{
+    {KIND::BOUNDARY, AddBoundary},
+    {KIND::WAYPOINT, AddWaypoint},
+    {KIND::PIPELINE, AddPipeline},
+    {KIND::ROUTE, AddRoute},
+    {KIND::SAIL_LINE, AddSailLine},
+    {KIND::PIPE_ROUTE, AddNothing},
+}};
+static_assert(HasEveryKind(kShownKinds), "every kind can be shown");
 
 }  // namespace
 
@@ -173,18 +210,7 @@ void AddShowCommands(CLI::App& app, CliContext& context) {
         "  quillon show waypoint wrecks.csv --order 6 --json\n"
         "  quillon show pipeline --help");
 
-    AddKind<CBoundary>(show, context, std::make_shared<ShowOptions>(), "boundary",
-                       "Points and drawing options of a boundary", 0)
-        .footer("Examples:\n  quillon show boundary area.csv\n  quillon show boundary 'C:\\Jobs\\area.csv' --json");
-    AddKind<CGridWaypoint>(show, context, std::make_shared<ShowOptions>(), "waypoint", "Points of a waypoint file",
-                           static_cast<int>(kWaypointOrders.size()))
-        .footer(WaypointOrders() +
-                "\nExamples:\n  quillon show waypoint wrecks.csv\n  quillon show waypoint wrecks.csv --order 6 --json");
-    AddPipeline(show, context);
-    AddRoute(show, context);
-    AddKind<CSailLine>(show, context, std::make_shared<ShowOptions>(), "sail-line", "Lines of a sail line file",
-                       static_cast<int>(kSailLineOrderTxt.size()))
-        .footer("Example:\n  quillon show sail-line block-4.csv --json");
+    for (const ShownKind& kind : kShownKinds) kind.add(show, context);
     AddShowShape(show, context);
 }
 

@@ -52,7 +52,7 @@ int Render(QtPlatform& platform, const WorkbenchOptions& options) {
     Job job(platform);
     job.Open();
     const PixelSize size = options.size.value_or(kRenderSize);
-    SceneBuilder scenes(job.Features());
+    SceneBuilder scenes(job.Record());
     return Deliver(RenderChart(scenes.Build(), QSize(size.width, size.height), options.night), options.render);
 }
 

@@ -18,31 +18,30 @@ PASSED_OVER DecodePoint(std::string_view line, tagXY& point) {
 
 }  // namespace
 
-bool CBoundary::Read(std::string_view newPath, ReadReport* report) {
+bool CBoundary::Read(std::string_view newPath) {
     // The path may be this object's own.
     SetPathAndLoad(std::string(newPath));
     RemoveAll();
     RebuildPolygon();
     SetStub(false);
     CStdioFile file(GetFiles());
-    if (OpenData(file, GetPath(), report)) ReadFrom(file, report);
+    if (OpenData(file, GetPath(), report)) ReadFrom(file);
     SetReadStamp(file.GetStamp());
     LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
     return !IsEmpty();
 }
 
-bool CBoundary::ReadFrom(CStdioFile& file, ReadReport* report) {
-    if (report) report->opened = true;
+bool CBoundary::ReadFrom(CStdioFile& file) {
     SetStub(false);
     Adopt(ReadRecords<tagXY>(file, DecodePoint, report));
     RebuildPolygon();
     return !IsEmpty();
 }
 
-bool CBoundary::ReadAgain(ReadReport* report) {
+bool CBoundary::ReadAgain() {
     CStdioFile file(GetFiles());
     if (!OpenData(file, GetPath(), report)) return false;
-    const bool taken = IsStub() ? Read(GetPath(), report) : ReadFrom(file, report);
+    const bool taken = IsStub() ? Read(GetPath()) : ReadFrom(file);
     if (!taken) AddStubPoint();
     SetReadStamp(file.GetStamp());
     return true;

@@ -6,7 +6,6 @@
 #include "features/drawing_options.h"
 #include "features/feature_common.h"
 #include "features/file_list.h"
-#include "foundation/read_report.h"
 #include "foundation/values.h"
 
 namespace quillon {
@@ -21,12 +20,12 @@ public:
 
     /// Reads the file with its flags and drawing options. True if at least one point was taken; a file that can't be
     /// read gives no points and the defaults.
-    bool Read(std::string_view path, ReadReport* report = nullptr);
+    bool Read(std::string_view path);
     /// The points alone, from an opened file. True if one was taken.
-    bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
+    bool ReadFrom(CStdioFile& file);
     /// Reads the points anew; the display choices stay. A file that gives no point leaves a stub. False, with the
     /// points as they were, if the file can't be opened.
-    bool ReadAgain(ReadReport* report = nullptr);
+    bool ReadAgain();
     /// What stands in the list for a file of no use: its path and one point at 0, 0.
     void MakeStub(std::string_view path);
     void SaveDrawingOptions() const;
@@ -44,8 +43,6 @@ private:
 class CBoundaryList : public CFileList<CBoundary> {
 public:
     using CFileList::CFileList;
-    const std::string& GetPath(int index) const override { return (*this)[index].GetPath(); }
-    int GetPointCount(int index) const override { return static_cast<int>((*this)[index].GetSize()); }
 
 protected:
     /// A file of no use still shows in the list.

@@ -53,8 +53,8 @@ std::vector<CFileListBase::Changed> CFileListBase::ChangedOnDisk() const {
     return all;
 }
 
-bool CFileListBase::ReadAgain(int index, ReadReport* report) {
-    if (!ReadMemberAgain(index, report)) return false;
+bool CFileListBase::ReadAgain(int index) {
+    if (!ReadMemberAgain(index)) return false;
     if (editState.editFileIndex == index) SetEditCursor(-1, -1);
     changed = true;
     return true;

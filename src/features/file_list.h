@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "features/source_file.h"
-#include "foundation/read_report.h"
 #include "platform/errors.h"
 #include "platform/file.h"
 
@@ -64,7 +63,7 @@ public:
     /// Reads a member's file anew, in its place; its display choices stay, and the edit cursor where its point is still
     /// there. A member without data is read with its settings, as at its first time. False, with the member as it was,
     /// if the file can't be opened. `index` is valid.
-    bool ReadAgain(int index, ReadReport* report = nullptr);
+    bool ReadAgain(int index);
 
     bool IsEmpty() const { return GetCount() == 0; }
     bool IsValidIndex(int index) const { return index >= 0 && index < GetCount(); }
@@ -93,7 +92,7 @@ protected:
     /// Reads the file and appends it, without a look at the members and without saving. With `keepUseless` a file that
     /// gives nothing is kept in any case.
     virtual bool AppendFile(std::string_view path, bool keepUseless) = 0;
-    virtual bool ReadMemberAgain(int index, ReadReport* report) = 0;
+    virtual bool ReadMemberAgain(int index) = 0;
     /// The head of the section that the paths are listed under.
     virtual std::string_view GetSection() const = 0;
     /// Whether the list keeps its cursor in an "INI" file.
@@ -105,13 +104,15 @@ private:
     std::string settingsName;
 };
 
-/// A list that owns its features.
+/// A list that owns its features. A feature has GetPath and GetSize.
 template <class Feature>
 class CFileList : public CFileListBase {
 public:
     using CFileListBase::CFileListBase;
 
     int GetCount() const override { return static_cast<int>(members.size()); }
+    const std::string& GetPath(int index) const override { return (*this)[index].GetPath(); }
+    int GetPointCount(int index) const override { return static_cast<int>((*this)[index].GetSize()); }
     /// InvalidArgument for an index outside the list.
     Feature& operator[](int index) { return *members[Checked(index)]; }
     const Feature& operator[](int index) const { return *members[Checked(index)]; }
@@ -127,9 +128,8 @@ public:
     }
 
 protected:
-    bool ReadMemberAgain(int index, ReadReport* report) override {
-        if constexpr (requires(Feature & feature) { feature.ReadAgain(report); })
-            return (*this)[index].ReadAgain(report);
+    bool ReadMemberAgain(int index) override {
+        if constexpr (requires(Feature & feature) { feature.ReadAgain(); }) return (*this)[index].ReadAgain();
         return false;
     }
 

@@ -125,15 +125,15 @@ const WaypointOrder& CGridWaypoint::Order() const {
 
 // ---- Reading ----
 
-bool CGridWaypoint::Read(std::string_view newPath, ReadReport* report) {
-    return ReadFile(newPath, true, report);
+bool CGridWaypoint::Read(std::string_view newPath) {
+    return ReadFile(newPath, true);
 }
 
-bool CGridWaypoint::ReadData(std::string_view newPath, ReadReport* report) {
-    return ReadFile(newPath, false, report);
+bool CGridWaypoint::ReadData(std::string_view newPath) {
+    return ReadFile(newPath, false);
 }
 
-bool CGridWaypoint::ReadFile(std::string_view newPath, bool withSettings, ReadReport* report) {
+bool CGridWaypoint::ReadFile(std::string_view newPath, bool withSettings) {
     RemoveAll();
     CStdioFile file(files);
     const bool opened = OpenData(file, newPath, report, FILE_MODE::BINARY);
@@ -141,20 +141,19 @@ bool CGridWaypoint::ReadFile(std::string_view newPath, bool withSettings, ReadRe
     if (!opened) return false;
     path = newPath;
     if (withSettings) LoadSettings();
-    return ReadFrom(file, report);
+    return ReadFrom(file);
 }
 
-bool CGridWaypoint::ReadAgain(ReadReport* report) {
+bool CGridWaypoint::ReadAgain() {
     CStdioFile file(files);
     if (!OpenData(file, path, report, FILE_MODE::BINARY)) return false;
     if (IsStub()) LoadSettings();
-    ReadFrom(file, report);
+    ReadFrom(file);
     SetReadStamp(file.GetStamp());
     return true;
 }
 
-bool CGridWaypoint::ReadFrom(CStdioFile& file, ReadReport* report) {
-    if (report) report->opened = true;
+bool CGridWaypoint::ReadFrom(CStdioFile& file) {
     const WaypointOrder& order = Order();
     std::string commas;
     const auto decode = [&](std::string_view line, GridWaypointDef& point) {

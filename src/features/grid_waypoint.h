@@ -7,7 +7,6 @@
 
 #include "features/file_list.h"
 #include "features/source_file.h"
-#include "foundation/read_report.h"
 #include "foundation/values.h"
 #include "platform/display_options.h"
 #include "platform/palette.h"
@@ -80,16 +79,16 @@ public:
 
     /// Reads the settings, then the file by their data order. True if a point was taken. If the file can't be opened,
     /// nothing but the points changes, which are gone.
-    bool Read(std::string_view path, ReadReport* report = nullptr);
+    bool Read(std::string_view path);
     /// As Read, but with the settings as they stand.
-    bool ReadData(std::string_view path, ReadReport* report = nullptr);
+    bool ReadData(std::string_view path);
 
     /// The points alone, from an opened file, with the settings as they stand. True if one was taken.
-    bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
+    bool ReadFrom(CStdioFile& file);
 
     /// Reads the points anew, with the settings as they stand. False, with the points as they were, if the file can't
     /// be opened.
-    bool ReadAgain(ReadReport* report = nullptr);
+    bool ReadAgain();
     /// Whether there is no data: a file of no use that keeps its place in the list.
     bool IsStub() const { return IsEmpty(); }
 
@@ -109,7 +108,7 @@ public:
     const WaypointOrder& Order() const;
 
 private:
-    bool ReadFile(std::string_view newPath, bool withSettings, ReadReport* report);
+    bool ReadFile(std::string_view newPath, bool withSettings);
     std::string SettingsName() const;
 
     FileSystem& files;
@@ -120,8 +119,6 @@ private:
 class CGridWaypointList : public CFileList<CGridWaypoint> {
 public:
     explicit CGridWaypointList(FileSystem& fileSystem);
-    const std::string& GetPath(int index) const override { return (*this)[index].GetPath(); }
-    int GetPointCount(int index) const override { return static_cast<int>((*this)[index].GetSize()); }
 
 protected:
     /// A file without a usable point is dropped.

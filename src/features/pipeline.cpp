@@ -80,32 +80,31 @@ void EachLine(Lines& lines, RecordOf<PipelineSettings> auto& settings) {
 
 // ---- Reading ----
 
-bool CPipeline::Load(std::string_view newPath, ReadReport* report) {
+bool CPipeline::Load(std::string_view newPath) {
     path = newPath;
     ReadSettings();
-    return LoadData(path, report);
+    return LoadData(path);
 }
 
-bool CPipeline::LoadData(std::string_view newPath, ReadReport* report) {
+bool CPipeline::LoadData(std::string_view newPath) {
     path = newPath;
     Forget();
     CStdioFile file(files);
-    const bool taken = OpenData(file, path, report) && ReadFrom(file, report);
+    const bool taken = OpenData(file, path, report) && ReadFrom(file);
     SetReadStamp(file.GetStamp());
     return taken;
 }
 
-bool CPipeline::ReadAgain(ReadReport* report) {
+bool CPipeline::ReadAgain() {
     CStdioFile file(files);
     if (!OpenData(file, path, report)) return false;
     if (IsStub()) ReadSettings();
-    ReadFrom(file, report);
+    ReadFrom(file);
     SetReadStamp(file.GetStamp());
     return true;
 }
 
-bool CPipeline::ReadFrom(CStdioFile& file, ReadReport* report) {
-    if (report) report->opened = true;
+bool CPipeline::ReadFrom(CStdioFile& file) {
     tagXY last{MISSING_VALUE, MISSING_VALUE};
     const auto decode = [&](std::string_view line, PipelineDef& point) {
         const PASSED_OVER fault = DecodePoint(line, dataOrder, point);
@@ -118,7 +117,7 @@ bool CPipeline::ReadFrom(CStdioFile& file, ReadReport* report) {
     ComputeLegs();
     ComputeKps();
     ComputeCorridor();
-    if (report) report->labelsCut = kpListingCut;
+    report.labelsCut = kpListingCut;
     return !IsEmpty();
 }
 

@@ -9,7 +9,6 @@
 #include "features/file_list.h"
 #include "features/source_file.h"
 #include "foundation/config_file.h"
-#include "foundation/read_report.h"
 #include "foundation/values.h"
 
 namespace quillon {
@@ -77,14 +76,14 @@ public:
 
     /// Reads the settings, then the file by their data order, and computes everything. True if at least one point was
     /// taken.
-    bool Load(std::string_view path, ReadReport* report = nullptr);
+    bool Load(std::string_view path);
     /// As Load, but with the settings as they stand.
-    bool LoadData(std::string_view path, ReadReport* report = nullptr);
+    bool LoadData(std::string_view path);
     /// The points alone, from an opened file, and what is worked out from them. True if one was taken.
-    bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
+    bool ReadFrom(CStdioFile& file);
     /// Reads the points anew, with the settings as they stand. False, with the points as they were, if the file can't
     /// be opened.
-    bool ReadAgain(ReadReport* report = nullptr);
+    bool ReadAgain();
     /// Whether there is no data: nothing was loaded, or a file of no use.
     bool IsStub() const { return IsEmpty(); }
     /// Forgets the path, the points and the labels. The settings stay.
@@ -131,8 +130,6 @@ std::string KpText(double kp);
 class CPipelineList : public CFileList<CPipeline> {
 public:
     explicit CPipelineList(FileSystem& fileSystem);
-    const std::string& GetPath(int index) const override { return (*this)[index].GetPath(); }
-    int GetPointCount(int index) const override { return static_cast<int>((*this)[index].GetSize()); }
 
 protected:
     /// A file without a usable point is dropped.

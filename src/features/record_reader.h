@@ -19,26 +19,27 @@ inline PASSED_OVER PositionFault(double easting, double northing) {
 }
 
 /// Opens a data file and notes in the report whether that went well.
-inline bool OpenData(CStdioFile& file, std::string_view path, ReadReport* report, FILE_MODE mode = FILE_MODE::TEXT) {
+inline bool OpenData(CStdioFile& file, std::string_view path, ReadReport& report, FILE_MODE mode = FILE_MODE::TEXT) {
     const bool opened = file.OpenForReading(path, mode);
-    if (report) {
-        report->opened = opened;
-        report->fault = file.GetFault();
-    }
+    report.opened = opened;
+    report.fault = file.GetFault();
     return opened;
 }
 
 /// Reads records, one a line. `decode(line, record)` fills a fresh record, in its place in the array, and says whether
 /// it is one. Storage is reserved by what the first lines take of the file's length, so that a large file isn't copied
-/// over and over while it grows, and never by more than the bytes that are left could hold.
+/// over and over while it grows, and never by more than the bytes that are left could hold. The
+/// report begins anew.
 template <class Record, class Decode>
-std::vector<Record> ReadRecords(CStdioFile& file, Decode decode, ReadReport* report) {
+std::vector<Record> ReadRecords(CStdioFile& file, Decode decode, ReadReport& report) {
     constexpr std::size_t kSample = 1024;
+    report = ReadReport();
+    report.opened = true;
     std::vector<Record> records;
     std::string_view line;
     while (file.ReadString(line)) {
         const PASSED_OVER reason = decode(line, records.emplace_back());
-        if (report) report->Count(reason);
+        report.Count(reason);
         if (reason != PASSED_OVER::NO) {
             records.pop_back();
         } else if (records.size() == kSample) {

@@ -58,31 +58,30 @@ void AddCurve(CStdioFile& file, const RouteDef& record) {
 
 // ---- Reading ----
 
-bool CRoute::Read(std::string_view newPath, ReadReport* report) {
+bool CRoute::Read(std::string_view newPath) {
     // The path may be this object's own.
     const std::string path(newPath);
     dataOrder = LoadDataOrder(GetFiles(), path);
     SetPathAndLoad(path);
-    const bool taken = ReadPoints(report);
+    const bool taken = ReadPoints();
     LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
     LoadCorridor(GetFiles(), GetName());
     ComputeCorridor();
     return taken;
 }
 
-bool CRoute::ReadPoints(ReadReport* report) {
+bool CRoute::ReadPoints() {
     RemoveAll();
     SetStub(false);
     firstWork = -2;
     secondWork = -1;
     CStdioFile file(GetFiles());
-    const bool taken = OpenData(file, GetPath(), report) && ReadFrom(file, report);
+    const bool taken = OpenData(file, GetPath(), report) && ReadFrom(file);
     SetReadStamp(file.GetStamp());
     return taken;
 }
 
-bool CRoute::ReadFrom(CStdioFile& file, ReadReport* report) {
-    if (report) report->opened = true;
+bool CRoute::ReadFrom(CStdioFile& file) {
     SetStub(false);
     const auto decode = [this](std::string_view line, RouteDef& record) {
         return DecodeRoutePoint(line, dataOrder, record);
@@ -94,10 +93,10 @@ bool CRoute::ReadFrom(CStdioFile& file, ReadReport* report) {
     return !IsEmpty();
 }
 
-bool CRoute::ReadAgain(ReadReport* report) {
+bool CRoute::ReadAgain() {
     CStdioFile file(GetFiles());
     if (!OpenData(file, GetPath(), report)) return false;
-    const bool taken = IsStub() ? Read(GetPath(), report) : ReadFrom(file, report);
+    const bool taken = IsStub() ? Read(GetPath()) : ReadFrom(file);
     if (!taken) AddStubRecord();
     SetReadStamp(file.GetStamp());
     ComputeCorridor();

@@ -12,7 +12,6 @@
 #include "features/file_list.h"
 #include "features/route_record.h"
 #include "features/route_rewrite.h"
-#include "foundation/read_report.h"
 #include "foundation/values.h"
 
 namespace quillon {
@@ -24,14 +23,14 @@ public:
 
     /// Reads the data order, then the file by it, with its flags, drawing options and corridor. True if a point was
     /// read.
-    bool Read(std::string_view path, ReadReport* report = nullptr);
+    bool Read(std::string_view path);
     /// The points alone, by the data order as it stands.
-    bool ReadPoints(ReadReport* report = nullptr);
+    bool ReadPoints();
     /// The same from an opened file.
-    bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
+    bool ReadFrom(CStdioFile& file);
     /// Reads the points anew; the data order and the display choices stay. A file that gives no point leaves a stub.
     /// False, with the points as they were, if the file can't be opened.
-    bool ReadAgain(ReadReport* report = nullptr);
+    bool ReadAgain();
     /// What stands in the list for a file of no use: its path and one record of zeros.
     void MakeStub(std::string_view path);
 
@@ -75,8 +74,6 @@ private:
 class CRouteList : public CFileList<CRoute> {
 public:
     using CFileList::CFileList;
-    const std::string& GetPath(int index) const override { return (*this)[index].GetPath(); }
-    int GetPointCount(int index) const override { return static_cast<int>((*this)[index].GetSize()); }
 
 protected:
     /// A file of no use still shows in the list.

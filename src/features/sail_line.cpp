@@ -27,26 +27,25 @@ PASSED_OVER DecodeLine(std::string_view line, int order, SailLineDef& record) {
 
 }  // namespace
 
-bool CSailLine::Read(std::string_view newPath, ReadReport* report) {
+bool CSailLine::Read(std::string_view newPath) {
     const std::string path(newPath);
     dataOrder = LoadDataOrder(GetFiles(), path);
     SetPathAndLoad(path);
-    const bool taken = ReadLines(report);
+    const bool taken = ReadLines();
     LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
     return taken;
 }
 
-bool CSailLine::ReadLines(ReadReport* report) {
+bool CSailLine::ReadLines() {
     RemoveAll();
     SetStub(false);
     CStdioFile file(GetFiles());
-    const bool taken = OpenData(file, GetPath(), report) && ReadFrom(file, report);
+    const bool taken = OpenData(file, GetPath(), report) && ReadFrom(file);
     SetReadStamp(file.GetStamp());
     return taken;
 }
 
-bool CSailLine::ReadFrom(CStdioFile& file, ReadReport* report) {
-    if (report) report->opened = true;
+bool CSailLine::ReadFrom(CStdioFile& file) {
     SetStub(false);
     const auto decode = [this](std::string_view line, SailLineDef& record) {
         return DecodeLine(line, dataOrder, record);
@@ -55,10 +54,10 @@ bool CSailLine::ReadFrom(CStdioFile& file, ReadReport* report) {
     return !IsEmpty();
 }
 
-bool CSailLine::ReadAgain(ReadReport* report) {
+bool CSailLine::ReadAgain() {
     CStdioFile file(GetFiles());
     if (!OpenData(file, GetPath(), report)) return false;
-    const bool taken = IsStub() ? Read(GetPath(), report) : ReadFrom(file, report);
+    const bool taken = IsStub() ? Read(GetPath()) : ReadFrom(file);
     if (!taken) {
         AddEmpty();
         SetStub(true);

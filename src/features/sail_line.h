@@ -9,7 +9,6 @@
 #include "features/feature_common.h"
 #include "features/file_list.h"
 #include "features/leg.h"
-#include "foundation/read_report.h"
 #include "foundation/values.h"
 
 namespace quillon {
@@ -31,14 +30,14 @@ public:
     using CFeatureCommon::CFeatureCommon;
 
     /// Reads the data order, the file by it, the flags and the drawing options. True if a line was taken.
-    bool Read(std::string_view path, ReadReport* report = nullptr);
+    bool Read(std::string_view path);
     /// The lines alone, by the data order as it stands; any order but 0 gives none.
-    bool ReadLines(ReadReport* report = nullptr);
+    bool ReadLines();
     /// The same from an opened file.
-    bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
+    bool ReadFrom(CStdioFile& file);
     /// Reads the lines anew; the data order and the display choices stay. A file that gives no line leaves a stub.
     /// False, with the lines as they were, if the file can't be opened.
-    bool ReadAgain(ReadReport* report = nullptr);
+    bool ReadAgain();
     void AddEmpty() { Add(SailLineDef()); }
     /// What stands in the list for a file of no use: its path and one empty record.
     void MakeStub(std::string_view path);
@@ -52,8 +51,6 @@ public:
 class CSailLineList : public CFileList<CSailLine> {
 public:
     using CFileList::CFileList;
-    const std::string& GetPath(int index) const override { return (*this)[index].GetPath(); }
-    int GetPointCount(int index) const override { return static_cast<int>((*this)[index].GetSize()); }
     /// Keeps the third index where the point index is taken.
     void SetEditCursor(int fileIndex, int pointIndex) override;
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "foundation/read_report.h"
 #include "platform/file.h"
 
 namespace quillon {
@@ -16,12 +17,17 @@ enum class DISK_CHANGE : std::uint8_t {
     APPEARED  ///< it couldn't be read, and is there now
 };
 
-/// What stood on the disk when a feature read its data file.
+/// What stood on the disk when a feature read its data file, and what came of the reading.
 class CSourceFile {
 public:
     /// Of the file as it was read; none if it couldn't be.
     const std::optional<FileStamp>& GetReadStamp() const { return readStamp; }
-    void SetReadStamp(const std::optional<FileStamp>& stamp) { readStamp = stamp; }
+    void SetReadStamp(const std::optional<FileStamp>& stamp) {
+        readStamp = stamp;
+        if (!stamp) ForgetReport();
+    }
+    /// Of the last reading; not opened, with nothing counted, if the file couldn't be read.
+    const ReadReport& GetReport() const { return report; }
 
     DISK_CHANGE ChangeOnDisk(const FileSystem& files, std::string_view path) const {
         const std::optional<FileStamp> now = files.Stamp(path);
@@ -30,7 +36,17 @@ public:
         return readStamp ? DISK_CHANGE::RENEWED : DISK_CHANGE::APPEARED;
     }
 
+protected:
+    ReadReport report;
+
 private:
+    /// What is left of it is why the file couldn't be read.
+    void ForgetReport() {
+        std::string fault = std::move(report.fault);
+        report = ReadReport();
+        report.fault = std::move(fault);
+    }
+
     std::optional<FileStamp> readStamp;
 };
 

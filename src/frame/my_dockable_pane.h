@@ -36,6 +36,8 @@ public:
     /// Brings all controls up to date with what the pane edits. For a host that has changed it by itself.
     virtual void Refresh() = 0;
     void OnSettingChange() override { AdjustLayout(); }
+    /// The button that asks the operator for files, for a host that offers it elsewhere too; null where there is none.
+    virtual CButton* GetFileButton() { return nullptr; }
 
 protected:
     /// Creates the pane, hidden if the host has never said otherwise in the profile.

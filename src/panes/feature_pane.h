@@ -66,6 +66,7 @@ public:
     // The controls, for a host that shows them and for tests.
     CComboBox& GetCombo() { return strip.GetCombo(); }
     CColourButton& GetAddButton() { return strip.GetAddButton(); }
+    CButton* GetFileButton() override { return &strip.GetAddButton(); }
     CColourButton& GetRemoveButton() { return strip.GetRemoveButton(); }
     CFeatureListCtrl& GetTable() { return table; }
 

@@ -1,5 +1,6 @@
 #include "panes/pane_registry.h"
 
+#include <algorithm>
 #include <array>
 
 #include "panes/boundary_pane.h"
@@ -13,14 +14,14 @@ namespace quillon {
 namespace {
 
 template <class Pane, auto List>
-std::unique_ptr<CMyDockablePane> CreateOver(Platform& platform, CWnd* parent, JobFeatures& job) {
+std::unique_ptr<CMyDockablePane> CreateOver(Platform& platform, CWnd* parent, JobRecord& job) {
     auto pane = std::make_unique<Pane>(platform);
     if (!pane->Create(parent, Pane::kTitleId, job.*List)) return nullptr;
     return pane;
 }
 
 template <bool Catenary>
-std::unique_ptr<CMyDockablePane> CreateWaypointPane(Platform& platform, CWnd* parent, JobFeatures& job) {
+std::unique_ptr<CMyDockablePane> CreateWaypointPane(Platform& platform, CWnd* parent, JobRecord& job) {
     auto pane = std::make_unique<CGridWaypointPane>(platform);
     const UINT id = Catenary ? CGridWaypointPane::kCatenaryId : CGridWaypointPane::kPlainId;
     const std::string_view title = Catenary ? CGridWaypointPane::kCatenaryTitle : CGridWaypointPane::kPlainTitle;
@@ -28,7 +29,7 @@ std::unique_ptr<CMyDockablePane> CreateWaypointPane(Platform& platform, CWnd* pa
     return pane;
 }
 
-std::unique_ptr<CMyDockablePane> CreatePipelinePane(Platform& platform, CWnd* parent, JobFeatures& job) {
+std::unique_ptr<CMyDockablePane> CreatePipelinePane(Platform& platform, CWnd* parent, JobRecord& job) {
     auto pane = std::make_unique<CPipelinePane>(platform);
     if (!pane->Create(parent, CPipelinePane::kTitleId, job.pipelines, true)) return nullptr;
     return pane;
@@ -36,20 +37,27 @@ std::unique_ptr<CMyDockablePane> CreatePipelinePane(Platform& platform, CWnd* pa
 
 // clang-format off
 constexpr std::array<PaneEntry, 7> kPanes = {{
-    {CBoundaryPane::kTitleId,        CBoundaryPane::kTitle,             CreateOver<CBoundaryPane, &JobFeatures::boundaries>},
-    {CGridWaypointPane::kPlainId,    CGridWaypointPane::kPlainTitle,    CreateWaypointPane<false>},
-    {CGridWaypointPane::kCatenaryId, CGridWaypointPane::kCatenaryTitle, CreateWaypointPane<true>},
-    {CRoutePane::kTitleId,           CRoutePane::kTitle,                CreateOver<CRoutePane, &JobFeatures::routes>},
-    {CSailLinePane::kTitleId,        CSailLinePane::kTitle,             CreateOver<CSailLinePane, &JobFeatures::sailLines>},
-    {CPipelinePane::kTitleId,        CPipelinePane::kTitle,             CreatePipelinePane},
-    {CPipeRoutePane::kTitleId,       CPipeRoutePane::kTitle,            CreateOver<CPipeRoutePane, &JobFeatures::pipeRoute>},
+    {KIND::BOUNDARY,   CBoundaryPane::kTitleId,        CBoundaryPane::kTitle,             CreateOver<CBoundaryPane, &JobRecord::boundaries>},
+    {KIND::WAYPOINT,   CGridWaypointPane::kPlainId,    CGridWaypointPane::kPlainTitle,    CreateWaypointPane<false>},
+    {KIND::WAYPOINT,   CGridWaypointPane::kCatenaryId, CGridWaypointPane::kCatenaryTitle, CreateWaypointPane<true>},
+    {KIND::ROUTE,      CRoutePane::kTitleId,           CRoutePane::kTitle,                CreateOver<CRoutePane, &JobRecord::routes>},
+    {KIND::SAIL_LINE,  CSailLinePane::kTitleId,        CSailLinePane::kTitle,             CreateOver<CSailLinePane, &JobRecord::sailLines>},
+    {KIND::PIPELINE,   CPipelinePane::kTitleId,        CPipelinePane::kTitle,             CreatePipelinePane},
+    {KIND::PIPE_ROUTE, CPipeRoutePane::kTitleId,       CPipeRoutePane::kTitle,            CreateOver<CPipeRoutePane, &JobRecord::pipeRoute>},
 }};
 // clang-format on
+static_assert(HasEveryKind(kPanes), "every kind has a pane");
 
 }  // namespace
 
 std::span<const PaneEntry> PaneRegistry() {
     return kPanes;
+}
+
+KIND KindOfPane(UINT paneId) {
+    const auto found =
+        std::find_if(kPanes.begin(), kPanes.end(), [paneId](const PaneEntry& p) { return p.id == paneId; });
+    return found == kPanes.end() ? KIND::NONE : found->kind;
 }
 
 }  // namespace quillon

@@ -42,6 +42,7 @@ public:
     void OnCommand(UINT control) override;
     void OnSize(tagSIZE size) override;
 
+    CButton* GetFileButton() override { return &selectButton; }
     CColourButton& GetSelectButton() { return selectButton; }
     CColourButton& GetClearButton() { return clearButton; }
     CFeatureListCtrl& GetTable() { return table; }

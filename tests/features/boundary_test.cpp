@@ -21,8 +21,7 @@ class BoundaryTest : public testing::Test {
 protected:
     std::vector<tagXY> Read(std::string_view bytes) {
         drives.Write(kPath, bytes);
-        report = ReadReport();
-        const bool taken = boundary.Read(kPath, &report);
+        const bool taken = boundary.Read(kPath);
         EXPECT_EQ(taken, !boundary.IsEmpty());
         EXPECT_EQ(report.taken, static_cast<std::size_t>(boundary.GetSize()));
         EXPECT_EQ(report.lines, report.taken + report.passedOver);
@@ -32,7 +31,7 @@ protected:
 
     ScratchDrives drives;
     CBoundary boundary{drives};
-    ReadReport report;
+    const ReadReport& report = boundary.GetReport();
 };
 
 TEST_F(BoundaryTest, TakesEveryFormOfALine) {

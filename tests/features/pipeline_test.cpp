@@ -21,8 +21,7 @@ protected:
         CStdioFile file(drives);
         file.OpenBytes(bytes);
         pipeline.dataOrder = order;
-        report = ReadReport();
-        return pipeline.ReadFrom(file, &report);
+        return pipeline.ReadFrom(file);
     }
     std::vector<double> Kps() const {
         std::vector<double> kps;
@@ -37,7 +36,7 @@ protected:
 
     ScratchDrives drives;
     CPipeline pipeline{drives};
-    ReadReport report;
+    const ReadReport& report = pipeline.GetReport();
 };
 
 TEST_F(PipelineTest, TakesTheFieldsOfEveryOrder) {

@@ -17,13 +17,11 @@ protected:
     SailLineTest() { drives.MakeFolder("C:\\MyData"); }
     bool Read(std::string_view bytes) {
         drives.Write(kPath, bytes);
-        report = ReadReport();
-        return lines.Read(kPath, &report);
+        return lines.Read(kPath);
     }
 
     ScratchDrives drives;
     CSailLine lines{drives};
-    ReadReport report;
 };
 
 TEST_F(SailLineTest, EachLineStandsAlone) {
@@ -50,14 +48,14 @@ TEST_F(SailLineTest, PassesOverWhatIsNoLine) {
           Case{"?,1,100,100", false}, Case{"SOL,EOL", false}, Case{"", false}, Case{"0,5,100,100", true},
           Case{"5,0,0,5", true}, Case{"SOL 1 2 EOL 3 4", true}}) {
         EXPECT_EQ(Read(c.line), c.taken) << c.line;
-        EXPECT_EQ(report.taken, c.taken ? 1u : 0u) << c.line;
+        EXPECT_EQ(lines.GetReport().taken, c.taken ? 1u : 0u) << c.line;
     }
 }
 
 TEST_F(SailLineTest, HasOneDataOrder) {
     drives.Write("C:\\MySettings\\Host\\Block_3_DATA_ORDER.INI", "Data Order = 1\r\n");
     EXPECT_FALSE(Read("1,2,3,4\n"));
-    EXPECT_EQ(report.named.at(0).reason, PASSED_OVER::UNKNOWN_ORDER);
+    EXPECT_EQ(lines.GetReport().named.at(0).reason, PASSED_OVER::UNKNOWN_ORDER);
     lines.dataOrder = 0;
     lines.SaveOrder();
     EXPECT_EQ(drives.Read("C:\\MySettings\\Host\\Block_3_DATA_ORDER.INI"), "Data Order = 0\r\n");

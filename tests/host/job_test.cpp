@@ -16,9 +16,13 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-constexpr auto BOUNDARY = FEATURE_TYPES::BOUNDARY;
+constexpr auto BOUNDARY = KIND::BOUNDARY;
 constexpr std::string_view kListFile = "C:\\MySettings\\Host\\Boundary_List.FLS";
 constexpr std::string_view kCursorFile = "C:\\MySettings\\Host\\Boundary_List.INI";
+
+std::string NameOf(KIND kind) {
+    return kind == KIND::NONE ? "nothing" : std::string(KindOf(kind).name);
+}
 
 /// Writes down what a job tells.
 class Told : public JobObserver {
@@ -26,8 +30,8 @@ public:
     void OnDrawingChanged() override { log.push_back("drawing"); }
     void OnPointShown(tagXY point) override { log.push_back(Format("point %.0lf %.0lf", point.x, point.y)); }
     void OnClearanceStale() override { log.push_back("stale"); }
-    void OnFeatureUpdate(FEATURE_TYPES type) override { log.push_back(Format("update %d", static_cast<int>(type))); }
-    void OnFocusFeature(FEATURE_TYPES type) override { log.push_back(Format("focus %d", static_cast<int>(type))); }
+    void OnFeatureUpdate(KIND kind) override { log.push_back("update " + NameOf(kind)); }
+    void OnFocusFeature(KIND kind) override { log.push_back("focus " + NameOf(kind)); }
     std::vector<std::string> log;
 };
 
@@ -47,7 +51,7 @@ protected:
         job->SetObserver(&told);
         return *job;
     }
-    CFeaturePane& Pane() { return *job->PaneOf(BOUNDARY); }
+    CFeaturePane& Pane() { return dynamic_cast<CFeaturePane&>(*job->PaneOf(BOUNDARY)); }
     bool Edit(UINT row, RowValue value) {
         return user::Edit(Pane().GetPropertyList(), *Pane().GetPropertyList().FindItemByData(row), std::move(value));
     }
@@ -67,8 +71,8 @@ TEST_F(JobTest, StartsWhereItsListFilesLeftOffAndWritesNothing) {
     Open();
     EXPECT_EQ(Pane().GetCombo().GetCurSel(), 1);
     EXPECT_EQ(Pane().GetTable().GetItemCount(), 4);
-    EXPECT_EQ(job->Features().boundaries.editState.editFileIndex, 1);
-    EXPECT_EQ(job->Features().boundaries.editState.editPointIndex, 1);
+    EXPECT_EQ(job->Record().boundaries.editState.editFileIndex, 1);
+    EXPECT_EQ(job->Record().boundaries.editState.editPointIndex, 1);
     EXPECT_EQ(drives.Read(kCursorFile), cursor);
     EXPECT_THAT(Pump(), IsEmpty());
 }
@@ -80,10 +84,10 @@ TEST_F(JobTest, AnswersWhatThePanesPost) {
     EXPECT_THAT(Pump(), ElementsAre("point 500 500", "point 500 500"));
     EXPECT_EQ(job->ShownPoint(), (tagXY{500, 500}));
 
-    job->Features().boundaries.changed = true;
+    job->Record().boundaries.changed = true;
     EXPECT_TRUE(Edit(BOUNDARY_COLOUR, COLORREF{RGB(255, 0, 0)}));
     EXPECT_THAT(Pump(), ElementsAre("drawing", "drawing"));
-    EXPECT_FALSE(job->Features().boundaries.changed);
+    EXPECT_FALSE(job->Record().boundaries.changed);
     EXPECT_EQ(job->ShownPoint(), (tagXY{500, 500})) << "another colour is no reason to lose the mark";
 
     EXPECT_FALSE(job->IsClearanceStale());
@@ -103,8 +107,9 @@ TEST_F(JobTest, AnswersTheMessagesOfTheOtherPanes) {
         const char* told;
     };
     Open();
-    for (const Row& row : {Row{UM_FEATURE_UPDATE, 2, "update 2"}, Row{UM_SET_FOCUS_FEATURE, 7, "focus 7"},
-                           Row{UM_UPDATE_DTM, 0, "drawing"}, Row{UM_REDRAW_VECTOR_DISPLAY, 0, "drawing"}}) {
+    for (const Row& row :
+         {Row{UM_FEATURE_UPDATE, 2, "update Sail Line"}, Row{UM_SET_FOCUS_FEATURE, 99, "focus nothing"},
+          Row{UM_UPDATE_DTM, 0, "drawing"}, Row{UM_REDRAW_VECTOR_DISPLAY, 0, "drawing"}}) {
         EXPECT_TRUE(job->PostMessage(row.message, row.wParam));
         EXPECT_THAT(Pump(), ElementsAre(row.told)) << RegisteredMessageName(row.message);
     }
@@ -131,7 +136,7 @@ TEST_F(JobTest, APointChosenOnTheChartMovesCursorComboAndRow) {
     EXPECT_EQ(drives.Read(kCursorFile), "Edit File Index = 0\r\nEdit Point Index = 2\r\n");
 
     for (const JobPoint& nowhere : {JobPoint{BOUNDARY, 2, 0}, JobPoint{BOUNDARY, 0, 3}, JobPoint{BOUNDARY, 0, -1},
-                                    JobPoint{BOUNDARY, -1, 0}, JobPoint{FEATURE_TYPES::NONE, 0, 0}}) {
+                                    JobPoint{BOUNDARY, -1, 0}, JobPoint{KIND::NONE, 0, 0}}) {
         EXPECT_FALSE(job->SelectPoint(nowhere));
     }
     EXPECT_EQ(Pane().GetTable().GetSelection(), 2);
@@ -145,8 +150,8 @@ TEST_F(JobTest, AHiddenFeatureStaysHiddenAtTheNextStart) {
     EXPECT_EQ(drives.Read("C:\\Job\\Outer.INI"), "Status = 0\r\nHighlight = 0\r\n");
     EXPECT_FALSE(drives.Exists("C:\\Job\\Inner.INI")) << "only the flags that changed are written";
     job.reset();
-    EXPECT_FALSE(Open().Features().boundaries[1].Status);
-    EXPECT_TRUE(job->Features().boundaries[0].Status);
+    EXPECT_FALSE(Open().Record().boundaries[1].Status);
+    EXPECT_TRUE(job->Record().boundaries[0].Status);
 }
 
 TEST_F(JobTest, AFileAddedIsListedAndShownAtTheNextStart) {
@@ -174,18 +179,20 @@ TEST(SampleJobTest, IsWhole) {
     HeadlessPlatform platform(drives.Root());
     Job job(platform);
     job.Open();
-    for (const FeatureKind& kind : FeatureKinds()) {
-        const CFileListBase& list = kind.list(job.Features());
-        for (int i = 0; i < list.GetCount(); ++i) {
-            EXPECT_TRUE(drives.Exists(list.GetPath(i))) << list.GetPath(i);
-            EXPECT_GT(list.GetPointCount(i), 1) << list.GetPath(i);
+    for (const JobKind& kind : JobKinds()) {
+        for (int i = 0; i < kind.fileCount(job.Record()); ++i) {
+            const std::string& path = kind.path(job.Record(), i);
+            EXPECT_TRUE(drives.Exists(path)) << path;
+            EXPECT_GT(kind.pointCount(job.Record(), i), 1) << path;
+            EXPECT_TRUE(kind.isDisplayed(job.Record(), i)) << path;
+            EXPECT_NE(kind.look(job.Record(), i), KindLook()) << path;
         }
-        EXPECT_NE(job.PaneOf(kind.type), nullptr);
+        EXPECT_NE(job.PaneOf(kind.id), nullptr);
     }
-    EXPECT_GT(job.Features().boundaries.GetCount(), 8);
+    EXPECT_GT(job.Record().boundaries.GetCount(), 8);
     // Drawing options come from files that are named after the data files: a slip there would give all the same blue.
-    for (int i = 0; i < job.Features().boundaries.GetCount(); ++i) {
-        EXPECT_NE(job.Features().boundaries[i].pen.colour, CDrawingOptions().pen.colour);
+    for (int i = 0; i < job.Record().boundaries.GetCount(); ++i) {
+        EXPECT_NE(job.Record().boundaries[i].pen.colour, CDrawingOptions().pen.colour);
     }
 }
 

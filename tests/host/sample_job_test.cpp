@@ -6,8 +6,8 @@
 #include <fstream>
 #include <set>
 
-#include "host/feature_kinds.h"
 #include "host/scene_builder.h"
+#include "job/kinds.h"
 #include "platform/headless.h"
 #include "support/scratch_drives.h"
 
@@ -29,16 +29,16 @@ protected:
 
     ScratchDrives drives;
     HeadlessPlatform platform;
-    JobFeatures features;
+    JobRecord features;
 };
 
 TEST_F(SampleFilesTest, EveryListedFileHoldsPoints) {
-    for (const FeatureKind& kind : FeatureKinds()) {
-        const CFileListBase& list = kind.list(features);
-        EXPECT_GT(list.GetCount(), 0) << kind.name;
-        for (int i = 0; i < list.GetCount(); ++i) EXPECT_GT(list.GetPointCount(i), 0) << list.GetPath(i);
+    for (const JobKind& kind : JobKinds()) {
+        EXPECT_GT(kind.fileCount(features), 0) << kind.name;
+        for (int i = 0; i < kind.fileCount(features); ++i) {
+            EXPECT_GT(kind.pointCount(features, i), 0) << kind.path(features, i);
+        }
     }
-    EXPECT_GT(features.pipeRoute.GetSize(), 2);
     EXPECT_EQ(features.sailLines[0].GetSize(), 20);
     for (int i = 0; i < features.pipelines.GetCount(); ++i) {
         const CPipeline& pipeline = features.pipelines[i];
@@ -47,7 +47,10 @@ TEST_F(SampleFilesTest, EveryListedFileHoldsPoints) {
 }
 
 TEST_F(SampleFilesTest, SettingsAreAsTheProgramWritesThem) {
-    for (const FeatureKind& kind : FeatureKinds()) EXPECT_TRUE(kind.list(features).Save());
+    for (const JobKind& kind : JobKinds()) {
+        const CFileListBase* const list = kind.list(features);
+        EXPECT_TRUE(!list || list->Save()) << kind.name;
+    }
     for (int i = 0; i < features.waypoints.GetCount(); ++i) features.waypoints[i].SaveSettings();
     for (int i = 0; i < features.pipelines.GetCount(); ++i) features.pipelines[i].WriteSettings();
     features.pipeRoute.WriteSettings();

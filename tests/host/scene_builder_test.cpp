@@ -22,10 +22,10 @@ protected:
                      "[Boundary]\r\nC:\\Job\\Square.csv\r\nC:\\Job\\Line.csv\r\n");
         job = std::make_unique<Job>(platform);
         job->Open();
-        scenes = std::make_unique<SceneBuilder>(job->Features());
+        scenes = std::make_unique<SceneBuilder>(job->Record());
     }
 
-    CBoundary& Square() { return job->Features().boundaries[0]; }
+    CBoundary& Square() { return job->Record().boundaries[0]; }
     SceneItems Layer() {
         scene = scenes->Build();
         for (const ChartLayer& layer : scene.layers) {
@@ -49,7 +49,7 @@ protected:
     std::unique_ptr<Job> job;
     std::unique_ptr<SceneBuilder> scenes;
     ChartScene scene;
-    static constexpr auto kLayer = static_cast<std::uint64_t>(FEATURE_TYPES::BOUNDARY);
+    static constexpr auto kLayer = static_cast<std::uint64_t>(KIND::BOUNDARY);
 };
 
 TEST_F(SceneBuilderTest, DrawsABoundaryAsItsOptionsSay) {
@@ -83,7 +83,7 @@ TEST_F(SceneBuilderTest, LabelsFollowModeAndPosition) {
          {Row{0, 1, nullptr, {}}, Row{1, 0, nullptr, {}}, Row{4, 1, nullptr, {}}, Row{1, 1, "Square", {200, 200}},
           Row{1, 2, "Square", {100, 100}}, Row{2, 2, "100.0 E  100.0 N", {100, 100}},
           Row{3, 3, "Square  100.0 E  100.0 N", {100, 100}}, Row{99, 1, nullptr, {}}}) {
-        job->Features().boundaries[1].Status = false;
+        job->Record().boundaries[1].Status = false;
         Square().labelMode = row.mode;
         Square().labelPosition = row.position;
         const SceneItems layer = Layer();
@@ -95,13 +95,13 @@ TEST_F(SceneBuilderTest, LabelsFollowModeAndPosition) {
 }
 
 TEST_F(SceneBuilderTest, WhatIsHiddenIsNotThereAndHitsStillFindTheirFile) {
-    EXPECT_EQ(Hit(1, 0, HIT_KIND::VERTEX), (JobPoint{FEATURE_TYPES::BOUNDARY, 1, 0}));
+    EXPECT_EQ(Hit(1, 0, HIT_KIND::VERTEX), (JobPoint{KIND::BOUNDARY, 1, 0}));
     Square().Status = false;
     EXPECT_EQ(Layer().paths.size(), 1u);
-    EXPECT_EQ(Hit(0, 1, HIT_KIND::VERTEX), (JobPoint{FEATURE_TYPES::BOUNDARY, 1, 1}));
+    EXPECT_EQ(Hit(0, 1, HIT_KIND::VERTEX), (JobPoint{KIND::BOUNDARY, 1, 1}));
     EXPECT_EQ(Hit(1, 0, HIT_KIND::VERTEX), JobPoint());
     EXPECT_EQ(scenes->PointOf({.layer = 99}), JobPoint());
-    EXPECT_EQ(Hit(0, 0, HIT_KIND::AREA), (JobPoint{FEATURE_TYPES::BOUNDARY, 1, -1})) << "the file alone";
+    EXPECT_EQ(Hit(0, 0, HIT_KIND::AREA), (JobPoint{KIND::BOUNDARY, 1, -1})) << "the file alone";
 }
 
 TEST_F(SceneBuilderTest, AHitOnASegmentIsItsNearerPoint) {
@@ -124,7 +124,7 @@ TEST_F(SceneBuilderTest, PathsAreMadeAnewOnlyWhenTheirPointsAreOthers) {
     EXPECT_EQ(Paths()[1], first[1]);
     EXPECT_EQ(std::get<ChartPath>(keepsThem.layers[0].items[1]).path->Points()[1], (tagXY{200, 100}))
         << "what was drawn stays as it was";
-    user::Press(job->PaneOf(FEATURE_TYPES::BOUNDARY)->GetRemoveButton());
+    user::Press(dynamic_cast<CFeaturePane&>(*job->PaneOf(KIND::BOUNDARY)).GetRemoveButton());
     EXPECT_THAT(Paths(), ::testing::ElementsAre(first[1])) << "what moved up keeps its own";
 }
 
@@ -134,7 +134,7 @@ TEST_F(SceneBuilderTest, LongPathsAreSketchedUntilTheyAreMade) {
     Square().Adopt(std::vector<tagXY>(points));
     std::atomic<int> told = 0;
     ItemMaker maker([&] { ++told; });
-    scenes = std::make_unique<SceneBuilder>(job->Features(), &maker);
+    scenes = std::make_unique<SceneBuilder>(job->Record(), &maker);
     const auto lod = [this] { return Layer().paths[0].path; };
     const PathPtr sketch = lod();
     EXPECT_LE(sketch->Full().VertexCount(), 8100u);

@@ -19,7 +19,6 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 constexpr double kDegree = std::numbers::pi / 180.0;
-constexpr std::uint64_t kPipeRouteLayer = 100;
 
 /// Two wells and a wreck with a radius; a pipeline that runs east and comes back north-west; a route round a corner; a
 /// sail line each way.
@@ -48,7 +47,7 @@ protected:
         Settings("Sail_Line_List.FLS", "[SailLine]\r\nC:\\Job\\Block.csv\r\n");
         job = std::make_unique<Job>(platform);
         job->Open();
-        scenes = std::make_unique<SceneBuilder>(job->Features());
+        scenes = std::make_unique<SceneBuilder>(job->Record());
     }
 
     void Settings(const std::string& name, std::string_view lines) {
@@ -61,20 +60,21 @@ protected:
         }
         throw std::logic_error("no such layer");
     }
-    SceneItems Layer(FEATURE_TYPES type) { return Layer(static_cast<std::uint64_t>(type)); }
-    JobPoint Hit(FEATURE_TYPES type, std::size_t path, std::uint32_t point, tagXY at = {}, bool isVertex = true) {
-        return scenes->PointOf({.layer = static_cast<std::uint64_t>(type),
-                                .item = Layer(type).pathPlaces.at(path),
+    SceneItems Layer(KIND kind) { return Layer(static_cast<std::uint64_t>(kind)); }
+    JobPoint Hit(KIND kind, std::size_t path, std::uint32_t point, tagXY at = {}, bool isVertex = true) {
+        return scenes->PointOf({.layer = static_cast<std::uint64_t>(kind),
+                                .item = Layer(kind).pathPlaces.at(path),
                                 .kind = isVertex ? HIT_KIND::VERTEX : HIT_KIND::SEGMENT,
                                 .hit = {.point = point, .at = at}});
     }
     /// The cursor of a list and what its pane shows, after a click.
-    void ExpectChosen(FEATURE_TYPES type, CFileListBase& list, const JobPoint& point) {
+    void ExpectChosen(KIND kind, CFileListBase& list, const JobPoint& point) {
         ASSERT_TRUE(job->SelectPoint(point));
         EXPECT_EQ(list.editState.editFileIndex, point.file);
         EXPECT_EQ(list.editState.editPointIndex, point.point);
-        EXPECT_EQ(job->PaneOf(type)->GetCombo().GetCurSel(), point.file);
-        EXPECT_EQ(job->PaneOf(type)->GetTable().GetSelection(), point.point);
+        auto& pane = dynamic_cast<CFeaturePane&>(*job->PaneOf(kind));
+        EXPECT_EQ(pane.GetCombo().GetCurSel(), point.file);
+        EXPECT_EQ(pane.GetTable().GetSelection(), point.point);
     }
     static std::vector<std::string> Labels(const ChartPath& path) {
         std::vector<std::string> labels;
@@ -97,7 +97,7 @@ protected:
 // ---- Waypoints ----
 
 TEST_F(SceneKindsTest, WaypointsAreSymbolsThatNothingJoins) {
-    const SceneItems layer = Layer(FEATURE_TYPES::WAYPOINT);
+    const SceneItems layer = Layer(KIND::WAYPOINT);
     ASSERT_THAT(layer.paths, SizeIs(1));
     const ChartPath& wells = layer.paths[0];
     EXPECT_THAT(SceneItems::PointsOf(wells), ElementsAre(tagXY{100, 200}, tagXY{300, 200}));
@@ -108,11 +108,11 @@ TEST_F(SceneKindsTest, WaypointsAreSymbolsThatNothingJoins) {
     EXPECT_EQ(wells.marks.colour, RGB(255, 0, 0));
     EXPECT_EQ(wells.marks.labelPosition, 4);
     EXPECT_THAT(Labels(wells), ElementsAre("W-1", "W-2"));
-    ExpectChosen(FEATURE_TYPES::WAYPOINT, job->Features().waypoints, Hit(FEATURE_TYPES::WAYPOINT, 0, 1));
+    ExpectChosen(KIND::WAYPOINT, job->Record().waypoints, Hit(KIND::WAYPOINT, 0, 1));
 }
 
 TEST_F(SceneKindsTest, RingsOfAWaypoint) {
-    CGridWaypoint& wells = job->Features().waypoints[0];
+    CGridWaypoint& wells = job->Record().waypoints[0];
     struct Row {
         const char* what;
         std::function<void()> change;
@@ -137,7 +137,7 @@ TEST_F(SceneKindsTest, RingsOfAWaypoint) {
     };
     for (const Row& row : rows) {
         row.change();
-        const SceneItems layer = Layer(FEATURE_TYPES::WAYPOINT);
+        const SceneItems layer = Layer(KIND::WAYPOINT);
         EXPECT_EQ(Radii(layer), row.radii) << row.what;
         for (const SceneItems::Circle& ring : layer.circles) {
             EXPECT_EQ(ring.colour, wells.catenaryMode ? wells.colour : wells.ringColour) << row.what;
@@ -148,7 +148,7 @@ TEST_F(SceneKindsTest, RingsOfAWaypoint) {
 // ---- Pipelines ----
 
 TEST_F(SceneKindsTest, APipelineLiesInItsCorridor) {
-    const SceneItems layer = Layer(FEATURE_TYPES::PIPELINE);
+    const SceneItems layer = Layer(KIND::PIPELINE);
     ASSERT_THAT(layer.paths, SizeIs(2));
     const ChartPath& corridor = layer.paths[0];
     EXPECT_FALSE(corridor.canBeHit);
@@ -164,12 +164,12 @@ TEST_F(SceneKindsTest, APipelineLiesInItsCorridor) {
     EXPECT_THAT(SceneItems::PointsOf(pipe), ElementsAre(tagXY{0, 1}, tagXY{2500, 1}, tagXY{500, 2001}));
     EXPECT_EQ(pipe.line.colour, 16711680u);
     EXPECT_EQ(pipe.line.thickness, 3);
-    EXPECT_EQ(Hit(FEATURE_TYPES::PIPELINE, 0, 0), JobPoint());
-    ExpectChosen(FEATURE_TYPES::PIPELINE, job->Features().pipelines, Hit(FEATURE_TYPES::PIPELINE, 1, 2));
+    EXPECT_EQ(Hit(KIND::PIPELINE, 0, 0), JobPoint());
+    ExpectChosen(KIND::PIPELINE, job->Record().pipelines, Hit(KIND::PIPELINE, 1, 2));
 }
 
 TEST_F(SceneKindsTest, KpsStandAcrossTheirLineOnItsStarboardSide) {
-    const SceneItems layer = Layer(FEATURE_TYPES::PIPELINE);
+    const SceneItems layer = Layer(KIND::PIPELINE);
     struct Row {
         const char* text;
         tagXY at;
@@ -191,34 +191,34 @@ TEST_F(SceneKindsTest, KpsStandAcrossTheirLineOnItsStarboardSide) {
         EXPECT_NEAR(text.gap, 10, 1);
         EXPECT_EQ(text.colour, 16711680u);
     }
-    job->Features().pipelines[0].labelKps = false;
-    job->Features().pipelines[0].ComputeKpListing();
-    EXPECT_THAT(Layer(FEATURE_TYPES::PIPELINE).texts, IsEmpty());
+    job->Record().pipelines[0].labelKps = false;
+    job->Record().pipelines[0].ComputeKpListing();
+    EXPECT_THAT(Layer(KIND::PIPELINE).texts, IsEmpty());
 }
 
 TEST_F(SceneKindsTest, TheActivePipeRouteIsDrawnButCannotBeChosen) {
-    const SceneItems layer = Layer(kPipeRouteLayer);
+    const SceneItems layer = Layer(KIND::PIPE_ROUTE);
     ASSERT_THAT(layer.paths, SizeIs(2));
     EXPECT_FALSE(layer.paths[1].canBeHit) << "or it would hide what lies below it from the pointer";
     EXPECT_EQ(layer.texts.size(), 6u);
-    job->Features().pipeRoute.Clear();
-    EXPECT_THAT(Layer(kPipeRouteLayer).paths, IsEmpty());
+    job->Record().pipeRoute.Clear();
+    EXPECT_THAT(Layer(KIND::PIPE_ROUTE).paths, IsEmpty());
 }
 
 // ---- Routes ----
 
 TEST_F(SceneKindsTest, ARouteHasItsPointsAndLegsNamed) {
-    CRoute& route = job->Features().routes[0];
-    ASSERT_THAT(Layer(FEATURE_TYPES::ROUTE).paths, SizeIs(1));
+    CRoute& route = job->Record().routes[0];
+    ASSERT_THAT(Layer(KIND::ROUTE).paths, SizeIs(1));
     EXPECT_FALSE(scene.layers.back().items.empty());
-    EXPECT_FALSE(Layer(FEATURE_TYPES::ROUTE).paths[0].legText) << "legs are silent until they are switched on";
+    EXPECT_FALSE(Layer(KIND::ROUTE).paths[0].legText) << "legs are silent until they are switched on";
     route.showLegLabel = true;
     route.displayCorridor = true;
     route.portWidth = route.starboardWidth = 20.0;
     route.corridorColour = RGB(0, 200, 200);
     route.fill = 2;
     route.ComputeCorridor();
-    const SceneItems layer = Layer(FEATURE_TYPES::ROUTE);
+    const SceneItems layer = Layer(KIND::ROUTE);
     ASSERT_THAT(layer.paths, SizeIs(2));
     EXPECT_THAT(SceneItems::PointsOf(layer.paths[0]), ElementsAre(tagXY{-10, 10}, tagXY{-10, 330}, tagXY{410, 330},
                                                                   tagXY{410, 290}, tagXY{30, 290}, tagXY{30, 10}));
@@ -227,31 +227,30 @@ TEST_F(SceneKindsTest, ARouteHasItsPointsAndLegsNamed) {
     EXPECT_THAT(layer.paths[1].legText(0), ::testing::HasSubstr("300"));
     EXPECT_THAT(layer.paths[1].legText(1), ::testing::AllOf(::testing::HasSubstr("400"), ::testing::HasSubstr("90")));
     EXPECT_EQ(layer.paths[1].legText(7), "");
-    const JobPoint nearer = Hit(FEATURE_TYPES::ROUTE, 1, 1, {400, 310}, false);
-    EXPECT_EQ(nearer, (JobPoint{FEATURE_TYPES::ROUTE, 0, 2}));
-    ExpectChosen(FEATURE_TYPES::ROUTE, job->Features().routes, nearer);
+    const JobPoint nearer = Hit(KIND::ROUTE, 1, 1, {400, 310}, false);
+    EXPECT_EQ(nearer, (JobPoint{KIND::ROUTE, 0, 2}));
+    ExpectChosen(KIND::ROUTE, job->Record().routes, nearer);
 }
 
 // ---- Sail lines ----
 
 TEST_F(SceneKindsTest, SailLinesAreNumberedWhereTheyStart) {
-    const SceneItems layer = Layer(FEATURE_TYPES::SAIL_LINE);
+    const SceneItems layer = Layer(KIND::SAIL_LINE);
     ASSERT_THAT(layer.paths, SizeIs(1));
     const ChartPath& block = layer.paths[0];
     EXPECT_THAT(SceneItems::PointsOf(block), ElementsAre(tagXY{10, 10}, tagXY{10, 500}, tagXY{60, 500}, tagXY{60, 10}));
     EXPECT_EQ(block.path->Full().PartCount(), 2u) << "no line from the end of one to the start of the next";
     EXPECT_TRUE(block.arrows);
     EXPECT_THAT(Labels(block), ElementsAre("1", "", "2", ""));
-    EXPECT_EQ(Hit(FEATURE_TYPES::SAIL_LINE, 0, 1), (JobPoint{FEATURE_TYPES::SAIL_LINE, 0, 0})) << "the end of line 1";
-    ExpectChosen(FEATURE_TYPES::SAIL_LINE, job->Features().sailLines,
-                 Hit(FEATURE_TYPES::SAIL_LINE, 0, 2, {60, 20}, false));
-    EXPECT_EQ(job->Features().sailLines.editState.editPointIndex, 1);
+    EXPECT_EQ(Hit(KIND::SAIL_LINE, 0, 1), (JobPoint{KIND::SAIL_LINE, 0, 0})) << "the end of line 1";
+    ExpectChosen(KIND::SAIL_LINE, job->Record().sailLines, Hit(KIND::SAIL_LINE, 0, 2, {60, 20}, false));
+    EXPECT_EQ(job->Record().sailLines.editState.editPointIndex, 1);
 }
 
 // ---- All ----
 
 TEST_F(SceneKindsTest, WhatIsSwitchedOffIsNotDrawn) {
-    JobFeatures& features = job->Features();
+    JobRecord& features = job->Record();
     features.waypoints[0].display = false;
     features.pipelines[0].use = false;
     features.pipeRoute.use = false;
@@ -266,22 +265,22 @@ TEST_F(SceneKindsTest, WhatIsSwitchedOffIsNotDrawn) {
 TEST_F(SceneKindsTest, KeepsSharpBendsAndFilesOfNoUseOffTheChart) {
     drives.Write("C:\\Job\\Hairpin.csv", "10, 10\r\n10, 1010\r\n11, 10\r\n");
     drives.Write("C:\\Job\\Empty.csv", "");
-    JobFeatures& features = job->Features();
+    JobRecord& features = job->Record();
     features.routes.Add("C:\\Job\\Hairpin.csv");
     CRoute& hairpin = features.routes[1];
     hairpin.displayCorridor = true;
     hairpin.portWidth = hairpin.starboardWidth = 20;
     hairpin.ComputeCorridor();
     ASSERT_GT(hairpin[1].portCorridorStart.y, 30000) << "by the rule of the crossing lines";
-    const std::size_t paths[] = {Layer(FEATURE_TYPES::ROUTE).paths.size(), Layer(FEATURE_TYPES::BOUNDARY).paths.size(),
-                                 Layer(FEATURE_TYPES::SAIL_LINE).paths.size()};
+    const std::size_t paths[] = {Layer(KIND::ROUTE).paths.size(), Layer(KIND::BOUNDARY).paths.size(),
+                                 Layer(KIND::SAIL_LINE).paths.size()};
     for (CFileListBase* const list :
          std::initializer_list<CFileListBase*>{&features.routes, &features.boundaries, &features.sailLines}) {
         ASSERT_TRUE(list->Add("C:\\Job\\Empty.csv"));
     }
-    EXPECT_THAT(Layer(FEATURE_TYPES::BOUNDARY).paths, SizeIs(paths[1]));
-    EXPECT_THAT(Layer(FEATURE_TYPES::SAIL_LINE).paths, SizeIs(paths[2]));
-    const SceneItems routes = Layer(FEATURE_TYPES::ROUTE);
+    EXPECT_THAT(Layer(KIND::BOUNDARY).paths, SizeIs(paths[1]));
+    EXPECT_THAT(Layer(KIND::SAIL_LINE).paths, SizeIs(paths[2]));
+    const SceneItems routes = Layer(KIND::ROUTE);
     EXPECT_THAT(routes.paths, SizeIs(paths[0]));
     for (const ChartPath& path : routes.paths) {
         for (const tagXY& point : SceneItems::PointsOf(path)) EXPECT_LT(std::abs(point.y), 1300);

@@ -4,8 +4,8 @@
 #include <cstdio>
 #include <fstream>
 
-#include "features/job_features.h"
 #include "frame/messages.h"
+#include "job/job_record.h"
 #include "panes/boundary_pane.h"
 #include "platform/headless.h"
 #include "platform/user_actions.h"
@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
     std::ofstream(platform.Files().Native("C:\\area.csv")) << "500000,6000000\n500100,6000000\n500100,6000100\n";
 
     Host host(platform);
-    JobFeatures job(platform.Files());
+    JobRecord job(platform.Files());
     job.Load();
     CBoundaryPane pane(platform);
     if (!pane.Create(&host, CBoundaryPane::kTitleId, job.boundaries)) return 1;

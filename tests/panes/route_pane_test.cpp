@@ -50,7 +50,7 @@ protected:
     std::unique_ptr<Pane> pane;
 };
 
-class RoutePaneTest : public LineFixture<CRoutePane, &JobFeatures::routes> {
+class RoutePaneTest : public LineFixture<CRoutePane, &JobRecord::routes> {
 protected:
     RoutePaneTest() {
         drives.MakeFolder("C:\\MyData");
@@ -154,7 +154,7 @@ TEST_F(RoutePaneTest, ShowsWhatCameOfAnotherOrder) {
 
 constexpr std::string_view kBlock = "C:\\Jobs\\Block 3.csv";
 
-class SailLinePaneTest : public LineFixture<CSailLinePane, &JobFeatures::sailLines> {
+class SailLinePaneTest : public LineFixture<CSailLinePane, &JobRecord::sailLines> {
 protected:
     SailLinePaneTest() {
         drives.MakeFolder("C:\\MyData");

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "features/job_features.h"
+#include "job/job_record.h"
 #include "platform/headless.h"
 #include "platform/property_rows.h"
 #include "platform/user_actions.h"
@@ -29,7 +29,7 @@ protected:
         job.reset();
         platform = std::make_unique<HeadlessPlatform>(drives.Root(), "Host");
         log = std::make_unique<MessageLog>(*platform);
-        job = std::make_unique<JobFeatures>(platform->Files());
+        job = std::make_unique<JobRecord>(platform->Files());
         job->Load();
     }
 
@@ -85,7 +85,7 @@ protected:
     ScratchDrives drives;
     std::unique_ptr<HeadlessPlatform> platform;
     std::unique_ptr<MessageLog> log;
-    std::unique_ptr<JobFeatures> job;
+    std::unique_ptr<JobRecord> job;
 };
 
 }  // namespace quillon

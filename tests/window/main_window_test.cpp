@@ -26,7 +26,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr auto BOUNDARY = FEATURE_TYPES::BOUNDARY;
+constexpr auto BOUNDARY = KIND::BOUNDARY;
 
 /// The toolkit's platform, with a file question that is answered beforehand.
 class ScriptedPlatform : public QtPlatform {
@@ -57,7 +57,7 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    CFeaturePane& Pane() { return *job.PaneOf(BOUNDARY); }
+    CFeaturePane& Pane() { return dynamic_cast<CFeaturePane&>(*job.PaneOf(BOUNDARY)); }
     QDockWidget& Dock() { return *window.Docks().DockOf(BOUNDARY); }
     template <class Widget>
     Widget& WidgetOf(const CControl& control) {
@@ -156,7 +156,7 @@ TEST_F(MainWindowTest, ADaysWorkIsThereTheNextMorning) {
         EXPECT_EQ(run.Pane().GetCombo().GetLBText(run.Pane().GetCombo().GetCurSel()), "Northfield Work Area");
         Work(run);
         EXPECT_EQ(run.platform.asked.title, "Boundary Files ....");
-        const CBoundary& anchorage = run.job.Features().boundaries[6];
+        const CBoundary& anchorage = run.job.Record().boundaries[6];
         EXPECT_EQ(anchorage.GetName(), "East Anchorage");
         EXPECT_EQ(anchorage.pen.colour, RGB(255, 0, 0));
         EXPECT_FALSE(anchorage.Status);
@@ -178,8 +178,8 @@ TEST_F(MainWindowTest, ADaysWorkIsThereTheNextMorning) {
         EXPECT_TRUE(run.Dock().isFloating());
         EXPECT_EQ(run.Pane().GetCombo().GetCount(), 12);
         EXPECT_EQ(run.Pane().GetCombo().GetLBText(run.Pane().GetCombo().GetCurSel()), "New Area");
-        EXPECT_FALSE(run.job.Features().boundaries[6].Status);
-        EXPECT_EQ(run.job.Features().boundaries[6].pen.colour, RGB(255, 0, 0));
+        EXPECT_FALSE(run.job.Record().boundaries[6].Status);
+        EXPECT_EQ(run.job.Record().boundaries[6].pen.colour, RGB(255, 0, 0));
         run.Key(QKeySequence("Ctrl+Shift+R"));
         EXPECT_FALSE(run.Dock().isFloating());
     }
@@ -214,7 +214,7 @@ TEST_F(MainWindowTest, ADecimalCommaInTheUsersLocaleChangesNoByte) {
 
 TEST_F(MainWindowTest, AClickOnTheChartFindsFileAndRow) {
     Program run(Drives(), Profile());
-    const CBoundary& zone = run.job.Features().boundaries[8];
+    const CBoundary& zone = run.job.Record().boundaries[8];
     ASSERT_EQ(zone.GetName(), "NF-B Safety Zone");
     ChartWidget& chart = run.window.Chart();
     chart.SetView(zone[9], 2.0);
@@ -222,7 +222,7 @@ TEST_F(MainWindowTest, AClickOnTheChartFindsFileAndRow) {
     run.window.Settle();
     EXPECT_EQ(run.Pane().GetCombo().GetCurSel(), 8);
     EXPECT_EQ(run.Pane().GetTable().GetSelection(), 9);
-    EXPECT_EQ(run.job.Features().boundaries.editState.editPointIndex, 9);
+    EXPECT_EQ(run.job.Record().boundaries.editState.editPointIndex, 9);
     const QTableView& table = run.WidgetOf<QTableView>(run.Pane().GetTable());
     EXPECT_EQ(table.selectionModel()->selectedRows().value(0).row(), 9);
 }

@@ -1,11 +1,22 @@
 #include "host/job.h"
 
+#include <algorithm>
+
 #include "platform/platform.h"
 #include "platform/user_actions.h"
 
 namespace quillon {
+namespace {
 
-Job::Job(Platform& owner) : CWnd(owner), features(owner.Files()) {
+/// What a message with a FEATURE_TYPES is about; NONE for a type that no kind has.
+KIND KindOfMessage(const MSG& message) {
+    const JobKind* const kind = FindKind(static_cast<FEATURE_TYPES>(message.wParam));
+    return kind ? kind->id : KIND::NONE;
+}
+
+}  // namespace
+
+Job::Job(Platform& owner) : CWnd(owner), record(owner.Files()) {
     owner.SetMainWindow(this);
 }
 
@@ -14,8 +25,8 @@ Job::~Job() {
 }
 
 void Job::Open() {
-    features.Load();
-    features.ClearLeftovers();
+    record.Load();
+    record.ClearLeftovers();
     OpenPanes();
     countedFiles = CountFiles();
     KeepFlags();
@@ -24,47 +35,48 @@ void Job::Open() {
 void Job::OpenPanes() {
     for (const PaneEntry& entry : PaneRegistry()) {
         // Creating a pane sets its list's cursor to the first file.
-        const FeatureKind* const kind = FindFeatureKindOfPane(entry.id);
-        const FeatureEditState cursor = kind ? kind->list(features).editState : FeatureEditState();
-        auto pane = entry.create(GetPlatform(), this, features);
+        CFileListBase* const list = ListOf(entry.kind);
+        const FeatureEditState cursor = list ? list->editState : FeatureEditState();
+        auto pane = entry.create(GetPlatform(), this, record);
         if (!pane) continue;
         if (auto* const files = dynamic_cast<CFeaturePane*>(pane.get());
-            files && kind && kind->list(features).IsValidIndex(cursor.editFileIndex)) {
+            files && list && list->IsValidIndex(cursor.editFileIndex)) {
             user::Select(files->GetCombo(), cursor.editFileIndex);
-            kind->list(features).SetEditCursor(cursor.editFileIndex, cursor.editPointIndex);
+            list->SetEditCursor(cursor.editFileIndex, cursor.editPointIndex);
         }
         panes.push_back(std::move(pane));
     }
 }
 
-CFeaturePane* Job::PaneOf(FEATURE_TYPES type) const {
-    const FeatureKind* const kind = FindFeatureKind(type);
-    for (const auto& pane : panes) {
-        if (kind && pane->GetDlgCtrlID() == kind->panes.front()) return dynamic_cast<CFeaturePane*>(pane.get());
-    }
-    return nullptr;
+CFileListBase* Job::ListOf(KIND kind) {
+    return kind == KIND::NONE ? nullptr : KindOf(kind).list(record);
+}
+
+CMyDockablePane* Job::PaneOf(KIND kind) const {
+    if (kind == KIND::NONE) return nullptr;
+    const auto found = std::find_if(panes.begin(), panes.end(),
+                                    [kind](const auto& pane) { return KindOfPane(pane->GetDlgCtrlID()) == kind; });
+    return found == panes.end() ? nullptr : found->get();
 }
 
 void Job::BringUpToDate(CMyDockablePane& pane) {
-    const FeatureKind* const kind = FindFeatureKindOfPane(pane.GetDlgCtrlID());
-    if (!kind || kind->panes.size() < 2) return;
-    const FeatureEditState cursor = kind->list(features).editState;
+    CFileListBase* const list = ListOf(KindOfPane(pane.GetDlgCtrlID()));
+    if (!list) return;
+    const FeatureEditState cursor = list->editState;
     pane.Refresh();
-    kind->list(features).editState = cursor;
+    list->editState = cursor;
 }
 
-void Job::OnFeatureUpdate(FEATURE_TYPES type) {
+void Job::OnFeatureUpdate(KIND kind) {
     KeepFlags();
-    if (const FeatureKind* const kind = FindFeatureKind(type)) {
+    if (const CFileListBase* const list = ListOf(kind)) {
         for (const auto& pane : panes) {
             auto* const files = dynamic_cast<CFeaturePane*>(pane.get());
-            const bool isOfKind = FindFeatureKindOfPane(pane->GetDlgCtrlID()) == kind;
-            if (files && isOfKind && files->GetCombo().GetCount() != kind->list(features).GetCount()) {
-                BringUpToDate(*pane);
-            }
+            const bool isOfKind = KindOfPane(pane->GetDlgCtrlID()) == kind;
+            if (files && isOfKind && files->GetCombo().GetCount() != list->GetCount()) BringUpToDate(*pane);
         }
     }
-    if (observer) observer->OnFeatureUpdate(type);
+    if (observer) observer->OnFeatureUpdate(kind);
 }
 
 void Job::SetNightMode(bool night) {
@@ -72,22 +84,19 @@ void Job::SetNightMode(bool night) {
 }
 
 bool Job::SelectPoint(const JobPoint& chosen) {
-    const FeatureKind* const kind = FindFeatureKind(chosen.type);
-    if (!kind) return false;
-    CFileListBase& list = kind->list(features);
-    if (!list.IsValidIndex(chosen.file) || chosen.point < 0 || chosen.point >= list.GetPointCount(chosen.file)) {
-        return false;
-    }
-    const FeatureEditState before = list.editState;
-    list.SetEditCursor(chosen.file, chosen.point);
-    if (list.editState != before) list.Save();
+    CFileListBase* const list = ListOf(chosen.kind);
+    if (!list || !list->IsValidIndex(chosen.file)) return false;
+    if (chosen.point < 0 || chosen.point >= list->GetPointCount(chosen.file)) return false;
+    const FeatureEditState before = list->editState;
+    list->SetEditCursor(chosen.file, chosen.point);
+    if (list->editState != before) list->Save();
     for (const auto& pane : panes) {
         auto* const files = dynamic_cast<CFeaturePane*>(pane.get());
-        if (!files || FindFeatureKindOfPane(pane->GetDlgCtrlID()) != kind) continue;
+        if (!files || KindOfPane(pane->GetDlgCtrlID()) != chosen.kind) continue;
         if (files->GetCombo().GetCurSel() != chosen.file) user::Select(files->GetCombo(), chosen.file);
         files->GetTable().SetSelection(chosen.point);
     }
-    shownPoint = kind->point(features, chosen.file, chosen.point);
+    shownPoint = KindOf(chosen.kind).point(record, chosen.file, chosen.point);
     if (observer) observer->OnPointShown(*shownPoint);
     return true;
 }
@@ -106,9 +115,9 @@ LRESULT Job::OnMessage(const MSG& message) {
         clearanceStale = true;
         if (observer) observer->OnClearanceStale();
     } else if (message.message == UM_FEATURE_UPDATE) {
-        OnFeatureUpdate(static_cast<FEATURE_TYPES>(message.wParam));
+        OnFeatureUpdate(KindOfMessage(message));
     } else if (message.message == UM_SET_FOCUS_FEATURE) {
-        if (observer) observer->OnFocusFeature(static_cast<FEATURE_TYPES>(message.wParam));
+        if (observer) observer->OnFocusFeature(KindOfMessage(message));
     } else if (message.message == UM_UPDATE_DTM) {
         if (observer) observer->OnDrawingChanged();
     } else {
@@ -126,7 +135,9 @@ void Job::OnRedraw(WPARAM point) {
     }
     KeepFlags();
     DropPointOfRemovedFile();
-    for (const FeatureKind& kind : FeatureKinds()) kind.list(features).changed = false;
+    for (const JobKind& kind : JobKinds()) {
+        if (CFileListBase* const list = kind.list(record)) list->changed = false;
+    }
     if (observer) observer->OnDrawingChanged();
 }
 
@@ -138,17 +149,17 @@ void Job::DropPointOfRemovedFile() {
 
 int Job::CountFiles() {
     int files = 0;
-    for (const FeatureKind& kind : FeatureKinds()) files += kind.list(features).GetCount();
+    for (const JobKind& kind : JobKinds()) files += kind.fileCount(record);
     return files;
 }
 
 void Job::KeepFlags() {
     FlagsByPath now;
-    for (const FeatureKind& kind : FeatureKinds()) {
-        for (int i = 0; i < kind.list(features).GetCount(); ++i) {
-            const CFeatureCommon* const common = kind.common(features, i);
-            if (!common) continue;
-            const FlagsByPath::key_type key(kind.type, common->GetPath());
+    for (const JobKind& kind : JobKinds()) {
+        for (int i = 0; i < kind.fileCount(record); ++i) {
+            const CFeatureCommon* const common = kind.common(record, i);
+            if (!common) break;
+            const FlagsByPath::key_type key(kind.id, common->GetPath());
             const Flags read{common->Status, common->Highlight};
             const auto before = flags.find(key);
             if (before != flags.end() && before->second != read) common->SaveCommon();

@@ -7,8 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "features/job_features.h"
-#include "host/feature_kinds.h"
+#include "job/kinds.h"
 #include "panes/feature_pane.h"
 #include "panes/pane_registry.h"
 #include "platform/window.h"
@@ -17,7 +16,7 @@ namespace quillon {
 
 /// A point of a job: the file of a kind, and the point in it.
 struct JobPoint {
-    FEATURE_TYPES type = FEATURE_TYPES::NONE;
+    KIND kind = KIND::NONE;
     int file = -1;
     int point = -1;
     friend bool operator==(const JobPoint&, const JobPoint&) = default;
@@ -34,9 +33,9 @@ public:
     /// What the cable clearance was computed from has changed.
     virtual void OnClearanceStale() = 0;
     /// Features of this kind came or went: listings of it are out of date.
-    virtual void OnFeatureUpdate(FEATURE_TYPES type) = 0;
+    virtual void OnFeatureUpdate(KIND kind) = 0;
     /// The pane of this kind asks to be brought to the front.
-    virtual void OnFocusFeature(FEATURE_TYPES type) = 0;
+    virtual void OnFocusFeature(KIND kind) = 0;
 };
 
 /// The host of a job: it owns the features and the panes over them, and is the window that the panes' messages reach.
@@ -52,11 +51,11 @@ public:
     /// cursor names. Once, before anything else.
     void Open();
 
-    JobFeatures& Features() { return features; }
+    JobRecord& Record() { return record; }
     /// In the order of the registry; a pane that couldn't be created is missing.
     const std::vector<std::unique_ptr<CMyDockablePane>>& Panes() const { return panes; }
     /// The pane in which a kind is shown; null if there is none.
-    CFeaturePane* PaneOf(FEATURE_TYPES type) const;
+    CMyDockablePane* PaneOf(KIND kind) const;
     /// Of two panes over one list, each shows what the other has changed once it is brought up to date: when it comes
     /// into sight.
     void BringUpToDate(CMyDockablePane& pane);
@@ -83,17 +82,19 @@ private:
         bool highlight;
         friend bool operator==(const Flags&, const Flags&) = default;
     };
-    using FlagsByPath = std::map<std::pair<FEATURE_TYPES, std::string>, Flags>;
+    using FlagsByPath = std::map<std::pair<KIND, std::string>, Flags>;
 
     void OpenPanes();
-    void OnFeatureUpdate(FEATURE_TYPES type);
+    /// Null for NONE and for a kind that is in no list.
+    CFileListBase* ListOf(KIND kind);
+    void OnFeatureUpdate(KIND kind);
     void OnRedraw(WPARAM point);
     void DropPointOfRemovedFile();
     /// Writes the flags of the features in which they differ from the last time.
     void KeepFlags();
     int CountFiles();
 
-    JobFeatures features;
+    JobRecord record;
     std::vector<std::unique_ptr<CMyDockablePane>> panes;
     JobObserver* observer = nullptr;
     std::optional<tagXY> shownPoint;

@@ -29,8 +29,8 @@ ChartScene SceneBuilder::Build() {
     before = std::exchange(kept, {});
     for (const SceneKind& kind : SceneKinds()) {
         layer = &scene.layers.emplace_back();
-        layer->id = kind.layer;
-        layer->priority = kind.labelPriority;
+        layer->id = static_cast<std::uint64_t>(kind.kind);
+        layer->priority = static_cast<int>(scene.layers.size());
         kind.add(*this);
     }
     layer = nullptr;
@@ -119,23 +119,22 @@ void SceneBuilder::Add(int file, ChartItem item, int pointsPerRecord) {
 
 JobPoint SceneBuilder::PointOf(const ChartHit& hit) const {
     const auto records = recordOf.find(hit.layer);
-    const FeatureKind* const kind = FindFeatureKind(static_cast<FEATURE_TYPES>(hit.layer));
-    if (!kind || records == recordOf.end() || hit.item >= records->second.size()) return {};
+    if (records == recordOf.end() || hit.item >= records->second.size()) return {};
     const Shown& shown = records->second[hit.item];
-    const CFileListBase& list = kind->list(features);
-    if (!list.IsValidIndex(shown.file)) return {};
-    if (hit.kind == HIT_KIND::AREA) return {kind->type, shown.file, -1};
-    const int count = list.GetPointCount(shown.file);
-    const JobPoint first{kind->type, shown.file, static_cast<int>(hit.hit.point) / shown.pointsPerRecord};
+    const JobKind& kind = KindOf(static_cast<KIND>(hit.layer));
+    if (shown.file < 0 || shown.file >= kind.fileCount(record)) return {};
+    if (hit.kind == HIT_KIND::AREA) return {kind.id, shown.file, -1};
+    const int count = kind.pointCount(record, shown.file);
+    const JobPoint first{kind.id, shown.file, static_cast<int>(hit.hit.point) / shown.pointsPerRecord};
     if (first.point >= count) return {};
     if (hit.kind != HIT_KIND::SEGMENT || shown.pointsPerRecord > 1) return first;
     const auto distance = [&](int point) {
-        const tagXY at = kind->point(features, first.file, point);
+        const tagXY at = kind.point(record, first.file, point);
         return std::hypot(at.x - hit.hit.at.x, at.y - hit.hit.at.y);
     };
     // Behind the last point a segment leads back to the first, where the path is closed.
     const int next = first.point + 1 < count ? first.point + 1 : 0;
-    return distance(next) < distance(first.point) ? JobPoint{first.type, first.file, next} : first;
+    return distance(next) < distance(first.point) ? JobPoint{first.kind, first.file, next} : first;
 }
 
 std::uint64_t MixedStamp(std::uint64_t stamp, double setting) {

@@ -23,7 +23,7 @@ namespace quillon {
 /// Then the maker says so, and the next `Build` has it.
 class SceneBuilder {
 public:
-    explicit SceneBuilder(JobFeatures& job, ItemMaker* background = nullptr) : features(job), maker(background) {}
+    explicit SceneBuilder(JobRecord& job, ItemMaker* background = nullptr) : record(job), maker(background) {}
 
     /// The features as they stand.
     ChartScene Build();
@@ -37,7 +37,7 @@ public:
 
     // For the functions of the kinds, while a scene is built. Names are unique within a layer.
 
-    const JobFeatures& Features() const { return features; }
+    const JobRecord& Record() const { return record; }
     /// What `make` gives, made anew only when the stamp is another.
     template <class T>
     std::shared_ptr<const T> Keep(const std::string& name, std::uint64_t stamp,
@@ -80,7 +80,7 @@ private:
     void TakeReady();
     void DropUnused();
 
-    JobFeatures& features;
+    JobRecord& record;
     ItemMaker* maker;
     ChartLayer* layer = nullptr;
     KeptByName kept;                                       // of this scene

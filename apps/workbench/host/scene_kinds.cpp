@@ -26,8 +26,6 @@ constexpr COLORREF kAreaInk = RGB(48, 48, 48);
 constexpr COLORREF kSymbolOutline = RGB(0, 0, 0);
 /// Range rings of one waypoint: as many as the pane offers.
 constexpr int kMostRings = 25;
-/// The layer of the one active pipe route: it is in no list, so no point of it can be chosen.
-constexpr std::uint64_t kPipeRouteLayer = 100;
 
 enum LABEL_MODE { LABEL_NONE, LABEL_NAME, LABEL_COORDINATES, LABEL_NAME_COORDINATES, LABEL_DESCRIPTION };
 enum LABEL_SIDE { SIDE_NONE, SIDE_TOP, SIDE_BOTTOM, SIDE_LEFT, SIDE_RIGHT, SIDE_CENTRE };
@@ -150,7 +148,7 @@ void AddAreaLabel(SceneBuilder& scene, const CBoundary& boundary, const PathPtr&
 
 /// Areas and lines as they were drawn, without symbols: a ring of many points would vanish under them.
 void AddBoundaries(SceneBuilder& scene) {
-    const CBoundaryList& list = scene.Features().boundaries;
+    const CBoundaryList& list = scene.Record().boundaries;
     for (int i = 0; i < list.GetCount(); ++i) {
         const CBoundary& boundary = list[i];
         if (!boundary.Status || boundary.IsStub() || boundary.IsEmpty()) continue;
@@ -207,12 +205,13 @@ void AddPipeline(SceneBuilder& scene, const CPipeline& pipeline, int file) {
 }
 
 void AddPipelines(SceneBuilder& scene) {
-    const CPipelineList& list = scene.Features().pipelines;
+    const CPipelineList& list = scene.Record().pipelines;
     for (int i = 0; i < list.GetCount(); ++i) AddPipeline(scene, list[i], i);
 }
 
+/// It is in no list, so no point of it can be chosen.
 void AddPipeRoute(SceneBuilder& scene) {
-    AddPipeline(scene, scene.Features().pipeRoute, -1);
+    AddPipeline(scene, scene.Record().pipeRoute, -1);
 }
 
 // ---- Routes ----
@@ -238,7 +237,7 @@ ChartTextOf LegTexts(const PathPtr& path) {
 }
 
 void AddRoutes(SceneBuilder& scene) {
-    const CRouteList& list = scene.Features().routes;
+    const CRouteList& list = scene.Record().routes;
     for (int i = 0; i < list.GetCount(); ++i) {
         const CRoute& route = list[i];
         if (!route.Status || route.IsStub() || route.IsEmpty()) continue;
@@ -268,7 +267,7 @@ std::string RunNumber(std::size_t point) {
 
 /// Each run is a part of its own, from its start to its end.
 void AddSailLines(SceneBuilder& scene) {
-    const CSailLineList& list = scene.Features().sailLines;
+    const CSailLineList& list = scene.Record().sailLines;
     for (int i = 0; i < list.GetCount(); ++i) {
         const CSailLine& lines = list[i];
         if (!lines.Status || lines.IsStub() || lines.IsEmpty()) continue;
@@ -323,7 +322,7 @@ void AddRings(SceneBuilder& scene, const CGridWaypoint& waypoints, const PathPtr
 }
 
 void AddWaypoints(SceneBuilder& scene) {
-    const CGridWaypointList& list = scene.Features().waypoints;
+    const CGridWaypointList& list = scene.Record().waypoints;
     for (int i = 0; i < list.GetCount(); ++i) {
         const CGridWaypoint& waypoints = list[i];
         if (!waypoints.display || waypoints.IsEmpty()) continue;
@@ -344,18 +343,15 @@ void AddWaypoints(SceneBuilder& scene) {
     }
 }
 
-constexpr std::uint64_t LayerOf(FEATURE_TYPES type) {
-    return static_cast<std::uint64_t>(type);
-}
-
-constexpr std::array kKinds = {
-    SceneKind{LayerOf(FEATURE_TYPES::BOUNDARY), 1, AddBoundaries},
-    SceneKind{LayerOf(FEATURE_TYPES::PIPELINE), 2, AddPipelines},
-    SceneKind{kPipeRouteLayer, 3, AddPipeRoute},
-    SceneKind{LayerOf(FEATURE_TYPES::SAIL_LINE), 4, AddSailLines},
-    SceneKind{LayerOf(FEATURE_TYPES::ROUTE), 5, AddRoutes},
-    SceneKind{LayerOf(FEATURE_TYPES::WAYPOINT), 6, AddWaypoints},
-};
+constexpr std::array<SceneKind, kKindCount> kKinds = {{
+    {KIND::BOUNDARY, AddBoundaries},
+    {KIND::PIPELINE, AddPipelines},
+    {KIND::PIPE_ROUTE, AddPipeRoute},
+    {KIND::SAIL_LINE, AddSailLines},
+    {KIND::ROUTE, AddRoutes},
+    {KIND::WAYPOINT, AddWaypoints},
+}};
+static_assert(HasEveryKind(kKinds), "every kind is drawn");
 
 }  // namespace
 

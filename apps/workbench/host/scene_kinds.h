@@ -1,20 +1,20 @@
 #pragma once
 
-#include <cstdint>
 #include <span>
+
+#include "job/kinds.h"
 
 namespace quillon {
 
 class SceneBuilder;
 
-/// How one kind gets into the scene: the layer that it is drawn in, and the function that adds its features there.
+/// How one kind gets into the scene: the function that adds its files to the layer of the kind.
 struct SceneKind {
-    std::uint64_t layer;  ///< the number of the kind, for kinds whose points can be chosen on the chart
-    int labelPriority;    ///< where there is no room for all labels, the higher stay
+    KIND kind;
     void (*add)(SceneBuilder& scene);
 };
 
-/// From the lowest layer to the topmost.
+/// From the lowest layer to the topmost. Where there is no room for all labels, those of the higher layer stay.
 std::span<const SceneKind> SceneKinds();
 
 }  // namespace quillon

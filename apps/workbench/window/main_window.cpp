@@ -16,6 +16,7 @@
 #include "chart/chart_picture.h"
 #include "chart/chart_symbols.h"
 #include "chart/chart_widget.h"
+#include "platform/user_actions.h"
 #include "toolkit/text_edge.h"
 #include "window/icons.h"
 #include "window/keyboard_help.h"
@@ -43,7 +44,7 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
           QMetaObject::invokeMethod(
               this, [this] { OnDrawingChanged(); }, Qt::QueuedConnection);
       }),
-      scenes(shownJob.Features(), &itemMaker),
+      scenes(shownJob.Record(), &itemMaker),
       factory(DrawChartSymbol),
       chart(new ChartWidget(this)),
       docks(*this, shownJob, factory),
@@ -89,7 +90,7 @@ void MainWindow::ConnectChart() {
     chart->onClick = [this](tagXY, const std::optional<ChartHit>& hit) {
         if (!hit) return;
         const JobPoint point = scenes.PointOf(*hit);
-        if (job.SelectPoint(point)) docks.Raise(point.type);
+        if (job.SelectPoint(point)) docks.Raise(point.kind);
     };
 }
 
@@ -137,12 +138,12 @@ void MainWindow::OnClearanceStale() {
     status.ShowMessage("Cable clearance data are out of date");
 }
 
-void MainWindow::OnFeatureUpdate(FEATURE_TYPES) {
+void MainWindow::OnFeatureUpdate(KIND) {
     OnDrawingChanged();
 }
 
-void MainWindow::OnFocusFeature(FEATURE_TYPES type) {
-    if (QDockWidget* const dock = docks.DockOf(type)) docks.BringToFront(*dock);
+void MainWindow::OnFocusFeature(KIND kind) {
+    if (QDockWidget* const dock = docks.DockOf(kind)) docks.BringToFront(*dock);
 }
 
 // ---- Actions ----
@@ -167,11 +168,13 @@ void MainWindow::MakeActions() {
 void MainWindow::MakeFileMenu() {
     QMenu& menu = *menuBar()->addMenu("&File");
     QMenu& add = *menu.addMenu(MakeIcon(ICON::ADD), "&Add");
-    for (const FeatureKind& kind : FeatureKinds()) {
+    for (const JobKind& kind : JobKinds()) {
+        CPropertyPane* const pane = job.PaneOf(kind.id);
+        if (!pane || !pane->GetFileButton()) continue;
         const QString name = ToQString(kind.name);
         const QKeySequence key = addFirstAction ? QKeySequence() : QKeySequence("Ctrl+O");
         QAction* const action = MakeAction(name + " Files...", key, "Add " + name.toLower() + " files to the job");
-        connect(action, &QAction::triggered, this, [this, type = kind.type] { AddFiles(type); });
+        connect(action, &QAction::triggered, this, [this, id = kind.id] { AddFiles(id); });
         add.addAction(action);
         if (!addFirstAction) addFirstAction = action;
     }
@@ -271,11 +274,9 @@ void MainWindow::MakeToolBar() {
     addToolBar(bar);
 }
 
-void MainWindow::AddFiles(FEATURE_TYPES type) {
-    CFeaturePane* const pane = job.PaneOf(type);
-    if (!pane) return;
-    docks.BringToFront(*docks.DockOf(type));
-    pane->OnAdd();
+void MainWindow::AddFiles(KIND kind) {
+    docks.BringToFront(*docks.DockOf(kind));
+    user::Press(*job.PaneOf(kind)->GetFileButton());
 }
 
 void MainWindow::ExportPicture() {

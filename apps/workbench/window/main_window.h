@@ -47,8 +47,8 @@ private:
     void OnDrawingChanged() override;
     void OnPointShown(tagXY point) override;
     void OnClearanceStale() override;
-    void OnFeatureUpdate(FEATURE_TYPES type) override;
-    void OnFocusFeature(FEATURE_TYPES type) override;
+    void OnFeatureUpdate(KIND kind) override;
+    void OnFocusFeature(KIND kind) override;
 
     void ConnectChart();
     void MakeActions();
@@ -64,7 +64,7 @@ private:
     void ZoomToAll();
     /// The chart shows another part of the grid, or has another size.
     void FollowView();
-    void AddFiles(FEATURE_TYPES type);
+    void AddFiles(KIND kind);
     void ExportPicture();
     void SetFullScreen(bool full);
     void NextArea();

@@ -80,8 +80,8 @@ void PaneDocks::Reset() {
     if (!docks.empty()) window.resizeDocks({docks.front()}, {kFirstPaneWidth}, Qt::Horizontal);
 }
 
-QDockWidget* PaneDocks::DockOf(FEATURE_TYPES type) const {
-    const CFeaturePane* const pane = job.PaneOf(type);
+QDockWidget* PaneDocks::DockOf(KIND kind) const {
+    const CPropertyPane* const pane = job.PaneOf(kind);
     for (std::size_t i = 0; i < docks.size(); ++i) {
         if (job.Panes()[i].get() == pane) return docks[i];
     }
@@ -95,8 +95,8 @@ void PaneDocks::BringToFront(QDockWidget& dock) {
     dock.widget()->setFocus(Qt::ShortcutFocusReason);
 }
 
-void PaneDocks::Raise(FEATURE_TYPES type) {
-    QDockWidget* const dock = DockOf(type);
+void PaneDocks::Raise(KIND kind) {
+    QDockWidget* const dock = DockOf(kind);
     if (dock && IsShown(*dock)) dock->raise();
 }
 

@@ -26,11 +26,11 @@ public:
     void Reset();
 
     const std::vector<QDockWidget*>& Docks() const { return docks; }
-    QDockWidget* DockOf(FEATURE_TYPES type) const;
+    QDockWidget* DockOf(KIND kind) const;
     /// Shown, in front of its neighbours, with the keyboard in it.
     void BringToFront(QDockWidget& dock);
     /// In front of its neighbours, if it is shown at all.
-    void Raise(FEATURE_TYPES type);
+    void Raise(KIND kind);
 
     /// Whether the dock wasn't put away; one behind another counts as shown.
     static bool IsShown(const QDockWidget& dock) { return !dock.isHidden(); }

@@ -1,4 +1,4 @@
-#include "features/job_features.h"
+#include "job/job_record.h"
 
 #include <gtest/gtest.h>
 
@@ -16,9 +16,9 @@ struct CommitCounter : CommitObserver {
     std::vector<std::string> paths;
 };
 
-class JobFeaturesTest : public testing::Test {
+class JobRecordTest : public testing::Test {
 protected:
-    JobFeaturesTest() {
+    JobRecordTest() {
         drives.MakeFolder("C:\\MyData");
         drives.MakeFolder("C:\\MySettings");
         for (const char* stem : {"A", "B"}) {
@@ -27,7 +27,7 @@ protected:
         drives.AddDrive('d');
         drives.Write("D:\\Job\\Away.csv", "1,2,3,4\n5,6,7,8\n");
     }
-    std::vector<CFileListBase*> Lists(JobFeatures& job) {
+    std::vector<CFileListBase*> Lists(JobRecord& job) {
         return {&job.boundaries, &job.waypoints, &job.pipelines, &job.routes, &job.sailLines};
     }
 
@@ -35,9 +35,9 @@ protected:
 };
 
 // A start with a drive that isn't there, then one with it: every list is as it was, and the files on the disk too.
-TEST_F(JobFeaturesTest, MissingFilesKeepTheirPlace) {
+TEST_F(JobRecordTest, MissingFilesKeepTheirPlace) {
     const std::vector<std::string> paths = {"C:\\Job\\A.csv", "D:\\Job\\Away.csv", "C:\\Job\\B.csv"};
-    JobFeatures first(drives);
+    JobRecord first(drives);
     for (CFileListBase* list : Lists(first)) {
         for (const std::string& path : paths) EXPECT_TRUE(list->Add(path));
         list->SetEditCursor(2, 1);
@@ -53,7 +53,7 @@ TEST_F(JobFeaturesTest, MissingFilesKeepTheirPlace) {
     drives.Files().SetCommitObserver(&commits);
     for (const bool there : {false, true}) {
         if (there) std::filesystem::rename(hidden, away);
-        JobFeatures job(drives);
+        JobRecord job(drives);
         job.Load();
         for (CFileListBase* list : Lists(job)) {
             SCOPED_TRACE(list->GetSettingsName());
@@ -73,14 +73,14 @@ TEST_F(JobFeaturesTest, MissingFilesKeepTheirPlace) {
 }
 
 /// Every kind notices what another program does to its file, and reads it again in its place.
-TEST_F(JobFeaturesTest, FollowsTheFilesOnTheDisk) {
+TEST_F(JobRecordTest, FollowsTheFilesOnTheDisk) {
     using Changes = std::vector<CFileListBase::Changed>;
     const std::string path = "D:\\Job\\Away.csv";
     const std::string fresh = "1,2,3,4\n5,6,7,8\n9,10,11,12\n";
-    JobFeatures first(drives);
+    JobRecord first(drives);
     for (CFileListBase* list : Lists(first)) list->Add(path);
     std::filesystem::remove(drives.Files().Native(path));
-    JobFeatures job(drives);
+    JobRecord job(drives);
     job.Load();
     for (CFileListBase* list : Lists(job)) {
         SCOPED_TRACE(list->GetSettingsName());
@@ -95,9 +95,8 @@ TEST_F(JobFeaturesTest, FollowsTheFilesOnTheDisk) {
 
         drives.Write(path, fresh);
         EXPECT_EQ(list->ChangedOnDisk(), (Changes{{0, DISK_CHANGE::RENEWED}}));
-        ReadReport report;
-        EXPECT_TRUE(list->ReadAgain(0, &report));
-        EXPECT_EQ(report.taken, 3u);
+        EXPECT_TRUE(list->ReadAgain(0));
+        EXPECT_EQ(list->GetSource(0)->GetReport().taken, 3u);
         EXPECT_EQ(list->GetPointCount(0), 3);
         EXPECT_EQ(list->ChangedOnDisk(), Changes());
         list->SetEditCursor(0, 2);
@@ -126,10 +125,10 @@ TEST_F(JobFeaturesTest, FollowsTheFilesOnTheDisk) {
     EXPECT_EQ(job.sailLines[0].symbol, 6);
 }
 
-TEST_F(JobFeaturesTest, ClearsWhatKilledWritersLeft) {
+TEST_F(JobRecordTest, ClearsWhatKilledWritersLeft) {
     const std::vector<std::string> leftovers = {"C:\\MySettings\\Host\\Pipelines.FLS.new~",
                                                 "C:\\MyData\\Routes\\A.DRW.new~", "C:\\Job\\A.INI.new~"};
-    JobFeatures job(drives);
+    JobRecord job(drives);
     job.routes.Add("C:\\Job\\A.csv");
     for (const std::string& path : leftovers) drives.Write(path, "half");
     EXPECT_EQ(job.ClearLeftovers(), leftovers.size());
@@ -137,13 +136,13 @@ TEST_F(JobFeaturesTest, ClearsWhatKilledWritersLeft) {
     EXPECT_TRUE(drives.Exists("C:\\Job\\A.csv"));
 }
 
-TEST_F(JobFeaturesTest, StandsUpToDamagedListFiles) {
+TEST_F(JobRecordTest, StandsUpToDamagedListFiles) {
     for (const char* list :
          {"", "[Boundary]", "\n\n", "[Boundary]\r\n\r\n  \r\nC:\\Job\\A.csv\r\nc:\\job\\a.CSV\r\n"}) {
         drives.Write("C:\\MySettings\\Host\\Boundary_List.FLS", list);
         for (const char* indexes : {"", "x", "a = 9\r\nb = 9\r\n", "a = -7\r\nb = -7\r\n", "a = 0\r\nb = 99999\r\n"}) {
             drives.Write("C:\\MySettings\\Host\\Boundary_List.INI", indexes);
-            JobFeatures job(drives);
+            JobRecord job(drives);
             job.Load();
             const FeatureEditState& state = job.boundaries.editState;
             EXPECT_LE(job.boundaries.GetCount(), 1);

@@ -10,12 +10,13 @@
 
 namespace quillon {
 
-/// All the features of a job: what a host owns and hands to the panes. It outlives them.
-struct JobFeatures {
+/// Everything that a job holds: what a host owns and lends to the panes. It outlives them. What there is of each kind
+/// is asked through the table of kinds, kinds.h.
+struct JobRecord {
     /// The lists get their settings names; nothing is read.
-    explicit JobFeatures(FileSystem& files);
+    explicit JobRecord(FileSystem& files);
 
-    /// Reads the list files and every feature that they name, as a host does at its start.
+    /// Reads the list files and all that they name, as a host does at its start.
     void Load();
     /// Removes what killed writers left in the folders of the job's settings, its data and its files; the count
     /// removed. For the program that holds the drives folder, after Load.

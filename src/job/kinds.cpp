@@ -1,0 +1,139 @@
+#include "job/kinds.h"
+
+#include <algorithm>
+#include <type_traits>
+
+namespace quillon {
+namespace {
+
+// ---- What differs from kind to kind ----
+
+tagXY PositionOf(const tagXY& point) {
+    return point;
+}
+tagXY PositionOf(const GridWaypointDef& point) {
+    return {point.easting, point.northing};
+}
+tagXY PositionOf(const PipelineDef& point) {
+    return point.Position();
+}
+tagXY PositionOf(const RouteDef& point) {
+    return point.position;
+}
+tagXY PositionOf(const SailLineDef& line) {
+    return line.Middle();
+}
+
+bool IsShown(const CFeatureCommon& feature) {
+    return feature.Status;
+}
+bool IsShown(const CGridWaypoint& waypoints) {
+    return waypoints.display;
+}
+bool IsShown(const CPipeline& pipeline) {
+    return pipeline.use;
+}
+
+KindLook LookOf(const CBoundary& boundary) {
+    return {.line = boundary.pen, .filled = true};
+}
+KindLook LookOf(const CGridWaypoint& waypoints) {
+    return {.symbol = waypoints.symbol, .hasSymbol = true, .symbolColour = waypoints.colour};
+}
+KindLook LookOf(const CPipeline& pipeline) {
+    return {.line = pipeline.linePen};
+}
+/// Routes and sail lines.
+KindLook LookOf(const CDrawingOptions& options) {
+    return {.line = options.pen, .symbol = options.symbol, .hasSymbol = true, .symbolColour = options.pen.colour};
+}
+
+// ---- Where the files of a kind are ----
+
+/// The members of a file list.
+template <auto List>
+struct ListFiles {
+    static void Load(JobRecord& job) { LoadFileList(job.*List); }
+    static CFileListBase* ListOf(JobRecord& job) { return &(job.*List); }
+    static int Count(const JobRecord& job) { return (job.*List).GetCount(); }
+    static auto& At(auto& job, int file) { return (job.*List)[file]; }
+};
+
+/// The one active pipe route, which is in no list.
+struct PipeRouteFile {
+    static void Load(JobRecord& job) {
+        const std::string active = ReadActivePipeline(job.routes.GetFiles());
+        if (!active.empty()) job.pipeRoute.Load(active);
+    }
+    static CFileListBase* ListOf(JobRecord&) { return nullptr; }
+    static int Count(const JobRecord& job) { return job.pipeRoute.GetPath().empty() ? 0 : 1; }
+    static auto& At(auto& job, int file) {
+        if (file != 0 || Count(job) == 0) throw InvalidArgument("no pipe route");
+        return job.pipeRoute;
+    }
+};
+
+template <class Files>
+CFeatureCommon* CommonOf(JobRecord& job, int file) {
+    auto& member = Files::At(job, file);
+    if constexpr (std::is_base_of_v<CFeatureCommon, std::remove_reference_t<decltype(member)>>) {
+        return &member;
+    } else {
+        return nullptr;
+    }
+}
+
+/// A row of the table. The functions are named here once; a kind gives the overloads above and says where its files
+/// are.
+template <class Files>
+constexpr JobKind MakeKind(KIND id, FEATURE_TYPES type, std::string_view name) {
+    using Record = const JobRecord&;
+    return {.id = id,
+            .type = type,
+            .name = name,
+            .load = Files::Load,
+            .list = Files::ListOf,
+            .fileCount = Files::Count,
+            .path = [](Record job, int file) -> const std::string& { return Files::At(job, file).GetPath(); },
+            .pointCount = [](Record job, int file) { return static_cast<int>(Files::At(job, file).GetSize()); },
+            .point = [](Record job, int file, int point) { return PositionOf(Files::At(job, file)[point]); },
+            .report = [](Record job, int file) -> const ReadReport& { return Files::At(job, file).GetReport(); },
+            .isDisplayed = [](Record job, int file) { return IsShown(Files::At(job, file)); },
+            .look = [](Record job, int file) { return LookOf(Files::At(job, file)); },
+            .common = CommonOf<Files>};
+}
+
+constexpr std::array<JobKind, kKindCount> kKinds = {
+    MakeKind<ListFiles<&JobRecord::boundaries>>(KIND::BOUNDARY, FEATURE_TYPES::BOUNDARY, "Boundary"),
+    MakeKind<ListFiles<&JobRecord::waypoints>>(KIND::WAYPOINT, FEATURE_TYPES::WAYPOINT, "Waypoint"),
+    MakeKind<ListFiles<&JobRecord::routes>>(KIND::ROUTE, FEATURE_TYPES::ROUTE, "Route"),
+    MakeKind<ListFiles<&JobRecord::sailLines>>(KIND::SAIL_LINE, FEATURE_TYPES::SAIL_LINE, "Sail Line"),
+    MakeKind<ListFiles<&JobRecord::pipelines>>(KIND::PIPELINE, FEATURE_TYPES::PIPELINE, "Pipeline"),
+    MakeKind<PipeRouteFile>(KIND::PIPE_ROUTE, FEATURE_TYPES::NONE, "Pipe Route"),
+};
+
+consteval bool StandInOrder() {
+    for (std::size_t i = 0; i < kKinds.size(); ++i) {
+        if (kKinds[i].id != static_cast<KIND>(i)) return false;
+    }
+    return true;
+}
+static_assert(StandInOrder(), "every kind has its row, at the place of its number");
+
+}  // namespace
+
+std::span<const JobKind, kKindCount> JobKinds() {
+    return kKinds;
+}
+
+const JobKind& KindOf(KIND kind) {
+    return kKinds[static_cast<std::size_t>(kind)];
+}
+
+const JobKind* FindKind(FEATURE_TYPES type) {
+    if (type == FEATURE_TYPES::NONE) return nullptr;
+    const auto found = std::find_if(kKinds.begin(), kKinds.end(), [type](const JobKind& k) { return k.type == type; });
+    return found == kKinds.end() ? nullptr : &*found;
+}
+
+}  // namespace quillon

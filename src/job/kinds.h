@@ -1,0 +1,72 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "foundation/read_report.h"
+#include "frame/messages.h"
+#include "job/job_record.h"
+
+namespace quillon {
+
+/// The kinds of things that a job holds, each read from files of its own; in the order of menus and tree.
+enum class KIND : std::uint8_t { BOUNDARY, WAYPOINT, ROUTE, SAIL_LINE, PIPELINE, PIPE_ROUTE, NONE };
+
+inline constexpr std::size_t kKindCount = static_cast<std::size_t>(KIND::NONE);
+
+/// How a file of a kind shows on the chart, as far as a small sample can tell.
+struct KindLook {
+    tagPen line = {};          ///< no line with a thickness of 0
+    bool filled = false;       ///< with the fill of the line's pen
+    VECTOR_SYMBOL symbol = 0;  ///< at its points
+    bool hasSymbol = false;
+    COLORREF symbolColour = 0;
+    friend bool operator==(const KindLook&, const KindLook&) = default;
+};
+
+/// What every floor above asks of a kind. Files are known by their number within the kind, from 0, and their points
+/// (waypoints, legs' ends, lines) by their number within the file; InvalidArgument for what isn't there.
+struct JobKind {
+    KIND id;
+    /// NONE for a kind that no message names.
+    FEATURE_TYPES type;
+    std::string_view name;  ///< "Sail Line"
+    void (*load)(JobRecord& job);
+    /// The list with the edit cursor. Null for a kind that is in no such list.
+    CFileListBase* (*list)(JobRecord& job);
+    int (*fileCount)(const JobRecord& job);
+    const std::string& (*path)(const JobRecord& job, int file);
+    int (*pointCount)(const JobRecord& job, int file);
+    tagXY (*point)(const JobRecord& job, int file, int point);
+    /// What the last reading made of the file.
+    const ReadReport& (*report)(const JobRecord& job, int file);
+    bool (*isDisplayed)(const JobRecord& job, int file);
+    KindLook (*look)(const JobRecord& job, int file);
+    /// The flags that lie beside the data file; null where the kind keeps none there.
+    CFeatureCommon* (*common)(JobRecord& job, int file);
+};
+
+/// Every kind, in the order of their numbers.
+std::span<const JobKind, kKindCount> JobKinds();
+
+/// `kind` isn't NONE.
+const JobKind& KindOf(KIND kind);
+/// Null for a type that no kind has.
+const JobKind* FindKind(FEATURE_TYPES type);
+
+/// For tables of higher floors, whose rows begin with `KIND kind`: whether each kind has a row.
+template <class Row, std::size_t Count>
+consteval bool HasEveryKind(const std::array<Row, Count>& rows) {
+    std::array<bool, kKindCount + 1> seen{};
+    for (const Row& row : rows) seen[static_cast<std::size_t>(row.kind)] = true;
+    for (std::size_t i = 0; i < kKindCount; ++i) {
+        if (!seen[i]) return false;
+    }
+    return true;
+}
+
+}  // namespace quillon
