@@ -6,9 +6,9 @@
 #include "features/boundary.h"
 #include "features/grid_waypoint.h"
 #include "features/pipeline.h"
-#include "foundation/read_report.h"
 #include "features/route.h"
 #include "features/sail_line.h"
+#include "foundation/read_report.h"
 #include "sheet.h"
 
 namespace quillon {

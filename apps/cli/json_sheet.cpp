@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstddef>
+#include <deque>
 #include <ostream>
 #include <utility>
 #include <vector>
@@ -13,59 +14,78 @@ namespace {
 /// Characters gathered before they go out.
 constexpr std::size_t kBlock = std::size_t{1} << 16;
 
+/// Fields go to the object that is open: the file's, or that of the innermost group or row.
 class JsonSheet : public Sheet {
 public:
-    explicit JsonSheet(std::ostream& stream) : out(stream) {}
+    explicit JsonSheet(std::ostream& stream) : out(stream), levels(1) {}
 
     using Sheet::Choice;
-    void Text(std::string_view key, std::string_view value) override { target->Text(key, value); }
-    void Int(std::string_view key, long long value) override { target->Int(key, value); }
-    void Bool(std::string_view key, bool value) override { target->Bool(key, value); }
+    void Text(std::string_view key, std::string_view value) override { Open().Text(key, value); }
+    void Int(std::string_view key, long long value) override { Open().Int(key, value); }
+    void Bool(std::string_view key, bool value) override { Open().Bool(key, value); }
     void Real(std::string_view key, double value, int, std::string_view unit) override {
         NoteUnit(key, unit);
-        target->Real(key, value);
+        Open().Real(key, value);
     }
     void Angle(std::string_view key, double radians) override { Real(key, radians, 0, "rad"); }
     void Pair(std::string_view key, tagXY position) override {
         NoteUnit(key, "m");
-        target->Pair(key, position);
+        Open().Pair(key, position);
     }
-    void Reals(std::string_view key, std::span<const double> values, int) override { target->Reals(key, values); }
-    void Texts(std::string_view key, std::span<const std::string> values) override { target->Texts(key, values); }
-    void Choice(std::string_view key, long long value, std::string_view) override { target->Int(key, value); }
-    void Colour(std::string_view key, COLORREF colour) override { target->Int(key, colour); }
+    void Reals(std::string_view key, std::span<const double> values, int, std::string_view unit) override {
+        NoteUnit(key, unit);
+        Open().Reals(key, values);
+    }
+    void Texts(std::string_view key, std::span<const std::string> values) override { Open().Texts(key, values); }
+    void Choice(std::string_view key, long long value, std::string_view) override { Open().Int(key, value); }
+    void Colour(std::string_view key, COLORREF colour) override { Open().Int(key, colour); }
 
+    bool IsNested() const override { return true; }
     void BeginGroup(std::string_view key) override {
-        groupKey = key;
-        group.Clear();
-        open = target = &group;
+        Push();
+        levels[depth].key = key;
     }
     void EndGroup() override {
-        open = target = &head;
-        head.Object(groupKey, group);
+        const Level& group = levels[depth--];
+        Open().Object(group.key, group.object);
     }
 
-    void BeginTable(std::string_view key, std::ptrdiff_t) override { open->BeginRecords(key); }
-    void BeginRow() override {
-        row.Clear();
-        target = &row;
-    }
+    void BeginTable(std::string_view key, std::ptrdiff_t) override { Open().BeginRecords(key); }
+    void BeginRow() override { Push(); }
     void EndRow() override {
-        open->AddRecord(row);
-        target = open;
-        if (head.Pending() >= kBlock) PutOut();
+        const Level& row = levels[depth--];
+        Open().AddRecord(row.object);
+        PutOutBlock();
     }
-    void EndTable() override { open->EndRecords(); }
+    void ListRow(std::span<const double> values, int) override {
+        Open().AddList(values);
+        PutOutBlock();
+    }
+    void EndTable() override { Open().EndRecords(); }
 
     void Finish() override {
-        group.Clear();
-        for (const auto& [key, unit] : units) group.Text(key, unit);
-        head.Object("units", group);
+        BeginGroup("units");
+        for (const auto& [key, unit] : units) Text(key, unit);
+        EndGroup();
         PutOut();
-        out << head.End() << '\n';
+        out << Open().End() << '\n';
     }
 
 private:
+    struct Level {
+        std::string key;  ///< of a group
+        JsonObject object;
+    };
+
+    JsonObject& Open() { return levels[depth].object; }
+    void Push() {
+        if (++depth == levels.size()) levels.emplace_back();
+        Open().Clear();
+    }
+    void PutOutBlock() {
+        if (depth == 0 && Open().Pending() >= kBlock) PutOut();
+    }
+
     /// Every row of a table has the units of the first, in the same order.
     void NoteUnit(std::string_view key, std::string_view unit) {
         if (unit.empty()) return;
@@ -84,17 +104,13 @@ private:
     }
     void PutOut() {
         block.clear();
-        head.TakeTo(block);
+        Open().TakeTo(block);
         out << block;
     }
 
     std::ostream& out;
-    JsonObject head;
-    JsonObject group;
-    JsonObject row;
-    JsonObject* open = &head;    ///< head or group: what a table goes into
-    JsonObject* target = &head;  ///< what a field goes into
-    std::string groupKey;
+    std::deque<Level> levels;  ///< a reference into it holds while it grows
+    std::size_t depth = 0;
     std::string block;
     std::vector<std::pair<std::string, std::string_view>> units;
     std::size_t nextUnit = 0;  ///< where the next key is looked for first

@@ -32,6 +32,15 @@ void AppendReal(std::string& text, double value) {
     }
 }
 
+void AppendList(std::string& text, std::span<const double> values) {
+    text += '[';
+    for (const double value : values) {
+        if (text.back() != '[') text += ", ";
+        AppendReal(text, value);
+    }
+    text += ']';
+}
+
 }  // namespace
 
 std::string ShortestText(double value) {
@@ -62,12 +71,7 @@ void JsonObject::Real(std::string_view key, double value) {
 }
 void JsonObject::Reals(std::string_view key, std::span<const double> values) {
     Key(key);
-    text += '[';
-    for (const double value : values) {
-        if (text.back() != '[') text += ", ";
-        AppendReal(text, value);
-    }
-    text += ']';
+    AppendList(text, values);
 }
 void JsonObject::Texts(std::string_view key, std::span<const std::string> values) {
     Key(key);
@@ -96,9 +100,16 @@ void JsonObject::BeginRecords(std::string_view key) {
     text += '[';
     firstRecord = true;
 }
-void JsonObject::AddRecord(const JsonObject& record) {
+void JsonObject::NextRecord() {
     text += firstRecord ? "\n" : ",\n";
     firstRecord = false;
+}
+void JsonObject::AddList(std::span<const double> values) {
+    NextRecord();
+    AppendList(text, values);
+}
+void JsonObject::AddRecord(const JsonObject& record) {
+    NextRecord();
     text += record.text;
     text += record.begun ? "}" : "{}";
 }

@@ -27,9 +27,10 @@ public:
     /// [easting, northing]
     void Pair(std::string_view key, tagXY position);
 
-    /// An array of records; nothing but AddRecord between the two.
+    /// An array of records or lists; nothing but AddRecord and AddList between the two.
     void BeginRecords(std::string_view key);
     void AddRecord(const JsonObject& record);
+    void AddList(std::span<const double> values);
     void EndRecords();
 
     std::string End() const { return begun ? text + "}" : "{}"; }
@@ -42,6 +43,7 @@ public:
 
 private:
     void Key(std::string_view key);
+    void NextRecord();
 
     std::string text;
     bool begun = false;

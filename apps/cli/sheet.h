@@ -37,7 +37,8 @@ public:
     virtual void Angle(std::string_view key, double radians) = 0;
     virtual void Pair(std::string_view key, tagXY position) = 0;
     /// Some values under one key.
-    virtual void Reals(std::string_view key, std::span<const double> values, int decimals) = 0;
+    virtual void Reals(std::string_view key, std::span<const double> values, int decimals,
+                       std::string_view unit = {}) = 0;
     virtual void Texts(std::string_view key, std::span<const std::string> values) = 0;
     /// A stored number with what it is called, if it has a name.
     virtual void Choice(std::string_view key, long long value, std::string_view name) = 0;
@@ -50,6 +51,8 @@ public:
     virtual void BeginTable(std::string_view key, std::ptrdiff_t rows) = 0;
     virtual void BeginRow() = 0;
     virtual void EndRow() = 0;
+    /// A row that is a list of numbers, with nothing else between BeginTable and EndTable.
+    virtual void ListRow(std::span<const double> values, int decimals) = 0;
     virtual void EndTable() = 0;
     virtual void Finish() = 0;
 

@@ -7,6 +7,7 @@
 #include <ostream>
 #include <string>
 
+#include "drawing_commands.h"
 #include "feature_sheets.h"
 #include "job/kinds.h"
 #include "number_option.h"
@@ -212,6 +213,7 @@ void AddShowCommands(CLI::App& app, CliContext& context) {
 
     for (const ShownKind& kind : kShownKinds) kind.add(show, context);
     AddShowShape(show, context);
+    AddDrawingKinds(show, context);
 }
 
 }  // namespace quillon

@@ -87,7 +87,7 @@ public:
         subKey.back() = 'N';
         Metres(subKey, position.y);
     }
-    void Reals(std::string_view key, std::span<const double> values, int decimals) override {
+    void Reals(std::string_view key, std::span<const double> values, int decimals, std::string_view) override {
         cell.clear();
         for (const double value : values) {
             if (!cell.empty()) cell += ", ";
@@ -114,6 +114,7 @@ public:
         Put(key);
     }
 
+    bool IsNested() const override { return false; }
     void BeginGroup(std::string_view key) override { group = std::string(key) + "_"; }
     void EndGroup() override { group.clear(); }
 
@@ -134,6 +135,17 @@ public:
         inRow = false;
         if (count == 1) block.append(heading).append("\n");
         block.append(row).append("\n");
+        if (block.size() >= kBlock) PutOut();
+    }
+    void ListRow(std::span<const double> values, int decimals) override {
+        ++count;
+        AppendRight(block, Format("%td", count), kCountWidth);
+        for (const double value : values) {
+            cell.clear();
+            AppendNumber(cell, value, decimals);
+            AppendRight(block, cell, kCellWidth);
+        }
+        block += '\n';
         if (block.size() >= kBlock) PutOut();
     }
     void EndTable() override {}

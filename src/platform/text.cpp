@@ -468,6 +468,15 @@ std::string Utf8FromText(std::string_view text) {
     return out;
 }
 
+void AppendCodePoint(std::string& text, char32_t codePoint) {
+    if (codePoint > 0x10FFFF || (codePoint >= 0xD800 && codePoint < 0xE000)) return;
+    if (const unsigned char byte = ByteOf(codePoint); byte != 0 || codePoint == 0) {
+        text += static_cast<char>(byte);
+    } else {
+        text += EscapeOf(codePoint);
+    }
+}
+
 std::string TextFromUtf8(std::string_view utf8) {
     std::string out;
     while (!utf8.empty()) {
@@ -478,10 +487,8 @@ std::string TextFromUtf8(std::string_view utf8) {
         } else if (c == kGuillemet && utf8.starts_with("U+")) {
             // A guillemet of the text's own, which must not be read as the head of an escape.
             out += EscapeOf(c);
-        } else if (const unsigned char byte = ByteOf(c); byte != 0 || c == 0) {
-            out += static_cast<char>(byte);
         } else {
-            out += EscapeOf(c);
+            AppendCodePoint(out, c);
         }
     }
     return out;

@@ -53,5 +53,7 @@ std::string Replace(std::string_view text, std::string_view from, std::string_vi
 /// UTF-8 are taken as Windows-1252 already.
 std::string Utf8FromText(std::string_view text);
 std::string TextFromUtf8(std::string_view utf8);
+/// The same of one code point; what is none (a half of a pair, a number too large) gives nothing.
+void AppendCodePoint(std::string& text, char32_t codePoint);
 
 }  // namespace quillon

@@ -1,0 +1,22 @@
+#include "background/kind_report.h"
+
+namespace quillon {
+
+void KindReport::PassOver(std::string_view reason, std::size_t line, std::size_t count) {
+    if (count > 0) kinds[PlaceOf(reason, line)].count += count;
+}
+
+std::size_t KindReport::CountOf(std::string_view reason) const {
+    const auto found = places.find(reason);
+    return found == places.end() ? 0 : kinds[found->second].count;
+}
+
+std::size_t KindReport::PlaceOf(std::string_view reason, std::size_t line) {
+    const auto found = places.find(reason);
+    if (found != places.end()) return found->second;
+    if (kinds.size() >= kMostKinds && reason != kOtherKinds) return PlaceOf(kOtherKinds, line);
+    kinds.push_back({std::string(reason), 0, line});
+    return places.emplace(reason, kinds.size() - 1).first->second;
+}
+
+}  // namespace quillon

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillon {
+
+/// What a reader of drawings made of a file: how many records it took, and what it passed over, by kind and count.
+/// Reading itself stays quiet; this is for who asks.
+class KindReport {
+public:
+    struct Kind {
+        std::string reason;
+        std::size_t count = 0;
+        std::size_t line = 0;  ///< of the first, from 1; 0 where a line says nothing
+    };
+    /// Kinds that are told apart; all further ones count as one, so that a report on any file stays short.
+    static constexpr std::size_t kMostKinds = 100;
+    static constexpr std::string_view kOtherKinds = "further kinds";
+
+    bool opened = false;
+    std::size_t taken = 0;
+
+    void PassOver(std::string_view reason, std::size_t line = 0, std::size_t count = 1);
+    /// In the order of their first appearance.
+    const std::vector<Kind>& GetKinds() const { return kinds; }
+    /// The count under this reason; 0 if there is none.
+    std::size_t CountOf(std::string_view reason) const;
+
+private:
+    std::size_t PlaceOf(std::string_view reason, std::size_t line);
+
+    std::vector<Kind> kinds;
+    std::map<std::string, std::size_t, std::less<>> places;
+};
+
+}  // namespace quillon
