@@ -16,6 +16,8 @@ std::string_view UnitOf(CELL cell) {
         case CELL::PLAIN_BEARING:
         case CELL::ANGLE:
             return "rad";
+        case CELL::DEGREES:
+            return "deg";
         case CELL::KP_KM:
             return "km";
         case CELL::KM_PER_METRE:
@@ -44,6 +46,8 @@ std::string CellText(CELL cell, double number) {
             return Format("%.1lf\xB0", number * kDegreesPerRadian);
         case CELL::PLAIN_BEARING:
             return Format("%.1lf", number * kDegreesPerRadian);
+        case CELL::DEGREES:
+            return Format("%.1lf", number);
         case CELL::ANGLE:
             return Format("%.4lf", number * kDegreesPerRadian);
         case CELL::KP_KM:

@@ -18,6 +18,8 @@ std::string_view ReasonText(PASSED_OVER reason) {
             return "unknown data order";
         case PASSED_OVER::NOT_THREE_NUMBERS:
             return "not three numbers";
+        case PASSED_OVER::CUT_BLOCK:
+            return "no whole block";
         case PASSED_OVER::OUT_OF_RANGE:
             return "a number out of range";
     }

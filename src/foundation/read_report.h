@@ -16,6 +16,7 @@ enum class PASSED_OVER {
     REPEATED_POSITION,  ///< the position of the point before it
     UNKNOWN_ORDER,      ///< the data order names no fields
     NOT_THREE_NUMBERS,  ///< of easting, northing and depth one is missing
+    CUT_BLOCK,          ///< a block of lines that the file ends in, or that something else stands in
     OUT_OF_RANGE        ///< a number that is no position or depth on this earth
 };
 

@@ -31,8 +31,8 @@ enum TRACK_TYPE : std::int32_t {
     TRACK_BEACON
 };
 inline constexpr std::array<std::string_view, 10> kTrackTypeNames = {
-    "Common Reference Point", "Antenna",    "Offset",       "Leg",       "Crane",
-    "Transducer",             "Ref System", "Clump Weight", "Reflector", "Beacon"};
+    "Common Reference Point", "Antenna",   "Offset", "Leg", "Crane", "Transducer", "Ref System",
+    "Clump Weight",           "Reflector", "Beacon"};
 
 /// What the settings file of a vessel or template holds in plain lines ahead of its sections. Metres, degrees.
 struct OutlineSettings {

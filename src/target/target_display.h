@@ -27,8 +27,8 @@ struct TargetDisplay {
     COLORREF textColour = RGB(0, 128, 128);
     COLORREF cardinalColour = RGB(255, 128, 0);
     COLORREF zoneColour = RGB(255, 0, 0);
-    double boxX = 10.0;  ///< half the width of the box, metres
-    double boxY = 10.0;  ///< half its length
+    double boxX = 10.0;          ///< half the width of the box, metres
+    double boxY = 10.0;          ///< half its length
     std::array<tagXY, 4> box{};  ///< its corners on the grid; worked out, not stored
 
     friend bool operator==(const TargetDisplay&, const TargetDisplay&) = default;

@@ -34,7 +34,7 @@ public:
     double sinOrientation = 0.0;
     double cosOrientation = 1.0;
     CEllipsoid ellipsoid;
-    double metresPerLatitude = 0.0;   ///< metres per radian at the centre
+    double metresPerLatitude = 0.0;  ///< metres per radian at the centre
     double metresPerLongitude = 0.0;
     double minutesPerMetre = 0.0;  ///< arc minutes of latitude
 

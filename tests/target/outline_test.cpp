@@ -140,8 +140,11 @@ TEST_F(OutlineTest, AlignmentsAndZones) {
     struct Row {
         double trueAlignment, convergence, tolerance, grid, start, stop;
     };
-    for (const Row& row : {Row{0, 2, 20, 358, 338, 18}, {10, 0, 20, 10, 350, 30}, {350, 0, 20, 350, 330, 10},
-                           {360, 0, 0, 360, 360, 360}, {90, -1.5, 5, 91.5, 86.5, 96.5}}) {
+    for (const Row& row : {Row{0, 2, 20, 358, 338, 18},
+                           {10, 0, 20, 10, 350, 30},
+                           {350, 0, 20, 350, 330, 10},
+                           {360, 0, 0, 360, 360, 360},
+                           {90, -1.5, 5, 91.5, 86.5, 96.5}}) {
         CBarge barge(drives.Files());
         barge.trueAlignment = row.trueAlignment;
         barge.convergence = row.convergence;

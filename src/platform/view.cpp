@@ -1,0 +1,7 @@
+#include "platform/view.h"
+
+namespace quillon {
+
+void CView::OnLButtonDown(tagPOINT) {}
+
+}  // namespace quillon
