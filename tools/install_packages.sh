@@ -5,7 +5,8 @@
 #   tools/install_packages.sh [run|test|tidy]     what for: the workbench alone, all tests as well, or reading the sources
 set -euo pipefail
 
-packages=(cmake ninja-build g++ pkg-config qt6-base-dev libgl-dev libcli11-dev fonts-dejavu-core libcrypt-dev libshp-dev)
+packages=(cmake ninja-build g++ pkg-config qt6-base-dev libgl-dev libcli11-dev fonts-dejavu-core libcrypt-dev libshp-dev
+          unixodbc-dev libxlsxwriter-dev)
 if [ "${1:-test}" != run ]; then
   packages+=(git python3 libgtest-dev libgmock-dev locales clang libclang-rt-14-dev clang-format qt6-qpa-plugins)
 fi
