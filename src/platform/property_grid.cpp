@@ -77,6 +77,11 @@ void CMFCPropertyGridProperty::AddOption(std::string_view option) {
     options.emplace_back(option);
 }
 
+void CMFCPropertyGridProperty::RemoveAllOptions() {
+    options.clear();
+    Redraw();
+}
+
 const std::string& CMFCPropertyGridProperty::GetOption(int index) const {
     if (index < 0 || index >= GetOptionCount()) throw InvalidArgument("option index out of range");
     return options[static_cast<std::size_t>(index)];

@@ -101,6 +101,7 @@ public:
     virtual void OnEdited(RowValue value);
 
     void AddOption(std::string_view option);
+    void RemoveAllOptions();
     const std::string& GetOption(int index) const;
     int GetOptionCount() const { return static_cast<int>(options.size()); }
 
