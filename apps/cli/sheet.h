@@ -44,6 +44,9 @@ public:
     virtual void Choice(std::string_view key, long long value, std::string_view name) = 0;
     virtual void Colour(std::string_view key, COLORREF colour) = 0;
 
+    /// Whether lists in rows, groups in groups and rows with fields of their own can be told: not to people, whose
+    /// tables have one heading.
+    virtual bool IsNested() const = 0;
     /// A group may hold a small table.
     virtual void BeginGroup(std::string_view key) = 0;
     virtual void EndGroup() = 0;

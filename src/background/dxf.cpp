@@ -12,7 +12,7 @@
 #include "background/file_stamp.h"
 #include "foundation/folders.h"
 #include "foundation/paths.h"
-#include "foundation/settings_lines.h"
+#include "background/dxf_lines.h"
 
 namespace quillon {
 namespace {
@@ -57,13 +57,6 @@ struct Extents {
 };
 
 }  // namespace
-
-template <class Lines>
-void EachLine(Lines& lines, RecordOf<CDxf> auto& dxf) {
-    lines.Bool("Use", dxf.use);
-    lines.Bool("Show Text", dxf.showText);
-    lines.Double("Scale", dxf.scale, 3);
-}
 
 CDxf::CDxf(FileSystem& fileSystem) : files(fileSystem) {}
 CDxf::~CDxf() = default;

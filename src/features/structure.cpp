@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "features/record_reader.h"
 #include "foundation/folders.h"
 #include "foundation/paths.h"
 #include "platform/text.h"
@@ -97,7 +98,7 @@ std::string SettledStructureName(std::string_view name, std::ptrdiff_t index) {
 
 // ---- One file ----
 
-bool CStructure::Read(std::string_view path, ReadReport* report) {
+bool CStructure::Read(std::string_view path) {
     const std::string wanted = path.empty()
                                    ? MakePath(GetDataFolder(GetFiles(), kFolder), kDefaultName, kDefaultExtension)
                                    : std::string(path);
@@ -105,13 +106,14 @@ bool CStructure::Read(std::string_view path, ReadReport* report) {
     RemoveAll();
     SetStub(false);
     CStdioFile file(GetFiles());
-    const bool taken = file.OpenForReading(GetPath()) && ReadFrom(file, report);
+    const bool taken = OpenData(file, GetPath(), report) && ReadFrom(file);
     SetReadStamp(file.GetStamp());
     return taken;
 }
 
-bool CStructure::ReadFrom(CStdioFile& file, ReadReport* report) {
-    if (report) report->opened = true;
+bool CStructure::ReadFrom(CStdioFile& file) {
+    report = ReadReport();
+    report.opened = true;
     SetStub(false);
     RemoveAll();
     BlockReader blocks(file);
@@ -121,9 +123,9 @@ bool CStructure::ReadFrom(CStdioFile& file, ReadReport* report) {
     while ((block = blocks.Next(record)) == BLOCK::WHOLE) {
         record.name = SettledStructureName(record.name, static_cast<std::ptrdiff_t>(records.size()));
         records.push_back(std::move(record));
-        if (report) report->Count(PASSED_OVER::NO);
+        report.Count(PASSED_OVER::NO);
     }
-    if (report && block == BLOCK::CUT) report->Count(PASSED_OVER::CUT_BLOCK);
+    if (block == BLOCK::CUT) report.Count(PASSED_OVER::CUT_BLOCK);
     Adopt(std::move(records));
     return !IsEmpty();
 }
@@ -135,12 +137,12 @@ void CStructure::MakeStub(std::string_view path, const StructureDef& record) {
     SetStub(true);
 }
 
-bool CStructure::ReadAgain(ReadReport* report) {
+bool CStructure::ReadAgain() {
     CStdioFile file(GetFiles());
-    if (!file.OpenForReading(GetPath())) return false;
+    if (!OpenData(file, GetPath(), report)) return false;
     const bool wasStub = IsStub();
     const StructureDef before = IsEmpty() ? StructureDef() : (*this)[0];
-    if (!ReadFrom(file, report)) {
+    if (!ReadFrom(file)) {
         Add(wasStub ? before : StructureDef{.name = SettledStructureName({}, 0)});
         SetStub(true);
     }

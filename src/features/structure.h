@@ -9,7 +9,6 @@
 #include "background/dxf.h"
 #include "features/feature_common.h"
 #include "features/file_list.h"
-#include "foundation/read_report.h"
 #include "foundation/values.h"
 
 namespace quillon {
@@ -17,10 +16,10 @@ namespace quillon {
 /// One structure: where it stands and the shape that it wears.
 struct StructureDef {
     std::int32_t shapeNumber = 0;  ///< place in the list of shapes, from 1; 0 for none
-    std::string name;
-    std::string shape;  ///< bare name of the shape's drawing
+    std::string name = {};
+    std::string shape = {};  ///< bare name of the shape's drawing
     bool show = true;
-    tagXY position;        ///< metres
+    tagXY position = {};   ///< metres
     double height = 0.0;   ///< metres
     double heading = 0.0;  ///< degrees clockwise from grid north, 0 to 360
     double length = 0.0;   ///< wanted length of the longest side, metres
@@ -37,11 +36,11 @@ public:
     using CFeatureCommon::CFeatureCommon;
 
     /// With an empty path it is the default structure file of the data folder. True if a record was read.
-    bool Read(std::string_view path, ReadReport* report = nullptr);
+    bool Read(std::string_view path);
     /// The records alone, from an opened file. A block that is cut short is dropped.
-    bool ReadFrom(CStdioFile& file, ReadReport* report = nullptr);
+    bool ReadFrom(CStdioFile& file);
     /// Reads the file anew; see CFileListBase::ReadAgain.
-    bool ReadAgain(ReadReport* report = nullptr);
+    bool ReadAgain();
     /// What stands in the list for a file of no use: its path and one record.
     void MakeStub(std::string_view path, const StructureDef& record);
     /// Rewrites the data file. False, with the file as it was, if it can't be written.

@@ -149,6 +149,10 @@ LRESULT CTargetPlotPane::OnPropertyChanged(WPARAM wParam, CMFCPropertyGridProper
     return 0;
 }
 
+void CTargetPlotPane::SaveFile(std::uint8_t) {
+    plot->Save(GetPlatform().Files());
+}
+
 bool CTargetPlotPane::StoreRow(CMFCPropertyGridProperty& row) {
     TargetDisplay& display = plot->display;
     switch (static_cast<TARGET_PLOT_ROW>(row.GetData())) {

@@ -61,7 +61,7 @@ private:
     void StoreHeadingMode(const CMFCPropertyGridProperty& row);
     void StoreOrientation(const CMFCPropertyGridProperty& row);
     void StoreUnits(const CMFCPropertyGridProperty& row);
-    void SaveFile(std::uint8_t) override { plot->Save(GetPlatform().Files()); }
+    void SaveFile(std::uint8_t save) override;
     std::optional<tagXY> GetShownPoint() const override { return plot->centre; }
 
     CTargetPlot* plot = nullptr;

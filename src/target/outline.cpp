@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "background/dxf_lines.h"
 #include "foundation/angle_units.h"
 #include "foundation/folders.h"
 #include "foundation/paths.h"

@@ -91,7 +91,9 @@ TEST(WorkbookExport, OpensInAReaderThatIsNotTheWriterUnderAnyLocale) {
     };
     EXPECT_EQ(written(), expected);
     const CommaLocale locale;
-    if (CommaLocale::IsSet()) EXPECT_EQ(written(), expected) << "decimal comma";
+    if (CommaLocale::IsSet()) {
+        EXPECT_EQ(written(), expected) << "decimal comma";
+    }
     EXPECT_FALSE(WriteWorkbook(drives.Files(), "C:\\None\\t.xlsx", "a", table));
 }
 

@@ -28,9 +28,9 @@ protected:
         list.SetSettingsName("Structure List");
         drives.MakeFolder("C:\\MyData\\Structures");
     }
-    bool ReadBytes(CStructure& structures, const std::string& bytes, ReadReport* report = nullptr) {
+    bool ReadBytes(CStructure& structures, const std::string& bytes) {
         drives.Write(kPath, bytes);
-        return structures.Read(kPath, report);
+        return structures.Read(kPath);
     }
 
     ScratchDrives drives;
@@ -56,10 +56,9 @@ TEST_F(StructureTest, ACutBlockIsDroppedAndTold) {
     const std::size_t lastLine = whole.find("LENGTH 0.25");
     for (std::size_t length = second + 11; length < lastLine; ++length) {
         CStructure structures(drives.Files());
-        ReadReport report;
-        ASSERT_TRUE(ReadBytes(structures, whole.substr(0, length), &report));
+        ASSERT_TRUE(ReadBytes(structures, whole.substr(0, length)));
         EXPECT_EQ(structures.GetSize(), 1) << length;
-        EXPECT_EQ(report.passedOver, 1u) << length;
+        EXPECT_EQ(structures.GetReport().passedOver, 1u) << length;
     }
     CStructure structures(drives.Files());
     EXPECT_TRUE(ReadBytes(structures, whole.substr(0, whole.size() - 2))) << "without the last line feed";

@@ -169,7 +169,7 @@ void MainWindow::MakeFileMenu() {
     QMenu& menu = *menuBar()->addMenu("&File");
     QMenu& add = *menu.addMenu(MakeIcon(ICON::ADD), "&Add");
     for (const JobKind& kind : JobKinds()) {
-        CPropertyPane* const pane = job.PaneOf(kind.id);
+        CMyDockablePane* const pane = job.PaneOf(kind.id);
         if (!pane || !pane->GetFileButton()) continue;
         const QString name = ToQString(kind.name);
         const QKeySequence key = addFirstAction ? QKeySequence() : QKeySequence("Ctrl+O");

@@ -81,7 +81,7 @@ void PaneDocks::Reset() {
 }
 
 QDockWidget* PaneDocks::DockOf(KIND kind) const {
-    const CPropertyPane* const pane = job.PaneOf(kind);
+    const CMyDockablePane* const pane = job.PaneOf(kind);
     for (std::size_t i = 0; i < docks.size(); ++i) {
         if (job.Panes()[i].get() == pane) return docks[i];
     }
