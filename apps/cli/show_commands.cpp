@@ -6,6 +6,7 @@
 #include <ostream>
 #include <string>
 
+#include "dtm_commands.h"
 #include "feature_sheets.h"
 #include "number_option.h"
 #include "platform/text.h"
@@ -186,6 +187,7 @@ void AddShowCommands(CLI::App& app, CliContext& context) {
                        static_cast<int>(kSailLineOrderTxt.size()))
         .footer("Example:\n  quillon show sail-line block-4.csv --json");
     AddShowShape(show, context);
+    AddShowDtm(show, context);
 }
 
 }  // namespace quillon
