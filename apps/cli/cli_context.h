@@ -29,6 +29,7 @@ public:
     std::ostream& err;
     std::string drives;  ///< as given by --drives; empty for the user's own
     int result = CLI_OK;
+    bool errIsTerminal = false;  ///< somebody watches the error stream: progress may be shown there
 
 private:
     std::unique_ptr<FileSystem> files;

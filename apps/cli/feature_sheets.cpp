@@ -128,19 +128,4 @@ void FillSheet(Sheet& sheet, const CSailLine& lines) {
     sheet.Finish();
 }
 
-std::string ReportText(std::string_view file, const ReadReport& report) {
-    std::string text(file);
-    text += Format(": %zu lines, %zu taken, %zu passed over\n", report.lines, report.taken, report.passedOver);
-    for (const ReadReport::PassedLine& line : report.named) {
-        text += Format("  line %zu: ", line.number);
-        text += ReasonText(line.reason);
-        text += '\n';
-    }
-    if (report.passedOver > report.named.size()) {
-        text += Format("  and %zu more\n", report.passedOver - report.named.size());
-    }
-    if (report.labelsCut) text += "  the KP labels end early: the interval asks for too many\n";
-    return text;
-}
-
 }  // namespace quillon

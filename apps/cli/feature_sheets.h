@@ -1,14 +1,12 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "features/boundary.h"
 #include "features/grid_waypoint.h"
 #include "features/pipeline.h"
 #include "features/route.h"
 #include "features/sail_line.h"
 #include "foundation/read_report.h"
+#include "report_sheet.h"
 #include "sheet.h"
 
 namespace quillon {
@@ -19,9 +17,5 @@ void FillSheet(Sheet& sheet, const CGridWaypoint& waypoints);
 void FillSheet(Sheet& sheet, const CPipeline& pipeline);
 void FillSheet(Sheet& sheet, const CRoute& route);
 void FillSheet(Sheet& sheet, const CSailLine& lines);
-
-/// How many lines were taken, and the first of those that were passed over, with their reasons. `file` as it is called
-/// on the terminal.
-std::string ReportText(std::string_view file, const ReadReport& report);
 
 }  // namespace quillon

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <iostream>
 
 #include "cli_context.h"
@@ -6,5 +8,6 @@
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
     quillon::CliContext context(std::cin, std::cout, std::cerr);
+    context.errIsTerminal = ::isatty(STDERR_FILENO) == 1;
     return quillon::RunQuillon({argv + 1, argv + argc}, context);
 }

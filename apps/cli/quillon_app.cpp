@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "angle_command.h"
+#include "dtm_commands.h"
 #include "geodesy_commands.h"
 #include "route_commands.h"
 #include "show_commands.h"
@@ -24,10 +25,12 @@ void AddCommands(CLI::App& app, CliContext& context) {
         "  quillon show boundary area.csv\n"
         "  quillon show pipeline export.csv --label-kps --interval 0.5 --json\n"
         "  quillon route rewrite transit.csv --order 1\n"
+        "  quillon dtm make block-4.xyz\n"
         "  echo 52 3 | quillon grid forward --type 0 --zone 31\n"
         "  quillon show --help");
     AddShowCommands(app, context);
     AddRouteCommands(app, context);
+    AddDtmCommands(app, context);
     AddAngleCommand(app, context);
     AddGeodesyCommands(app, context);
 }

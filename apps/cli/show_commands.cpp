@@ -8,6 +8,7 @@
 #include <string>
 
 #include "drawing_commands.h"
+#include "dtm_commands.h"
 #include "feature_sheets.h"
 #include "job/kinds.h"
 #include "number_option.h"
@@ -214,6 +215,7 @@ void AddShowCommands(CLI::App& app, CliContext& context) {
     for (const ShownKind& kind : kShownKinds) kind.add(show, context);
     AddShowShape(show, context);
     AddDrawingKinds(show, context);
+    AddShowDtm(show, context);
 }
 
 }  // namespace quillon

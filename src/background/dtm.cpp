@@ -54,10 +54,14 @@ std::string CDtm::CacheFileName() const {
 }
 
 bool CDtm::ReadCacheHeader() {
+    return ReadCacheHeader(fileName[0].empty() ? std::string() : CacheFileName());
+}
+
+bool CDtm::ReadCacheHeader(std::string_view path) {
     Clear();
     CRandomFile file;
     DtmHeader read;
-    if (fileName[0].empty() || !file.OpenForReading(files, CacheFileName())) return false;
+    if (path.empty() || !file.OpenForReading(files, path)) return false;
     if (file.ReadAt(0, &read, sizeof read) != sizeof read || !read.IsHeadOf(file.GetLength())) return false;
     UseHeader(read);
     return true;

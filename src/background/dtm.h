@@ -57,6 +57,8 @@ public:
     std::string CacheFileName() const;
     /// False, with the state cleared, unless there is a cache that is whole: right magic, version and length.
     bool ReadCacheHeader();
+    /// The same of a cache under another name.
+    bool ReadCacheHeader(std::string_view path);
     /// Whether the text file of a slot is another one than the header's stamp tells; so too if it is gone.
     bool SourceChanged(std::size_t slot) const;
     /// Whether the text files must be read; reads the header of the cache.

@@ -119,8 +119,12 @@ bool MakeDtmDepths(CDtm& dtm, DtmProgress& progress) {
 }
 
 bool ReadDtmDepths(CDtm& dtm, DtmProgress& progress) {
+    return ReadDtmDepths(dtm, progress, dtm.CacheFileName());
+}
+
+bool ReadDtmDepths(CDtm& dtm, DtmProgress& progress, std::string_view path) {
     CRandomFile file;
-    if (!file.OpenForReading(dtm.GetFiles(), dtm.CacheFileName())) return true;
+    if (!file.OpenForReading(dtm.GetFiles(), path)) return true;
     progress.Begin(file.GetLength());
     dtm.report = {};
     if (!dtm.NewDepths()) return true;

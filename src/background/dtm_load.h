@@ -17,6 +17,8 @@ bool MakeDtmDepths(CDtm& dtm, DtmProgress& progress);
 /// Reads the array from the cache whose header the model holds. What a cancel or a file cut short leaves out has no
 /// depth.
 bool ReadDtmDepths(CDtm& dtm, DtmProgress& progress);
+/// The same from a cache under another name.
+bool ReadDtmDepths(CDtm& dtm, DtmProgress& progress, std::string_view path);
 
 /// All of it: from the cache if the text files are as it was made from, else by both passes.
 bool LoadDtmFiles(CDtm& dtm, DtmProgress& progress);

@@ -1,0 +1,36 @@
+#include "report_sheet.h"
+
+#include "platform/text.h"
+
+namespace quillon {
+
+std::string ReportText(std::string_view file, const ReadReport& report) {
+    std::string text(file);
+    text += Format(": %zu lines, %zu taken, %zu passed over\n", report.lines, report.taken, report.passedOver);
+    for (const ReadReport::PassedLine& line : report.named) {
+        text += Format("  line %zu: ", line.number);
+        text += ReasonText(line.reason);
+        text += '\n';
+    }
+    if (report.passedOver > report.named.size()) {
+        text += Format("  and %zu more\n", report.passedOver - report.named.size());
+    }
+    if (report.labelsCut) text += "  the KP labels end early: the interval asks for too many\n";
+    return text;
+}
+
+void PutReport(Sheet& sheet, const ReadReport& report) {
+    sheet.Int("lines", static_cast<long long>(report.lines));
+    sheet.Int("taken", static_cast<long long>(report.taken));
+    sheet.Int("passed_over_count", static_cast<long long>(report.passedOver));
+    sheet.BeginTable("passed_over", static_cast<std::ptrdiff_t>(report.named.size()));
+    for (const ReadReport::PassedLine& line : report.named) {
+        sheet.BeginRow();
+        sheet.Int("line", static_cast<long long>(line.number));
+        sheet.Text("reason", ReasonText(line.reason));
+        sheet.EndRow();
+    }
+    sheet.EndTable();
+}
+
+}  // namespace quillon
