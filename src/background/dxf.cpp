@@ -6,13 +6,13 @@
 #include <limits>
 #include <system_error>
 
+#include "background/dxf_lines.h"
 #include "background/dxf_palette.h"
 #include "background/dxf_reader.h"
 #include "background/dxf_text.h"
 #include "background/file_stamp.h"
 #include "foundation/folders.h"
 #include "foundation/paths.h"
-#include "background/dxf_lines.h"
 
 namespace quillon {
 namespace {

@@ -220,7 +220,8 @@ TEST_F(DxfTest, TakesMalformedInputForWhatItIs) {
 TEST_F(DxfTest, KeepsWhatIsCompleteWhereverTheFileIsCut) {
     const std::string whole =
         Section("BLOCKS", "0 BLOCK|2 A|0 LINE|5 1|0 ENDBLK") +
-        Section("ENTITIES", "0 LINE|5 2|10 1.25|0 POLYLINE|5 3|0 VERTEX|10 1|0 VERTEX|10 2|0 SEQEND|0 MTEXT|5 4|3 a|1 b");
+        Section("ENTITIES",
+                "0 LINE|5 2|10 1.25|0 POLYLINE|5 3|0 VERTEX|10 1|0 VERTEX|10 2|0 SEQEND|0 MTEXT|5 4|3 a|1 b");
     std::size_t before = 0;
     for (std::size_t length = 0; length <= whole.size(); ++length) {
         Read(whole.substr(0, length));

@@ -98,7 +98,7 @@ TEST_F(OutlineViewTest, AViewOfNoSizeDrawsNothing) {
     EXPECT_FALSE(view.HasScale());
     view.Paint(device);
     EXPECT_EQ(Drawn(Drawing("0\nLINE\n10\n0\n20\n0\n11\n9\n21\n9\n")), "");
-    view.ComputeScaling({0, 0, 300, 200}, 5, 5, 5, 5);
+    view.ComputeScaling({0, 0, 300, 200}, 0, 0, 0, 0);
     EXPECT_FALSE(view.HasScale()) << "extents without a size";
 }
 
@@ -208,7 +208,7 @@ TEST_F(OutlineViewTest, OutlinesPolygonsAndSymbols) {
     EXPECT_EQ(device.Take(), "line 200,100 210,100 pen 2 #00FF00\nline 200,95 210,95 pen 2 #00FF00\n");
     const tagXY triangle[] = {{0, 0}, {10, 0}, {10, 10}};
     view.DrawPolygon(dc, triangle, {.style = 0, .thickness = 1, .colour = RGB(255, 0, 0), .fill = 4});
-    EXPECT_EQ(device.Take(), "polygon winding 200,100 210,100 210,90 pen 1 #FF0000 brush hatch 4 #FF0000\n");
+    EXPECT_EQ(device.Take(), "polygon 200,100 210,100 210,90 pen 1 #FF0000 brush hatch 4 #FF0000 winding\n");
     view.DrawVectorSymbol(dc, {50, 50, 0}, "A", {.symbol = 1, .size = 2, .colour = RGB(255, 0, 0)}, 4);
     EXPECT_NE(device.Take().find("\"A\""), std::string::npos);
 }
