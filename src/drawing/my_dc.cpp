@@ -271,9 +271,9 @@ tagRECT CMyDC::InnerLabelBox(std::string_view labelText, int gap, LABEL_POSITION
         case 2:
             return {x - w2 - 4, y + gap, x + w2 + 4, y + gap + h};
         case 3:
-            return {x - w - gap, y - h2, x - gap - 2, y + h2};
+            return {x - w - gap - 2 * labelAir, y - h2, x - gap - 2, y + h2};
         case 4:
-            return {x + gap + 2, y - h2, x + gap + w, y + h2};
+            return {x + gap + 2, y - h2, x + gap + w + 2 * labelAir, y + h2};
         default:
             return {x - w2 - 4, y - h2, x + w2 + 4, y + h2};
     }

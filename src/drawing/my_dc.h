@@ -52,6 +52,9 @@ public:
     /// night.
     CBrush labelBrush{kFillSolid, 0xE7FFFF};
     COLORREF labelInk = 0x000000;
+    /// Pixels added either side of the text of a label that stands left or right of its point. With 0 the box is 2
+    /// pixels narrower than the text.
+    int labelAir = 0;
     CPen blackPen{PS_SOLID, 1, 0x000000};
     CPen whitePen{PS_SOLID, 1, 0xFFFFFF};
     CPen redPen{PS_SOLID, 1, 0x0000FF};

@@ -161,6 +161,11 @@ TEST(MyDcLabels, StandBesideTheirPixelByPosition) {
     for (const LabelRow& row : kLabels) {
         EXPECT_EQ(DrawnLabel(dc, device, row), row.calls) << row.text << " at " << row.position;
     }
+    dc.labelAir = 5;
+    const LabelRow left{3, "Wreck", "fill 45,194 83,206 G\nframe 44,193 84,207\ntext 49,193 \"Wreck\"\n"};
+    const LabelRow right{4, "Wreck", "fill 117,194 155,206 G\nframe 116,193 156,207\ntext 121,193 \"Wreck\"\n"};
+    for (const LabelRow& row : {left, right}) EXPECT_EQ(DrawnLabel(dc, device, row), row.calls) << "with air";
+    EXPECT_EQ(DrawnLabel(dc, device, kLabels[1]), kLabels[1].calls) << "which those above have already";
 }
 
 TEST(MyDcLabels, OnPaperHaveNoGround) {

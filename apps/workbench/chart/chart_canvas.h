@@ -20,8 +20,7 @@ namespace quillon {
 struct PaintStore {
     SymbolSprites sprites;
     LabelPlaces places;
-    PixelLines lines;
-    PixelLines dashes;
+    LineStore lines;
     std::vector<PixelMark> marks;
     std::vector<PixelLeg> legs;
 };

@@ -68,6 +68,8 @@ ChartCanvas::ChartCanvas(PaintStore& kept, QPainter& target, const ChartView& ch
     dc.labelBrush = {kFillSolid, colours.labelGround};
     dc.blackBrush = {kFillSolid, colours.labelFrame};
     dc.labelInk = colours.labelInk;
+    // Labels above and below have 4 pixels either side of their text; beside their points they get the same.
+    dc.labelAir = 5;
 }
 
 void ChartPainter::PaintGrid(QPainter& painter, const ChartView& view, const ChartScene& scene, bool night) {

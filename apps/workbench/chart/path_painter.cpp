@@ -17,7 +17,6 @@ constexpr std::size_t kMostAreaVertices = 6000;
 constexpr double kMostAreaPixels = 1.2e5;
 constexpr std::size_t kMostSmoothAreaVertices = 1500;
 /// Areas let show through what they cover, and never outshine the lines round them.
-constexpr int kSolidAlpha = 84;
 constexpr int kHatchAlphaByDay = 76;
 constexpr int kHatchAlphaByNight = 104;
 constexpr int kBrightestAtNight = 184;
@@ -117,21 +116,21 @@ void CollectLegs(ChartCanvas& canvas, const ChartPath& path, int priority) {
 void PaintFill(ChartCanvas& canvas, const ChartFill& fill, bool hasLine, const PixelLines& areas) {
     const bool isHatch = fill.style <= 5;
     QColor colour = canvas.ColourOf(fill.colour);
-    colour.setAlpha(!isHatch ? kSolidAlpha : canvas.night ? kHatchAlphaByNight : kHatchAlphaByDay);
+    colour.setAlpha(!isHatch ? AreaAlpha(canvas.night) : canvas.night ? kHatchAlphaByNight : kHatchAlphaByDay);
     const QBrush brush = FillBrush(fill.style, colour, canvas.reach.isRaster ? canvas.reach.scale : 1.0);
     PaintAreas(canvas.painter, brush, !hasLine && areas.points.size() <= kMostSmoothAreaVertices, areas);
 }
 
 void PaintAreas(ChartCanvas& canvas, const ChartPath& path) {
     if (path.fill.style == kFillNone || !path.path->Box().Meets(canvas.view.WorldBox())) return;
-    VisibleArea(*path.path, canvas.view, AreaLimits(canvas), canvas.store.lines);
-    PaintFill(canvas, path.fill, IsUsable(path.line), canvas.store.lines);
+    VisibleArea(*path.path, canvas.view, AreaLimits(canvas), canvas.store.lines.lines);
+    PaintFill(canvas, path.fill, IsUsable(path.line), canvas.store.lines.lines);
 }
 
 void PaintLines(ChartCanvas& canvas, const ChartPath& path) {
     if (!IsUsable(path.line) || !path.path->Box().Meets(canvas.view.WorldBox(kReach))) return;
-    VisibleLine(*path.path, canvas.view, LineLimits(canvas, path.line.thickness), canvas.store.lines);
-    PaintLines(canvas.painter, canvas.reach, canvas.PenOf(path.line), canvas.store.lines, canvas.store.dashes);
+    VisibleLine(*path.path, canvas.view, LineLimits(canvas, path.line.thickness), canvas.store.lines.lines);
+    PaintLines(canvas.painter, canvas.reach, canvas.PenOf(path.line), canvas.store.lines);
 }
 
 void PaintMarks(ChartCanvas& canvas, const ChartPath& path, int priority) {

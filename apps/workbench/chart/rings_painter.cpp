@@ -59,7 +59,7 @@ void EachCircle(const ChartCanvas& canvas, const ChartRings& rings, const ChartR
 
 void PaintAreas(ChartCanvas& canvas, const ChartRings& rings) {
     constexpr double kMargin = 2.0;
-    PixelLines& area = canvas.store.lines;
+    PixelLines& area = canvas.store.lines.lines;
     for (const ChartRings::Ring& ring : rings.rings) {
         if (ring.fill.style == kFillNone) continue;
         EachCircle(canvas, rings, ring, true, kMargin, [&](PixelPoint centre, double radius) {
@@ -73,7 +73,7 @@ void PaintAreas(ChartCanvas& canvas, const ChartRings& rings) {
 }
 
 void PaintLines(ChartCanvas& canvas, const ChartRings& rings) {
-    PixelLines& lines = canvas.store.lines;
+    PixelLines& lines = canvas.store.lines.lines;
     for (const ChartRings::Ring& ring : rings.rings) {
         if (!IsUsable(ring.line)) continue;
         const double margin = ring.line.thickness + 2.0;
@@ -81,7 +81,7 @@ void PaintLines(ChartCanvas& canvas, const ChartRings& rings) {
             std::vector<PixelPoint> circle = CircleOf(centre, radius);
             circle.push_back(circle.front());
             ClipLine(circle, canvas.view.PixelBox(margin), lines);
-            PaintLines(canvas.painter, canvas.reach, canvas.PenOf(ring.line), lines, canvas.store.dashes);
+            PaintLines(canvas.painter, canvas.reach, canvas.PenOf(ring.line), canvas.store.lines);
         });
     }
 }

@@ -30,12 +30,13 @@ constexpr ChartColours kNight = {
 };
 
 constexpr double kNightDim = 0.72;
-/// A line darker than this is lost on black.
-constexpr double kNightLeast = 0.16;
+/// The brightest grey that anything is drawn in at night.
+constexpr COLORREF kNightBrightest = RGB(184, 184, 184);
+/// Of lines and symbols against all that they may lie on: the ground, and areas in any colour.
+constexpr double kLeastContrast = 3.0;
+constexpr double kLeastTextContrast = 4.5;
 /// A line lighter than this is lost on the day's ground.
 constexpr double kDayMost = 0.86;
-
-constexpr double kNightLeastText = 0.36;
 constexpr double kDayMostText = 0.45;
 
 COLORREF Blend(COLORREF from, COLORREF to, double part) {
@@ -53,25 +54,55 @@ int Chroma(COLORREF colour) {
     return std::max({r, g, b}) - std::min({r, g, b});
 }
 
+/// The share of the light that a part of a colour stands for (IEC 61966-2-1).
+double LinearPart(unsigned part) {
+    const double share = part / 255.0;
+    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+}
+
+/// The lightest that areas get at night: one in the brightest grey.
+COLORREF NightAreaAtMost() {
+    return Blend(ColoursOf(true).ground, kNightBrightest, AreaAlpha(true) / 255.0);
+}
+
+/// A colour with as much grey blended in as it takes to stand off from all that may lie below it at night. Hues that
+/// are dark by nature, such as blue, stay as saturated as that allows.
+COLORREF Lifted(COLORREF colour, double contrast) {
+    static const COLORREF below = NightAreaAtMost();
+    double least = 0.0, most = 1.0;
+    if (ContrastOf(colour, below) >= contrast) return colour;
+    for (int step = 0; step < 10; ++step) {
+        const double middle = 0.5 * (least + most);
+        (ContrastOf(Blend(colour, kNightBrightest, middle), below) >= contrast ? most : least) = middle;
+    }
+    return Blend(colour, kNightBrightest, most);
+}
+
 }  // namespace
 
 const ChartColours& ColoursOf(bool night) {
     return night ? kNight : kDay;
 }
 
+int AreaAlpha(bool night) {
+    return night ? 56 : 84;
+}
+
 double Lightness(COLORREF colour) {
     return (0.2126 * GetRValue(colour) + 0.7152 * GetGValue(colour) + 0.0722 * GetBValue(colour)) / 255.0;
 }
 
+double ContrastOf(COLORREF a, COLORREF b) {
+    const auto luminance = [](COLORREF colour) {
+        return 0.2126 * LinearPart(GetRValue(colour)) + 0.7152 * LinearPart(GetGValue(colour)) +
+               0.0722 * LinearPart(GetBValue(colour));
+    };
+    const double one = luminance(a) + 0.05, other = luminance(b) + 0.05;
+    return std::max(one, other) / std::min(one, other);
+}
+
 COLORREF FeatureColour(COLORREF colour, bool night) {
-    if (night) {
-        const COLORREF dimmed = Blend(0, colour, kNightDim);
-        const double light = Lightness(dimmed);
-        if (light >= kNightLeast) return dimmed;
-        // White blended in by part p gives light + (1 - light) p; blue already shines more than its weight says.
-        const double least = kNightLeast * (1.0 - 0.3 * Chroma(dimmed) / 255.0) + (Chroma(dimmed) == 0 ? 0.24 : 0.0);
-        return Blend(dimmed, 0xFFFFFF, std::max(0.0, (least - light) / (1.0 - light)));
-    }
+    if (night) return Lifted(Blend(0, colour, kNightDim), kLeastContrast);
     const double light = Lightness(colour);
     if (light <= kDayMost || Chroma(colour) > 160) return colour;
     return Blend(colour, 0, 1.0 - 0.6 * kDayMost / light);
@@ -79,9 +110,8 @@ COLORREF FeatureColour(COLORREF colour, bool night) {
 
 COLORREF TextColour(COLORREF colour, bool night) {
     const COLORREF line = FeatureColour(colour, night);
+    if (night) return Lifted(line, kLeastTextContrast);
     const double light = Lightness(line);
-    if (night)
-        return light >= kNightLeastText ? line : Blend(line, 0xFFFFFF, (kNightLeastText - light) / (1.0 - light));
     return light <= kDayMostText ? line : Blend(line, 0, 1.0 - kDayMostText / light);
 }
 

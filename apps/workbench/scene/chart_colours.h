@@ -22,11 +22,19 @@ const ChartColours& ColoursOf(bool night);
 /// 0 for black, 1 for white: the light that a colour gives (ITU-R BT.709 weights, without gamma).
 double Lightness(COLORREF colour);
 
+/// How strongly two colours stand off from each other, 1 to 21: the contrast ratio of the Web Content Accessibility
+/// Guidelines 2.1 (W3C, 2018), which ask for 3 of graphics and 4.5 of text.
+double ContrastOf(COLORREF a, COLORREF b);
+
+/// How much of what is below a filled area covers, 0 to 255.
+int AreaAlpha(bool night);
+
 /// A feature's colour as the chart shows it. By day the operator's own, unless it would vanish in the ground, when it
-/// is darkened. At night dimmed, but never so dark that it would vanish in the black.
+/// is darkened. At night dimmed, but never so dark that it would stand off from the ground, or from an area of whatever
+/// colour, by less than 3 to 1.
 COLORREF FeatureColour(COLORREF colour, bool night);
 
-/// The same for thin letters, which need more of a contrast than lines do.
+/// The same for thin letters, which need more of a contrast than lines do: at night 4.5 to 1.
 COLORREF TextColour(COLORREF colour, bool night);
 
 /// The colour of a wide area, such as a raster: by day the operator's own, at night far darker than lines.

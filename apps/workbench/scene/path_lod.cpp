@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "scene/polyline_thinning.h"
+#include "scene/stretches.h"
 
 namespace quillon {
 namespace {
@@ -15,6 +16,8 @@ constexpr std::uint32_t kChunk = 256;
 /// Paths up to this size are drawn as they are.
 constexpr std::size_t kFewPoints = 128;
 constexpr std::size_t kSamples = 1024;
+/// Looking at every vertex of a level of so many takes longer than drawing what may be drawn of them.
+constexpr std::size_t kManyPoints = 200000;
 /// A level that is expected to keep more of the points of the one before is not made; one that was made and keeps a
 /// little more is not thrown away.
 constexpr double kMostExpected = 0.5;
@@ -91,7 +94,11 @@ PathLod PathLod::Sketch(ChartPoints pathPoints, const PathParts& parts, std::siz
 void PathLod::Finish(const Stop* stop) {
     for (const Chunk& chunk : Full().chunks) box.Add(chunk.box);
     const bool hasLines = Full().parts.size() < Full().count;
-    if (Full().count > kFewPoints && hasLines) MakeCoarserLevels(stop);
+    if (Full().count <= kFewPoints || !hasLines) return;
+    MakeCoarserLevels(stop);
+    for (Level& level : levels) {
+        if (level.count > kManyPoints) MakeCrowd(level);
+    }
 }
 
 /// Keeps of the vertices those that are places, in their parts.
@@ -200,6 +207,31 @@ PathLod::Level PathLod::Coarser(const Level& from, double tolerance, const Stop*
     }
     level.count = level.vertices.size();
     return level;
+}
+
+void PathLod::MakeCrowd(Level& level) const {
+    struct Vertex {
+        double x = 0.0, y = 0.0;
+        std::uint32_t point = 0;
+    };
+    auto crowd = std::make_shared<Level>();
+    crowd->tolerance = level.tolerance;
+    crowd->closed = level.closed;
+    const auto take = [&](const Vertex& vertex) { crowd->vertices.push_back(vertex.point); };
+    Stretches<Vertex, decltype(take)> reduced(kCrowdStretch, take);
+    for (std::size_t part = 0; part < level.parts.size(); ++part) {
+        crowd->parts.push_back(static_cast<std::uint32_t>(crowd->vertices.size()));
+        for (std::uint32_t i = level.parts[part]; i < level.EndOfPart(part); ++i) {
+            const std::uint32_t point = level.PointOf(i);
+            reduced.Add({points[point].x, points[point].y, point});
+        }
+        reduced.Finish();
+    }
+    crowd->count = crowd->vertices.size();
+    crowd->vertices.shrink_to_fit();
+    MakeChunks(*crowd);
+    if (crowd->count > kManyPoints) MakeCrowd(*crowd);
+    level.crowd = std::move(crowd);
 }
 
 void PathLod::MakeChunks(Level& level) const {

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -62,6 +63,9 @@ public:
             return vertices.empty() ? static_cast<std::uint32_t>(vertex) : vertices[vertex];
         }
         std::span<const Chunk> Chunks() const { return chunks; }
+        /// Of each stretch of `kCrowdStretch` vertices the first and the outermost, where a level has very many: enough
+        /// to draw so many that they lie over one another. Null elsewhere.
+        const Level* Crowd() const { return crowd.get(); }
         /// Calls `each` with every run of a chunk.
         template <class Each>
         void EachRun(const Chunk& chunk, Each each) const;
@@ -87,9 +91,11 @@ public:
         std::vector<std::uint32_t> vertices;  ///< none where every point is a vertex
         std::vector<std::uint32_t> parts;     ///< place of the first vertex of each
         std::vector<Chunk> chunks;
+        std::shared_ptr<const Level> crowd;
     };
 
     static constexpr std::uint32_t kNone = 0xFFFFFFFF;
+    static constexpr std::size_t kCrowdStretch = 64;
 
     PathLod() = default;
     /// The whole path with all its levels: 50 to 100 milliseconds a million points.
@@ -117,6 +123,7 @@ private:
     /// True to `tolerance` whatever `from` is off by.
     Level Coarser(const Level& from, double tolerance, const Stop* stop) const;
     void MakeChunks(Level& level) const;
+    void MakeCrowd(Level& level) const;
     double FirstTolerance() const;
 
     ChartPoints points;

@@ -1,11 +1,11 @@
 #include "scene/visible_path.h"
 
-#include <array>
 #include <cmath>
 #include <span>
 #include <utility>
 
 #include "scene/line_clip.h"
+#include "scene/stretches.h"
 
 namespace quillon {
 namespace {
@@ -32,56 +32,12 @@ double PixelDistance(PixelPoint a, PixelPoint b) {
     return std::sqrt((b.x - a.x) * (b.x - a.x) + (b.y - a.y) * (b.y - a.y));
 }
 
+constexpr std::size_t kDrawnOfAStretch = 5;
+
 /// How many vertices make one stretch, so that of each its outermost points suffice; 1 to draw every one.
 std::size_t StretchFor(std::size_t vertices, std::size_t most) {
-    constexpr std::size_t kDrawnOfAStretch = 5;
     return vertices <= most ? 1 : (kDrawnOfAStretch * vertices + most - 1) / most;
 }
-
-/// Passes points on, of each stretch of so many only the first and the outermost in their order.
-template <class Sink>
-class Stretches {
-public:
-    Stretches(std::size_t size, Sink& target) : stretch(size), sink(target) {}
-
-    void Add(PixelPoint p) {
-        if (stretch == 1) return sink(p);
-        if (count == 0) outermost.fill({p, 0});
-        if (p.x < outermost[1].at.x) outermost[1] = {p, count};
-        if (p.x > outermost[2].at.x) outermost[2] = {p, count};
-        if (p.y < outermost[3].at.y) outermost[3] = {p, count};
-        if (p.y > outermost[4].at.y) outermost[4] = {p, count};
-        last = p;
-        if (++count == stretch) PassOn();
-    }
-    void Finish() {
-        if (stretch == 1) return;
-        const bool isCutShort = count > 0;
-        PassOn();
-        if (isCutShort) sink(last);
-    }
-
-private:
-    struct Outermost {
-        PixelPoint at;
-        std::size_t order = 0;
-    };
-    void PassOn() {
-        if (count == 0) return;
-        std::sort(outermost.begin(), outermost.end(),
-                  [](const Outermost& a, const Outermost& b) { return a.order < b.order; });
-        for (std::size_t i = 0; i < outermost.size(); ++i) {
-            if (i == 0 || outermost[i].order != outermost[i - 1].order) sink(outermost[i].at);
-        }
-        count = 0;
-    }
-
-    std::size_t stretch;
-    Sink& sink;
-    std::size_t count = 0;
-    std::array<Outermost, 5> outermost;
-    PixelPoint last;
-};
 
 /// Joins points to lines, leaving out what lies outside a box.
 class LineClipper {
@@ -145,6 +101,21 @@ std::size_t VerticesIn(const Level& level, const ChartBox& world) {
     return count;
 }
 
+/// A level, and how many of its vertices make a stretch, to draw no more than may be drawn.
+struct Choice {
+    const Level* level;
+    std::size_t stretch;
+};
+
+Choice ChooseLevel(const PathLod& path, const ChartView& view, const ChartBox& world, const DrawingLimits& limits) {
+    const auto of = [&](const Level& level) {
+        return Choice{&level, StretchFor(VerticesIn(level, world), limits.mostVertices)};
+    };
+    Choice choice = of(path.For(limits.tolerancePixels * view.MetresPerPixel()));
+    while (choice.stretch >= PathLod::kCrowdStretch && choice.level->Crowd()) choice = of(*choice.level->Crowd());
+    return choice;
+}
+
 /// The side of a box beyond which all of a chunk lies: such a chunk can be replaced by one straight line as far as the
 /// area inside the box goes.
 bool LiesBeyondOneSide(const ChartBox& chunk, const ChartBox& world) {
@@ -177,13 +148,13 @@ double LengthOf(const PixelLines& lines) {
 
 /// Leaves a `factor`th of the lines: of many short runs some, of long ones the outermost points of each stretch.
 PixelLines Reduced(const PixelLines& lines, std::size_t factor) {
-    constexpr std::size_t kShortRun = 16, kDrawnOfAStretch = 5;
+    constexpr std::size_t kShortRun = 16;
     const bool areShort = lines.points.size() < kShortRun * lines.runs.size();
     PixelLines kept;
     const auto take = [&kept](PixelPoint p) { kept.points.push_back(p); };
     for (std::size_t run = 0; run < lines.runs.size(); run += areShort ? factor : 1) {
         kept.runs.push_back({kept.points.size(), lines.runs[run].distance});
-        Stretches reduced(areShort ? 1 : kDrawnOfAStretch * factor, take);
+        Stretches<PixelPoint, decltype(take)> reduced(areShort ? 1 : kDrawnOfAStretch * factor, take);
         for (std::size_t i = lines.runs[run].first; i < lines.EndOf(run); ++i) reduced.Add(lines.points[i]);
         reduced.Finish();
     }
@@ -237,12 +208,13 @@ std::size_t StrideOf(const Chunk& chunk, double cellMetres) {
 
 void VisibleLine(const PathLod& path, const ChartView& view, const DrawingLimits& limits, PixelLines& lines) {
     lines.Clear();
-    const Level& level = path.For(limits.tolerancePixels * view.MetresPerPixel());
     const ChartBox world = view.WorldBox(limits.margin);
+    const Choice choice = ChooseLevel(path, view, world, limits);
+    const Level& level = *choice.level;
     const ChartPoints& points = path.Points();
     const Projection project(view);
     LineClipper clipper(view.PixelBox(limits.margin), lines);
-    Stretches reduced(StretchFor(VerticesIn(level, world), limits.mostVertices), clipper);
+    Stretches<PixelPoint, LineClipper> reduced(choice.stretch, clipper);
     std::uint32_t joined = PathLod::kNone;  // the point that the run before led on to
     for (const Chunk& chunk : level.Chunks()) {
         if (!chunk.box.Meets(world)) continue;
@@ -272,15 +244,16 @@ void ClipLine(std::span<const PixelPoint> points, const ChartBox& box, PixelLine
 
 void VisibleArea(const PathLod& path, const ChartView& view, const DrawingLimits& limits, PixelLines& areas) {
     areas.Clear();
-    const Level& level = path.For(limits.tolerancePixels * view.MetresPerPixel());
     const ChartBox world = view.WorldBox(limits.margin);
+    const Choice choice = ChooseLevel(path, view, world, limits);
+    const Level& level = *choice.level;
     const ChartBox box = view.PixelBox(limits.margin);
     const bool isInside = world.Contains(path.Box());
     const ChartPoints& points = path.Points();
     const Projection project(view);
     std::vector<PixelPoint> ring;
     const auto take = [&ring](PixelPoint p) { ring.push_back(p); };
-    Stretches reduced(StretchFor(VerticesIn(level, world), limits.mostVertices), take);
+    Stretches<PixelPoint, decltype(take)> reduced(choice.stretch, take);
     for (const Chunk& chunk : level.Chunks()) {
         const bool isBeyond = LiesBeyondOneSide(chunk.box, world);
         level.EachRun(chunk, [&](const Run& run) {
