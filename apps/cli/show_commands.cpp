@@ -14,6 +14,8 @@
 #include "number_option.h"
 #include "platform/text.h"
 #include "shape_command.h"
+#include "structure_command.h"
+#include "vessel_command.h"
 #include "sheet.h"
 
 namespace quillon {
@@ -197,6 +199,7 @@ constexpr std::array<ShownKind, kKindCount> kShownKinds = {{
     {KIND::ROUTE, AddRoute},
     {KIND::SAIL_LINE, AddSailLine},
     {KIND::PIPE_ROUTE, AddNothing},
+    {KIND::STRUCTURE, AddShowStructure},
 }};
 static_assert(HasEveryKind(kShownKinds), "every kind can be shown");
 
@@ -214,6 +217,7 @@ void AddShowCommands(CLI::App& app, CliContext& context) {
 
     for (const ShownKind& kind : kShownKinds) kind.add(show, context);
     AddShowShape(show, context);
+    AddShowVessels(show, context);
     AddDrawingKinds(show, context);
     AddShowDtm(show, context);
 }

@@ -11,10 +11,17 @@
 namespace quillon {
 
 JobRecord::JobRecord(FileSystem& files)
-    : boundaries(files), waypoints(files), pipelines(files), pipeRoute(files), routes(files), sailLines(files) {
+    : boundaries(files),
+      waypoints(files),
+      pipelines(files),
+      pipeRoute(files),
+      routes(files),
+      sailLines(files),
+      structures(files) {
     boundaries.SetSettingsName("Boundary List");
     routes.SetSettingsName("Route List");
     sailLines.SetSettingsName("Sail Line List");
+    structures.SetSettingsName("Structure List");
 }
 
 void JobRecord::Load() {

@@ -7,6 +7,7 @@
 #include "features/pipeline.h"
 #include "features/route.h"
 #include "features/sail_line.h"
+#include "features/structure.h"
 
 namespace quillon {
 
@@ -28,6 +29,7 @@ struct JobRecord {
     CPipeline pipeRoute;  ///< the active one; empty if none is selected
     CRouteList routes;
     CSailLineList sailLines;
+    CStructureList structures;  ///< with the drawings that serve as shapes
 };
 
 }  // namespace quillon

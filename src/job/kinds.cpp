@@ -24,6 +24,10 @@ tagXY PositionOf(const SailLineDef& line) {
     return line.Middle();
 }
 
+tagXY PositionOf(const StructureDef& structure) {
+    return structure.position;
+}
+
 bool IsShown(const CFeatureCommon& feature) {
     return feature.Status;
 }
@@ -48,6 +52,11 @@ KindLook LookOf(const CDrawingOptions& options) {
     return {.line = options.pen, .symbol = options.symbol, .hasSymbol = true, .symbolColour = options.pen.colour};
 }
 
+/// A drawing has no look of its own as small as a symbol: a square stands for it.
+KindLook LookOf(const CStructure&) {
+    return {.symbol = 2, .hasSymbol = true, .symbolColour = RGB(128, 128, 128)};
+}
+
 // ---- Where the files of a kind are ----
 
 /// The members of a file list.
@@ -57,6 +66,14 @@ struct ListFiles {
     static CFileListBase* ListOf(JobRecord& job) { return &(job.*List); }
     static int Count(const JobRecord& job) { return (job.*List).GetCount(); }
     static auto& At(auto& job, int file) { return (job.*List)[file]; }
+};
+
+/// The shapes come first: a file of no use gets a structure with the first of them.
+struct StructureFiles : ListFiles<&JobRecord::structures> {
+    static void Load(JobRecord& job) {
+        job.structures.LoadShapes(job.structures.ShapesFolder());
+        LoadFileList(job.structures);
+    }
 };
 
 /// The one active pipe route, which is in no list.
@@ -110,6 +127,7 @@ constexpr std::array<JobKind, kKindCount> kKinds = {
     MakeKind<ListFiles<&JobRecord::sailLines>>(KIND::SAIL_LINE, FEATURE_TYPES::SAIL_LINE, "Sail Line"),
     MakeKind<ListFiles<&JobRecord::pipelines>>(KIND::PIPELINE, FEATURE_TYPES::PIPELINE, "Pipeline"),
     MakeKind<PipeRouteFile>(KIND::PIPE_ROUTE, FEATURE_TYPES::NONE, "Pipe Route"),
+    MakeKind<StructureFiles>(KIND::STRUCTURE, FEATURE_TYPES::STRUCTURE, "Structure"),
 };
 
 consteval bool StandInOrder() {

@@ -8,6 +8,7 @@
 #include "panes/pipeline_pane.h"
 #include "panes/route_pane.h"
 #include "panes/sail_line_pane.h"
+#include "panes/structure_pane.h"
 #include "panes/waypoint_pane.h"
 
 namespace quillon {
@@ -36,7 +37,7 @@ std::unique_ptr<CMyDockablePane> CreatePipelinePane(Platform& platform, CWnd* pa
 }
 
 // clang-format off
-constexpr std::array<PaneEntry, 7> kPanes = {{
+constexpr std::array<PaneEntry, 8> kPanes = {{
     {KIND::BOUNDARY,   CBoundaryPane::kTitleId,        CBoundaryPane::kTitle,             CreateOver<CBoundaryPane, &JobRecord::boundaries>},
     {KIND::WAYPOINT,   CGridWaypointPane::kPlainId,    CGridWaypointPane::kPlainTitle,    CreateWaypointPane<false>},
     {KIND::WAYPOINT,   CGridWaypointPane::kCatenaryId, CGridWaypointPane::kCatenaryTitle, CreateWaypointPane<true>},
@@ -44,6 +45,7 @@ constexpr std::array<PaneEntry, 7> kPanes = {{
     {KIND::SAIL_LINE,  CSailLinePane::kTitleId,        CSailLinePane::kTitle,             CreateOver<CSailLinePane, &JobRecord::sailLines>},
     {KIND::PIPELINE,   CPipelinePane::kTitleId,        CPipelinePane::kTitle,             CreatePipelinePane},
     {KIND::PIPE_ROUTE, CPipeRoutePane::kTitleId,       CPipeRoutePane::kTitle,            CreateOver<CPipeRoutePane, &JobRecord::pipeRoute>},
+    {KIND::STRUCTURE,  CStructurePane::kTitleId,       CStructurePane::kTitle,            CreateOver<CStructurePane, &JobRecord::structures>},
 }};
 // clang-format on
 static_assert(HasEveryKind(kPanes), "every kind has a pane");

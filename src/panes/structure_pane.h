@@ -70,6 +70,7 @@ public:
     LRESULT OnPropertyChanged(WPARAM wParam, CMFCPropertyGridProperty& row) override;
     void OnCommand(UINT control) override;
 
+    CButton* GetFileButton() override { return &strip.GetAddButton(); }
     CComboBox& GetCombo() { return strip.GetCombo(); }
     CColourButton& GetAddButton() { return strip.GetAddButton(); }
     CColourButton& GetRemoveButton() { return strip.GetRemoveButton(); }

@@ -106,11 +106,17 @@ std::string COutline::SettingsPath() const {
     return MakePath(GetDataFolder(files, kFolder), name, Extension());
 }
 
+bool COutline::ReadSettings(std::string_view path) {
+    SectionFile file(files);
+    name = SplitPath(path).name;
+    if (!file.OpenForReading(path)) return false;
+    ReadFrom(file);
+    return true;
+}
+
 bool COutline::Load(std::string_view settingsName) {
     name = settingsName;
-    SectionFile file(files);
-    if (!file.OpenForReadIn(GetDataFolder(files, kFolder), name, Extension())) return false;
-    ReadFrom(file);
+    if (!ReadSettings(SettingsPath())) return false;
     LoadOutline();
     SetWaypoint(-1, -1);
     SetSailLine(-1, -1);

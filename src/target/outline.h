@@ -117,6 +117,8 @@ public:
     /// Reads the file `name` of the vessels' folder, its outline and its drawing, and settles what hangs on them. A
     /// line that is missing keeps its default; false if there is no file.
     bool Load(std::string_view settingsName);
+    /// Reads the settings alone, from any file of the kind. False if it can't be read.
+    bool ReadSettings(std::string_view path);
     /// Reads the outline file anew, a text or a drawing. False if it can't be read; nothing to read is no fault.
     bool LoadOutline(ReadReport* report = nullptr);
     /// The settings alone, from an opened file, without outline and drawing.

@@ -96,6 +96,18 @@ protected:
             EXPECT_TRUE(list->Add("C:\\Jobs\\A.csv"));
         }
         EXPECT_TRUE(job->routes.Add("C:\\Jobs\\Route.csv"));
+        for (const char* const shape : {"Frame", "Tower"}) {
+            drives.Write("C:\\MyData\\Structures\\" + std::string(shape) + ".dxf",
+                         "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n");
+        }
+        job->structures.LoadShapes(job->structures.ShapesFolder());
+        drives.Write("C:\\Jobs\\Field.dat",
+                     "STRUCTURE 1\nNAME East\nSHAPE Frame\nSHOW 1\n500000.000E 6000000.000\nHEIGHT 1.00\n"
+                     "HEADING 45.0\nLENGTH 30.00\n\n"
+                     "STRUCTURE 2\nNAME West\nSHAPE Tower\nSHOW 1\n500100.000E 6000100.000\nHEIGHT 2.00\n"
+                     "HEADING 90.0\nLENGTH 20.00\n");
+        EXPECT_TRUE(job->structures.Add("C:\\Jobs\\Field.dat"));
+        job->structures.SetEditCursor(0, 0);
         job->pipeRoute.Load("C:\\Jobs\\Pipe.csv");
         job->pipeRoute.WriteActive();
     }
@@ -146,6 +158,7 @@ TEST_F(PaneRegistryTest, EveryRowTakesAnotherValueAndKeepsIt) {
             SCOPED_TRACE(std::string(entry.title) + ", row " + std::to_string(id));
             const auto [list, row] = Row(id);
             ASSERT_NE(row, nullptr);
+            if (row->GetKind() == ROW_KIND::DUAL_BUTTON) continue;  // acts, and holds nothing
             const std::string before = row->FormatProperty();
             const std::string chosen = AnotherText(*row);
             EXPECT_TRUE(user::Type(*list, *row, chosen)) << chosen;

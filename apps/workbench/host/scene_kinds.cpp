@@ -10,6 +10,7 @@
 #include "foundation/columns.h"
 #include "host/area_label.h"
 #include "host/corridor_outline.h"
+#include "host/drawing_lines.h"
 #include "host/name_table.h"
 #include "host/scene_builder.h"
 
@@ -343,11 +344,60 @@ void AddWaypoints(SceneBuilder& scene) {
     }
 }
 
+// ---- Structures ----
+
+/// The shapes of a file's structures, to scale and turned; one path a colour for each of them.
+void AddShapes(SceneBuilder& scene, const CStructureList& list, int file) {
+    const CStructure& structures = list[file];
+    for (std::ptrdiff_t i = 0; i < structures.GetSize(); ++i) {
+        const StructureDef& structure = structures[i];
+        const CDxf* const shape = list.ShapeOf(structure);
+        if (!structure.show || !shape) continue;
+        const std::string name = structures.GetPath() + Format("|%td", i);
+        using Lines = std::map<COLORREF, DrawnLines>;
+        const auto lines = scene.Keep<Lines>(name, structures.GetStamp(), [&] {
+            return std::make_shared<const Lines>(
+                PlaceDrawing(*shape, {structure.position, list.ScaleFactor(structure), structure.heading}));
+        });
+        for (const auto& [colour, drawn] : *lines) {
+            ChartPath path;
+            path.path = scene.KeepPath(name + Format("|%u", colour), structures.GetStamp(), {.starts = drawn.starts},
+                                       [&drawn = drawn] { return ChartPoints(drawn.points); });
+            path.line = {colour, 1, PS_SOLID};
+            scene.AddBackground(std::move(path));
+        }
+    }
+}
+
+/// Structures are found and labelled by their positions; a small cross marks one that has no shape to be seen.
+void AddStructures(SceneBuilder& scene) {
+    constexpr VECTOR_SYMBOL kCross = 1;
+    constexpr COLORREF kInk = RGB(96, 96, 96);
+    const CStructureList& list = scene.Record().structures;
+    for (int i = 0; i < list.GetCount(); ++i) {
+        const CStructure& structures = list[i];
+        if (!structures.Status || structures.IsStub() || structures.IsEmpty()) continue;
+        AddShapes(scene, list, i);
+        ChartPath path;
+        path.path = KeepRecords(scene, structures.GetPath(), structures, {.every = 1},
+                                [](const StructureDef& structure, std::size_t) { return structure.position; });
+        path.marks = {kCross,
+                      1,
+                      kInk,
+                      kSymbolOutline,
+                      SIDE_RIGHT,
+                      PointLabels(LABEL_NAME, SIDE_RIGHT, {}, path.path,
+                                  NamesOf(scene, structures.GetPath(), structures, LABEL_NAME))};
+        scene.Add(i, std::move(path));
+    }
+}
+
 constexpr std::array<SceneKind, kKindCount> kKinds = {{
     {KIND::BOUNDARY, AddBoundaries},
     {KIND::PIPELINE, AddPipelines},
     {KIND::PIPE_ROUTE, AddPipeRoute},
     {KIND::SAIL_LINE, AddSailLines},
+    {KIND::STRUCTURE, AddStructures},
     {KIND::ROUTE, AddRoutes},
     {KIND::WAYPOINT, AddWaypoints},
 }};
