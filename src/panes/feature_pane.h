@@ -69,6 +69,7 @@ public:
     CButton* GetFileButton() override { return &strip.GetAddButton(); }
     CColourButton& GetRemoveButton() { return strip.GetRemoveButton(); }
     CFeatureListCtrl& GetTable() { return table; }
+    const CFeatureListCtrl& GetTable() const { return table; }
 
 protected:
     CFileListBase& List() const { return *list; }

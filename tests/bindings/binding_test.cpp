@@ -159,6 +159,60 @@ TEST_F(BindingTest, ThePaneAsksForTheKeyboardAndToBeShown) {
     EXPECT_THAT(asked, ElementsAre(false, true));
 }
 
+// The list gets what its pane wants for it, as far as what stands below keeps its least; in a low window each keeps
+// half.
+TEST(SharedHeight, IsFairToBoth) {
+    const struct {
+        int wanted, bottom, height;
+    } cases[] = {{480, 760, 480}, {480, 600, 426}, {480, 300, 126}, {480, 200, 73}, {480, 60, 3},
+                 {480, 54, 0},    {480, 20, 0},    {10, 760, 60},   {10, 100, 23},  {9999, 760, 586}};
+    for (const auto& c : cases) {
+        const SharedHeight shared{
+            .top = 54, .wanted = c.wanted, .bottom = c.bottom, .leastBelow = 120, .leastList = 60};
+        EXPECT_EQ(shared.ListHeight(), c.height) << c.wanted << " of " << c.bottom;
+    }
+}
+
+TEST_F(BindingTest, ListAndTableShareTheHeightOfALowPane) {
+    view->resize(300, 400);
+    const auto rows = [this] {
+        const auto& table = Of<TableBinding>(pane->table);
+        return table.isVisible() ? table.viewport()->height() / table.rowHeight(0) : 0;
+    };
+    EXPECT_GE(rows(), 4);
+    EXPECT_EQ(view->WidgetOf(pane->table)->geometry().bottom(), 399);
+    const auto handle = [this] {
+        HeightSplit* found = nullptr;
+        for (QObject* const child : view->children()) {
+            if (!found) found = dynamic_cast<HeightSplit*>(child);
+        }
+        return found;
+    };
+    auto* const split = handle();
+    ASSERT_TRUE(split);
+    const auto edge = [this] { return view->WidgetOf(pane->table)->y(); };
+    EXPECT_EQ(split->geometry().center().y(), edge());
+    const int before = edge();
+    QTest::keyClick(split, Qt::Key_Up);
+    QTest::keyClick(split, Qt::Key_Up);
+    EXPECT_EQ(edge(), before - 40);
+    QTest::mousePress(split, Qt::LeftButton, {}, {50, 3});
+    QTest::mouseMove(split, {50, -17});
+    QTest::mouseRelease(split, Qt::LeftButton, {}, {50, 3});
+    EXPECT_EQ(edge(), before - 60);
+    EXPECT_EQ(view->WidgetOf(pane->list)->geometry().bottom() + 1, edge());
+
+    // The operator's share outlives the window, and a double click gives the usual one.
+    view = std::make_unique<WindowBinding>(*pane, factory);
+    view->resize(300, 400);
+    view->show();
+    EXPECT_EQ(edge(), before - 60);
+    view->resize(300, 760);
+    EXPECT_EQ(edge(), before - 60);
+    QTest::mouseDClick(handle(), Qt::LeftButton);
+    EXPECT_EQ(edge(), pane->table.GetRect().top);
+}
+
 TEST_F(BindingTest, WidgetsMayGoBeforeTheirModels) {
     view.reset();
     pane->SetNight(true);

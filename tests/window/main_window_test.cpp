@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QListWidget>
+#include <QScreen>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QtTest/QTest>
@@ -148,6 +149,22 @@ protected:
 constexpr const char* kNewArea = "c/Jobs/Northfield/Boundaries/New Area.csv";
 constexpr const char* kNewAreaPoints = "498000.5, 5840000.25\r\n499000, 5840000\r\n499000, 5841000\r\n";
 
+// A laptop's screen: points are in sight below the properties, and the columns of a route need no scrolling.
+TEST_F(MainWindowTest, TheTableIsInSightOnASmallScreen) {
+    Program run(Drives(), Profile());
+    run.window.resize(1024, 600);
+    run.window.Settle();
+    const auto& table = run.WidgetOf<QTableView>(run.Pane().GetTable());
+    EXPECT_TRUE(table.isVisible());
+    EXPECT_GE(table.viewport()->height(), 4 * table.rowHeight(0));
+    EXPECT_EQ(run.Dock().widget()->rect().bottom(), table.geometry().bottom());
+    int columns = 0;
+    const CFeaturePane& routes = *run.job.PaneOf(FEATURE_TYPES::ROUTE);
+    for (int i = 0; i < routes.GetTable().GetColumnCount(); ++i) columns += routes.GetTable().GetColumn(i).width;
+    EXPECT_EQ(routes.GetTable().GetColumnCount(), 5);
+    EXPECT_LE(columns, table.viewport()->width());
+}
+
 TEST_F(MainWindowTest, ADaysWorkIsThereTheNextMorning) {
     Write(kNewArea, kNewAreaPoints);
     std::map<std::string, std::string> left;
@@ -232,6 +249,9 @@ TEST_F(MainWindowTest, AClickOnTheChartFindsFileAndRow) {
 TEST_F(MainWindowTest, TheWholeJobStaysInView) {
     Program run(Drives(), Profile());
     const ChartView& view = run.window.Chart().View();
+    EXPECT_LE(run.window.width(), run.window.screen()->availableSize().width()) << "the first window fits the screen";
+    run.window.resize(1480, 940);
+    run.window.Settle();
     const double scale = view.MetresPerPixel();
     run.window.resize(800, 600);
     run.window.Settle();

@@ -13,7 +13,7 @@ ControlBinding::~ControlBinding() {
 void ControlBinding::ApplyLayout() {
     if (!control) return;
     QWidget& widget = Widget();
-    widget.setGeometry(ToQRect(control->GetRect()));
+    widget.setGeometry(placer ? placer(*control) : ToQRect(control->GetRect()));
     widget.setEnabled(control->IsWindowEnabled());
     widget.setVisible(control->IsWindowVisible());
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
+#include <utility>
 
 #include "platform/controls.h"
 
@@ -29,6 +31,10 @@ public:
     /// Places the widget at the model's rectangle and takes over shown and enabled.
     virtual void ApplyLayout();
 
+    /// Gives the place of a model in place of its own rectangle.
+    using Placer = std::function<QRect(const CControl& control)>;
+    void SetPlacer(Placer newPlacer) { placer = std::move(newPlacer); }
+
     void OnControlChanged(CControl& changed, CONTROL_CHANGE change) final;
     void OnControlGone(CControl& gone) final;
 
@@ -40,6 +46,7 @@ protected:
 
 private:
     CControl* control;
+    Placer placer;
 };
 
 inline QRect ToQRect(const tagRECT& rect) {

@@ -5,12 +5,17 @@
 #include <vector>
 
 #include "bindings/binding_factory.h"
+#include "bindings/height_split.h"
 #include "platform/control_window.h"
 
 namespace quillon {
 
 /// The client area of a window with controls, pane or dialog: a child for each of its controls, where the window puts
 /// it. Its size is the window's size, its title the window's title, and the keyboard coming to it comes to the window.
+///
+/// In a pane, a property list and what stands below it share the height that there is: the pane is told a client area
+/// in which both have room, and the handle between them says how much of the real one each gets. The operator's share
+/// is kept in the profile.
 ///
 /// A pixel of the model is one of the toolkit's device-independent pixels.
 class WindowBinding : public QWidget, public WindowObserver {
@@ -43,10 +48,18 @@ protected:
 private:
     /// Makes the children of controls that have none yet.
     void BindControls();
+    void PlaceAll();
+    /// Where a control stands in this widget.
+    QRect PlaceOf(const CControl& control) const;
+    int ListHeight(const CControl& list) const;
+    void ShareHeight();
+    void SetWantedHeight(int height);
 
     CControlWindow* model;
     const BindingFactory& factory;
     std::vector<ControlBinding*> bindings;  // children of this widget
+    HeightSplit* split = nullptr;           // where the window is a pane with something below its property list
+    int wantedHeight = 0;                   // of the list, as the operator has it; 0 for the pane's own
 };
 
 }  // namespace quillon

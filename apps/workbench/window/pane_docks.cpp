@@ -1,7 +1,10 @@
 #include "window/pane_docks.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QByteArray>
+#include <QScreen>
+#include <QStyle>
 
 #include "bindings/window_binding.h"
 #include "toolkit/text_edge.h"
@@ -16,8 +19,18 @@ constexpr const char* kStateKey = "Docks";
 constexpr int kStateVersion = 1;
 
 constexpr QSize kFirstSize = {1480, 940};
-/// Names, colours and coordinates with three decimals fit without a scroll bar.
-constexpr int kFirstPaneWidth = 320;
+/// What the window's frame takes on a screen.
+constexpr QSize kWindowFrame = {16, 48};
+
+/// The width in which the table of a route fits without a scroll bar for its columns.
+int FirstPaneWidth(const Platform& platform) {
+    constexpr int kCellPadding = 12;
+    int width = QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 4;
+    for (const char* const cell : {"WPT 123", "512300.250", "6213447.375", "12345.67m", "359.9\xB0"}) {
+        width += platform.TextWidth(cell) + kCellPadding;
+    }
+    return width;
+}
 
 std::string ToProfile(const QByteArray& bytes) {
     return bytes.toBase64().toStdString();
@@ -59,7 +72,7 @@ void PaneDocks::KeepVisibility(const QDockWidget& dock, CMyDockablePane& pane) {
 
 void PaneDocks::Restore() {
     Reset();
-    window.resize(kFirstSize);
+    window.resize(kFirstSize.boundedTo(window.screen()->availableSize() - kWindowFrame));
     window.restoreGeometry(FromProfile(GetProfile().GetText(kSection, kGeometryKey, "")));
     window.restoreState(FromProfile(GetProfile().GetText(kSection, kStateKey, "")), kStateVersion);
     for (std::size_t i = 0; i < docks.size(); ++i) KeepVisibility(*docks[i], *job.Panes()[i]);
@@ -77,7 +90,7 @@ void PaneDocks::Reset() {
         if (dock != docks.front()) window.tabifyDockWidget(docks.front(), dock);
         dock->setVisible(dock == docks.front());
     }
-    if (!docks.empty()) window.resizeDocks({docks.front()}, {kFirstPaneWidth}, Qt::Horizontal);
+    if (!docks.empty()) window.resizeDocks({docks.front()}, {FirstPaneWidth(job.GetPlatform())}, Qt::Horizontal);
 }
 
 QDockWidget* PaneDocks::DockOf(KIND kind) const {
