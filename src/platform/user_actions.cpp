@@ -53,6 +53,10 @@ void Click(CListCtrl& table, int row) {
     table.OnItemClick(row);
 }
 
+void ClickAt(CView& view, tagPOINT pixel) {
+    if (CanUse(view)) view.OnLButtonDown(pixel);
+}
+
 bool Edit(CMFCPropertyGridCtrl& list, CMFCPropertyGridProperty& row, RowValue value) {
     if (!CanUse(list)) return false;
     if (row.IsLocked() || !row.IsEnabled() || !row.IsVisible() || !row.Accept(value)) return false;

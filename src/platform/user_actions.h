@@ -7,6 +7,7 @@
 #include "platform/dialog_controls.h"
 #include "platform/property_grid.h"
 #include "platform/tab_ctrl.h"
+#include "platform/view.h"
 
 namespace quillon {
 
@@ -27,6 +28,8 @@ void Type(CEdit& edit, std::string_view text);
 void Select(CMFCTabCtrl& tabs, int tab);
 /// A click on a row; -1 is a click below the rows. The row becomes the selected one.
 void Click(CListCtrl& table, int row);
+/// A click with the left button on a pixel of a view.
+void ClickAt(CView& view, tagPOINT pixel);
 
 /// Sets a row's value as if edited, and tells the list's owner. False, and nothing told, if the row is locked,
 /// disabled, hidden or doesn't take the value. An equal value is told all the same: what it means is the owner's

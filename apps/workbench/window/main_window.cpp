@@ -45,7 +45,6 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
               this, [this] { OnDrawingChanged(); }, Qt::QueuedConnection);
       }),
       scenes(shownJob.Record(), &itemMaker),
-      factory(DrawChartSymbol),
       chart(new ChartWidget(this)),
       docks(*this, shownJob, factory),
       status(*statusBar()) {

@@ -4,7 +4,6 @@
 #include <QMainWindow>
 #include <optional>
 
-#include "bindings/binding_factory.h"
 #include "chart/chart_widget.h"
 #include "host/job.h"
 #include "host/scene_builder.h"
@@ -12,6 +11,7 @@
 #include "toolkit/theme.h"
 #include "window/pane_docks.h"
 #include "window/status_line.h"
+#include "window/view_binding.h"
 
 namespace quillon {
 
@@ -75,7 +75,7 @@ private:
     Theme& theme;
     ItemMaker itemMaker;
     SceneBuilder scenes;
-    BindingFactory factory;
+    WindowBindings factory;
     ChartWidget* chart;  // the central widget
     PaneDocks docks;
     StatusLine status;
