@@ -63,7 +63,12 @@ const CXYArray& CBoundary::GetPolygon() const {
     return hasPolygon ? *this : kNone;
 }
 
-void CBoundary::SaveDrawingOptions() const {
+bool CBoundary::FollowStored() {
+    const bool flags = FollowCommon();
+    return FollowDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName()) || flags;
+}
+
+void CBoundary::SaveDrawingOptions() {
     SaveDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
 }
 

@@ -28,7 +28,9 @@ public:
     bool ReadAgain();
     /// What stands in the list for a file of no use: its path and one point at 0, 0.
     void MakeStub(std::string_view path);
-    void SaveDrawingOptions() const;
+    void SaveDrawingOptions();
+    /// Takes over what another feature of that name has stored, with all that hangs on it; false if nothing.
+    bool FollowStored();
 
     /// The points for the filled drawing; empty with fewer than 3 points.
     const CXYArray& GetPolygon() const;

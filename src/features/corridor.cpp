@@ -20,17 +20,27 @@ void EachLine(Lines& lines, RecordOf<CCorridor> auto& corridor) {
     lines.Int("Corridor Fill", corridor.fill);
 }
 
-void CCorridor::LoadCorridor(FileSystem& files, std::string_view name) {
+bool CCorridor::LoadCorridor(FileSystem& files, std::string_view name) {
     *this = CCorridor();
     CConfigFile file(files);
-    if (file.OpenForReadIn(GetDataFolder(files, kFolder), name, kExtension)) ReadLines(file, *this);
+    const bool opened = file.OpenForReadIn(GetDataFolder(files, kFolder), name, kExtension);
+    if (opened) ReadLines(file, *this);
+    NoteLines(*this, storedCorridor);
+    return opened;
 }
 
-void CCorridor::SaveCorridor(FileSystem& files, std::string_view name) const {
+void CCorridor::SaveCorridor(FileSystem& files, std::string_view name) {
+    FollowCorridor(files, name);
     CConfigFile file(files);
     if (!file.OpenForWrite(GetDataFolder(files, kFolder), name, kExtension)) return;
     WriteLines(file, *this);
-    file.Commit();
+    if (file.Commit()) NoteLines(*this, storedCorridor);
+}
+
+bool CCorridor::FollowCorridor(FileSystem& files, std::string_view name) {
+    CConfigFile file(files);
+    return file.OpenForReadIn(GetDataFolder(files, kFolder), name, kExtension) &&
+           FollowFile(file, *this, storedCorridor);
 }
 
 }  // namespace quillon

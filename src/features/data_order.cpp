@@ -47,6 +47,13 @@ bool SaveDataOrder(FileSystem& files, std::string_view name, std::int32_t order)
     return file.Commit();
 }
 
+std::optional<std::int32_t> StoredDataOrder(FileSystem& files, std::string_view name) {
+    CConfigFile file(files);
+    if (!file.OpenForRead(OrderName(name))) return std::nullopt;
+    const std::int32_t order = file.ReadInt(0);
+    return file.ReadText().empty() ? std::optional(order) : std::nullopt;
+}
+
 bool NoteRewrite(FileSystem& files, std::int32_t current, const PlannedRewrite& planned) {
     CConfigFile file(files);
     if (!file.OpenSettingsForWrite(OrderName(SplitPath(planned.path).name))) return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,9 @@ namespace quillon {
 std::int32_t LoadDataOrder(FileSystem& files, std::string_view path);
 /// `name` is the data file's, without folder and extension. False if the order file can't be written.
 bool SaveDataOrder(FileSystem& files, std::string_view name, std::int32_t order);
+
+/// What the order file says; none while a rewrite is under way, and without the file.
+std::optional<std::int32_t> StoredDataOrder(FileSystem& files, std::string_view name);
 
 /// A data file as it will be once it has been rewritten.
 struct PlannedRewrite {

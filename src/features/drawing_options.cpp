@@ -25,16 +25,23 @@ void EachLine(Lines& lines, RecordOf<CDrawingOptions> auto& options) {
 bool CDrawingOptions::LoadDrawing(FileSystem& files, std::string_view folder, std::string_view name) {
     *this = CDrawingOptions();
     CConfigFile file(files);
-    if (!file.OpenForReadIn(folder, name, kExtension)) return false;
-    ReadLines(file, *this);
-    return true;
+    const bool opened = file.OpenForReadIn(folder, name, kExtension);
+    if (opened) ReadLines(file, *this);
+    NoteLines(*this, storedDrawing);
+    return opened;
 }
 
-void CDrawingOptions::SaveDrawing(FileSystem& files, std::string_view folder, std::string_view name) const {
+void CDrawingOptions::SaveDrawing(FileSystem& files, std::string_view folder, std::string_view name) {
+    FollowDrawing(files, folder, name);
     CConfigFile file(files);
     if (!file.OpenForWrite(folder, name, kExtension)) return;
     WriteLines(file, *this);
-    file.Commit();
+    if (file.Commit()) NoteLines(*this, storedDrawing);
+}
+
+bool CDrawingOptions::FollowDrawing(FileSystem& files, std::string_view folder, std::string_view name) {
+    CConfigFile file(files);
+    return file.OpenForReadIn(folder, name, kExtension) && FollowFile(file, *this, storedDrawing);
 }
 
 }  // namespace quillon

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "foundation/config_file.h"
+#include "foundation/settings_lines.h"
 #include "platform/display_options.h"
 
 namespace quillon {
@@ -20,8 +20,12 @@ struct CDrawingOptions {
 
     /// False, with all at its defaults, if there is no such file. A missing line leaves its field's default.
     bool LoadDrawing(FileSystem& files, std::string_view folder, std::string_view name);
-    /// Skipped if the file can't be written.
-    void SaveDrawing(FileSystem& files, std::string_view folder, std::string_view name) const;
+    /// What another owner of the file has stored meanwhile is taken over first. Skipped if the file can't be written.
+    void SaveDrawing(FileSystem& files, std::string_view folder, std::string_view name);
+    /// Takes over what another owner of the file has stored; false if nothing.
+    bool FollowDrawing(FileSystem& files, std::string_view folder, std::string_view name);
+
+    StoredLines storedDrawing;  ///< see settings_lines.h
 
     friend bool operator==(const CDrawingOptions&, const CDrawingOptions&) = default;
 };

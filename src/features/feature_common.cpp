@@ -28,13 +28,20 @@ void CFeatureCommon::SetPathAndLoad(std::string_view newPath) {
     Highlight = false;
     CConfigFile file(files);
     if (HasFlagsFile() && file.OpenForReadIn(folder, name)) ReadLines(file, *this);
+    NoteLines(*this, storedFlags);
 }
 
-void CFeatureCommon::SaveCommon() const {
+void CFeatureCommon::SaveCommon() {
+    FollowCommon();
     CConfigFile file(files);
     if (!HasFlagsFile() || !file.OpenForWrite(folder, name)) return;
     WriteLines(file, *this);
-    file.Commit();
+    if (file.Commit()) NoteLines(*this, storedFlags);
+}
+
+bool CFeatureCommon::FollowCommon() {
+    CConfigFile file(files);
+    return HasFlagsFile() && file.OpenForReadIn(folder, name) && FollowFile(file, *this, storedFlags);
 }
 
 }  // namespace quillon

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "features/source_file.h"
+#include "foundation/settings_lines.h"
 #include "platform/file.h"
 
 namespace quillon {
@@ -17,8 +18,11 @@ public:
     /// Takes the path apart and reads the flags of the file beside it; a line that is missing, or the whole file, gives
     /// displayed and not highlighted. An empty path empties all three texts.
     void SetPathAndLoad(std::string_view newPath);
-    /// Writes the flags. Skipped if the file can't be written.
-    void SaveCommon() const;
+    /// Writes the flags; one that another feature of the same data file has stored meanwhile is taken over first.
+    /// Skipped if the file can't be written.
+    void SaveCommon();
+    /// Takes over what another feature of the same data file has stored; false if nothing.
+    bool FollowCommon();
 
     const std::string& GetPath() const { return path; }
     /// Ends in a separator.
@@ -44,6 +48,7 @@ private:
     std::string folder;
     std::string name;
     bool stub = false;
+    StoredLines storedFlags;
 };
 
 }  // namespace quillon

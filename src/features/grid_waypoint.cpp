@@ -101,21 +101,41 @@ std::string CGridWaypoint::SettingsName() const {
     return SplitPath(path).name + std::string(kSettingsSuffix);
 }
 
+void CGridWaypoint::SetPath(std::string_view newPath) {
+    path = newPath;
+    stored = {};
+}
+
 void CGridWaypoint::LoadSettings() {
     WaypointSettings& settings = *this;
     settings = WaypointSettings();
     CConfigFile file(files);
-    if (!file.OpenForRead(SettingsName())) return;
-    settings = MissingLines();
-    quillon::ReadLines(file, settings);
-    Correct(settings);
+    if (file.OpenForRead(SettingsName())) {
+        settings = MissingLines();
+        quillon::ReadLines(file, settings);
+        Correct(settings);
+    }
+    NoteLines(settings, stored);
 }
 
-void CGridWaypoint::SaveSettings() const {
+void CGridWaypoint::SaveSettings() {
+    const WaypointSettings& settings = *this;
+    FollowStored();
     CConfigFile file(files);
     if (!file.OpenSettingsForWrite(SettingsName())) return;
-    WriteLines(file, static_cast<const WaypointSettings&>(*this));
-    file.Commit();
+    WriteLines(file, settings);
+    if (file.Commit()) NoteLines(settings, stored);
+}
+
+bool CGridWaypoint::FollowStored() {
+    WaypointSettings& settings = *this;
+    CConfigFile file(files);
+    if (!file.OpenForRead(SettingsName())) return false;
+    const std::int32_t order = dataOrder;
+    const bool followed = FollowFile(file, settings, stored);
+    if (followed) Correct(settings);
+    if (dataOrder != order) ReadAgain();
+    return followed;
 }
 
 const WaypointOrder& CGridWaypoint::Order() const {
@@ -139,7 +159,7 @@ bool CGridWaypoint::ReadFile(std::string_view newPath, bool withSettings) {
     const bool opened = OpenData(file, newPath, report, FILE_MODE::BINARY);
     SetReadStamp(file.GetStamp());
     if (!opened) return false;
-    path = newPath;
+    if (newPath != path) SetPath(newPath);
     if (withSettings) LoadSettings();
     return ReadFrom(file);
 }

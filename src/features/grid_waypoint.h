@@ -7,6 +7,7 @@
 
 #include "features/file_list.h"
 #include "features/source_file.h"
+#include "foundation/settings_lines.h"
 #include "foundation/values.h"
 #include "platform/display_options.h"
 #include "platform/palette.h"
@@ -93,8 +94,10 @@ public:
     bool IsStub() const { return IsEmpty(); }
 
     void LoadSettings();
-    /// Skipped if the file can't be written.
-    void SaveSettings() const;
+    /// What another file of that name has stored meanwhile is taken over first. Skipped if the file can't be written.
+    void SaveSettings();
+    /// Takes over what another file of that name has stored, the points with the data order; false if nothing.
+    bool FollowStored();
 
     /// Gives nameless points their names: "Wpt n" by their place, from 1. In the orders without a name all are named
     /// so.
@@ -103,7 +106,8 @@ public:
     void SetPoint(Index index, double easting, double northing, double height, std::string_view name, double radius);
 
     const std::string& GetPath() const { return path; }
-    void SetPath(std::string_view newPath) { path = newPath; }
+    /// Without a look at the file or its settings.
+    void SetPath(std::string_view newPath);
     /// The data order in force; one outside the table reads as the first.
     const WaypointOrder& Order() const;
 
@@ -113,6 +117,7 @@ private:
 
     FileSystem& files;
     std::string path;
+    StoredLines stored;
 };
 
 /// The list keeps one file, GetSettingsPath("GRID Waypoints", "FLS"), under a head without a text, and no cursor file.

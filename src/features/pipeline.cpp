@@ -81,13 +81,13 @@ void EachLine(Lines& lines, RecordOf<PipelineSettings> auto& settings) {
 // ---- Reading ----
 
 bool CPipeline::Load(std::string_view newPath) {
-    path = newPath;
+    SetPath(newPath);
     ReadSettings();
     return LoadData(path);
 }
 
 bool CPipeline::LoadData(std::string_view newPath) {
-    path = newPath;
+    if (newPath != path) SetPath(newPath);
     Forget();
     CStdioFile file(files);
     const bool taken = OpenData(file, path, report) && ReadFrom(file);
@@ -139,22 +139,44 @@ std::string CPipeline::SettingsName() const {
     return SplitPath(path).name + std::string(kSettingsSuffix);
 }
 
-void CPipeline::ReadSettings() {
-    PipelineSettings& settings = *this;
-    CConfigFile file(files);
-    if (!file.OpenForRead(SettingsName())) {
-        settings = WithoutFile();
-        return;
-    }
-    settings = MissingLines();
-    ReadLines(file, settings);
+void CPipeline::SetPath(std::string_view newPath) {
+    path = newPath;
+    stored = {};
 }
 
-void CPipeline::WriteSettings() const {
+void CPipeline::ReadSettings() {
+    PipelineSettings& settings = *this;
+    settings = WithoutFile();
     CConfigFile file(files);
-    if (path.empty() || !file.OpenSettingsForWrite(SettingsName())) return;
-    WriteLines(file, static_cast<const PipelineSettings&>(*this));
-    file.Commit();
+    if (file.OpenForRead(SettingsName())) {
+        settings = MissingLines();
+        ReadLines(file, settings);
+    }
+    NoteLines(settings, stored);
+}
+
+void CPipeline::WriteSettings() {
+    const PipelineSettings& settings = *this;
+    if (path.empty()) return;
+    FollowStored();
+    CConfigFile file(files);
+    if (!file.OpenSettingsForWrite(SettingsName())) return;
+    WriteLines(file, settings);
+    if (file.Commit()) NoteLines(settings, stored);
+}
+
+bool CPipeline::FollowStored() {
+    PipelineSettings& settings = *this;
+    CConfigFile file(files);
+    const std::int32_t order = dataOrder;
+    if (path.empty() || !file.OpenForRead(SettingsName()) || !FollowFile(file, settings, stored)) return false;
+    if (dataOrder != order) {
+        ReadAgain();
+    } else {
+        ComputeKps();
+        ComputeCorridor();
+    }
+    return true;
 }
 
 void CPipeline::WriteActive() const {

@@ -9,6 +9,7 @@
 #include "features/file_list.h"
 #include "features/source_file.h"
 #include "foundation/config_file.h"
+#include "foundation/settings_lines.h"
 #include "foundation/values.h"
 
 namespace quillon {
@@ -90,7 +91,11 @@ public:
     void Clear();
 
     void ReadSettings();
-    void WriteSettings() const;
+    /// What another pipeline of that name (as the pipe route is) has stored meanwhile is taken over first. Skipped if
+    /// the file can't be written.
+    void WriteSettings();
+    /// Takes over what another pipeline of that name has stored, with all that hangs on it; false if nothing.
+    bool FollowStored();
     /// Notes this pipeline as the active one.
     void WriteActive() const;
 
@@ -101,7 +106,8 @@ public:
     void ComputeCorridor();
 
     const std::string& GetPath() const { return path; }
-    void SetPath(std::string_view newPath) { path = newPath; }
+    /// Without a look at the file or its settings.
+    void SetPath(std::string_view newPath);
     const CKPListingArray& GetKpListing() const { return kpListing; }
     /// Whether the interval asks for more labels than are listed: after a million, or where it is lost in the size of
     /// the KPs, the listing ends.
@@ -118,6 +124,7 @@ private:
     std::string path;
     CKPListingArray kpListing;
     bool kpListingCut = false;
+    StoredLines stored;
 };
 
 /// The path that the active pipeline file names; empty if there is none.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "features/corridor_mitre.h"
 #include "features/leg.h"
@@ -128,7 +129,23 @@ void CRoute::AddStubRecord() {
 
 // ---- Saving ----
 
-void CRoute::SaveDrawingOptions() const {
+void CRoute::SaveCorridorOptions() {
+    if (FollowCorridor(GetFiles(), GetName())) ComputeCorridor();
+    SaveCorridor(GetFiles(), GetName());
+}
+
+bool CRoute::FollowStored() {
+    const bool flags = FollowCommon();
+    const bool drawing = FollowDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
+    const bool corridor = FollowCorridor(GetFiles(), GetName());
+    const std::int32_t order = StoredDataOrder(GetFiles(), GetName()).value_or(dataOrder);
+    const bool reordered = std::exchange(dataOrder, order) != order;
+    if (reordered) ReadAgain();
+    if (corridor) ComputeCorridor();
+    return flags || drawing || corridor || reordered;
+}
+
+void CRoute::SaveDrawingOptions() {
     SaveDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
 }
 

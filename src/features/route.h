@@ -34,8 +34,10 @@ public:
     /// What stands in the list for a file of no use: its path and one record of zeros.
     void MakeStub(std::string_view path);
 
-    void SaveDrawingOptions() const;
-    void SaveCorridorOptions() const { SaveCorridor(GetFiles(), GetName()); }
+    void SaveDrawingOptions();
+    /// Takes over what another feature of that name has stored, with all that hangs on it; false if nothing.
+    bool FollowStored();
+    void SaveCorridorOptions();
     void SaveOrder() const { SaveDataOrder(GetFiles(), GetName(), dataOrder); }
     /// Rewrites the data file by the data order, with 3 decimals, and the data order and the flags with it. What the
     /// file holds and the new one can't (lines that were passed over, words beside the fields, further decimals) is

@@ -1,5 +1,7 @@
 #include "features/sail_line.h"
 
+#include <utility>
+
 #include "features/record_reader.h"
 #include "features/route.h"
 #include "foundation/field_scanner.h"
@@ -72,7 +74,16 @@ void CSailLine::MakeStub(std::string_view path) {
     SetStub(true);
 }
 
-void CSailLine::SaveDrawingOptions() const {
+bool CSailLine::FollowStored() {
+    const bool flags = FollowCommon();
+    const bool drawing = FollowDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
+    const std::int32_t order = StoredDataOrder(GetFiles(), GetName()).value_or(dataOrder);
+    const bool reordered = std::exchange(dataOrder, order) != order;
+    if (reordered) ReadAgain();
+    return flags || drawing || reordered;
+}
+
+void CSailLine::SaveDrawingOptions() {
     SaveDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
 }
 

@@ -42,7 +42,9 @@ public:
     /// What stands in the list for a file of no use: its path and one empty record.
     void MakeStub(std::string_view path);
 
-    void SaveDrawingOptions() const;
+    void SaveDrawingOptions();
+    /// Takes over what another feature of that name has stored, with all that hangs on it; false if nothing.
+    bool FollowStored();
     void SaveOrder() const;
 
     std::int32_t dataOrder = 0;

@@ -31,7 +31,7 @@ public:
 
     /// Places the controls in the client area.
     virtual void AdjustLayout() = 0;
-    /// Builds the rows of the property lists anew.
+    /// Brings the rows of the property lists up to date with what the pane edits.
     virtual void RefreshRows() = 0;
     /// Brings all controls up to date with what the pane edits. For a host that has changed it by itself.
     virtual void Refresh() = 0;

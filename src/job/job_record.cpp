@@ -1,14 +1,45 @@
 #include "job/job_record.h"
 
+#include <algorithm>
+#include <array>
 #include <numeric>
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "foundation/folders.h"
 #include "foundation/paths.h"
 #include "job/kinds.h"
+#include "platform/text.h"
 
 namespace quillon {
+namespace {
+
+constexpr std::array<std::string_view, 3> kSettingsExtensions = {"INI", "DRW", "COR"};
+/// What stands behind the name of a data file in the names of its settings files.
+constexpr std::array<std::string_view, 3> kSettingsSuffixes = {"_PIPELINE", "_GRID_WAYPOINT", "_DATA_ORDER"};
+
+/// As it stands in the names of settings files.
+std::string SettingsName(std::string_view name) {
+    std::string settingsName = ToUpper(name);
+    std::replace(settingsName.begin(), settingsName.end(), ' ', '_');
+    return settingsName;
+}
+
+/// The name of the data files whose settings a file may hold; empty if it is no settings file.
+std::string SettingsOwner(const std::string& path) {
+    const tagPathParts parts = SplitPath(path);
+    const bool isSettings = std::any_of(kSettingsExtensions.begin(), kSettingsExtensions.end(),
+                                        [&](std::string_view known) { return EqualNoCase(parts.extension, known); });
+    if (!isSettings) return {};
+    std::string name = SettingsName(parts.name);
+    for (const std::string_view suffix : kSettingsSuffixes) {
+        if (name.ends_with(suffix)) name.resize(name.size() - suffix.size());
+    }
+    return name;
+}
+
+}  // namespace
 
 JobRecord::JobRecord(FileSystem& files)
     : boundaries(files),
@@ -22,10 +53,25 @@ JobRecord::JobRecord(FileSystem& files)
     routes.SetSettingsName("Route List");
     sailLines.SetSettingsName("Sail Line List");
     structures.SetSettingsName("Structure List");
+    files.AddWatcher(*this);
+}
+
+JobRecord::~JobRecord() {
+    routes.GetFiles().RemoveWatcher(*this);
 }
 
 void JobRecord::Load() {
     for (const JobKind& kind : JobKinds()) kind.load(*this);
+}
+
+void JobRecord::OnFileWritten(const std::string& path) {
+    const std::string owner = SettingsOwner(path);
+    if (owner.empty()) return;
+    for (const JobKind& kind : JobKinds()) {
+        for (int i = 0; i < kind.fileCount(*this); ++i) {
+            if (SettingsName(SplitPath(kind.path(*this, i)).name) == owner) kind.followStored(*this, i);
+        }
+    }
 }
 
 std::size_t JobRecord::ClearLeftovers() {

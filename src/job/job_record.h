@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 
 #include "features/boundary.h"
 #include "features/grid_waypoint.h"
@@ -13,9 +14,15 @@ namespace quillon {
 
 /// Everything that a job holds: what a host owns and lends to the panes. It outlives them. What there is of each kind
 /// is asked through the table of kinds, kinds.h.
-struct JobRecord {
+///
+/// Features whose data files have one name share their settings files, and the pipe route shares those of the pipeline
+/// that it is. When one of them stores something the others follow at once.
+struct JobRecord : private FileWatcher {
     /// The lists get their settings names; nothing is read.
     explicit JobRecord(FileSystem& files);
+    ~JobRecord() override;
+    JobRecord(const JobRecord&) = delete;
+    JobRecord& operator=(const JobRecord&) = delete;
 
     /// Reads the list files and all that they name, as a host does at its start.
     void Load();
@@ -30,6 +37,9 @@ struct JobRecord {
     CRouteList routes;
     CSailLineList sailLines;
     CStructureList structures;  ///< with the drawings that serve as shapes
+
+private:
+    void OnFileWritten(const std::string& path) override;
 };
 
 }  // namespace quillon

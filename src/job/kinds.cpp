@@ -100,6 +100,16 @@ CFeatureCommon* CommonOf(JobRecord& job, int file) {
     }
 }
 
+template <class Files>
+bool FollowStored(JobRecord& job, int file) {
+    auto& member = Files::At(job, file);
+    if constexpr (requires { member.FollowStored(); }) {
+        return member.FollowStored();
+    } else {
+        return member.FollowCommon();
+    }
+}
+
 /// A row of the table. The functions are named here once; a kind gives the overloads above and says where its files
 /// are.
 template <class Files>
@@ -117,6 +127,7 @@ constexpr JobKind MakeKind(KIND id, FEATURE_TYPES type, std::string_view name) {
             .report = [](Record job, int file) -> const ReadReport& { return Files::At(job, file).GetReport(); },
             .isDisplayed = [](Record job, int file) { return IsShown(Files::At(job, file)); },
             .look = [](Record job, int file) { return LookOf(Files::At(job, file)); },
+            .followStored = FollowStored<Files>,
             .common = CommonOf<Files>};
 }
 

@@ -46,6 +46,8 @@ struct JobKind {
     const ReadReport& (*report)(const JobRecord& job, int file);
     bool (*isDisplayed)(const JobRecord& job, int file);
     KindLook (*look)(const JobRecord& job, int file);
+    /// Takes over what another feature has stored in settings files that they share; false if nothing.
+    bool (*followStored)(JobRecord& job, int file);
     /// The flags that lie beside the data file; null where the kind keeps none there.
     CFeatureCommon* (*common)(JobRecord& job, int file);
 };

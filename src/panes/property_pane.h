@@ -18,7 +18,9 @@ public:
 
     void InitPropList();
     void AdjustLayout() override;
-    void RefreshRows() override { InitPropList(); }
+    void RefreshRows() override {
+        propertyList.Renew([this] { BuildPropertyRows(); });
+    }
     void Refresh() override;
     virtual LRESULT OnPropertyChanged(WPARAM wParam, CMFCPropertyGridProperty& row);
     void OnSetFocus() override { SetFocusTo(propertyList); }

@@ -150,6 +150,10 @@ std::optional<FileStamp> FileSystem::Stamp(std::string_view path) const {
     return StampOf(status);
 }
 
+void FileSystem::TellWritten(const std::string& path) const {
+    for (FileWatcher* const watcher : watchers) watcher->OnFileWritten(path);
+}
+
 void FileSystem::TellSaveFailed(const FailedSave& failed) const {
     if (commitObserver) commitObserver->OnSaveFailed(failed);
 }
@@ -349,6 +353,7 @@ bool CStdioFile::Commit() {
     }
     stamp = ending->Stamp();
     if (observer) observer->OnCommitted({writtenPath, std::move(before), ending->Bytes()});
+    files.TellWritten(writtenPath);
     return true;
 }
 

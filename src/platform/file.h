@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/name_lookup.h"
 
@@ -32,6 +33,14 @@ public:
     virtual ~CommitObserver() = default;
     virtual void OnCommitted(const FileCommit& commit) = 0;
     virtual void OnSaveFailed(const FailedSave&) {}
+};
+
+/// Told of every file that was replaced, by its path as the writer was given it. On the thread of the writer: who is
+/// told looks at the path alone, unless it is one that only its own thread writes.
+class FileWatcher {
+public:
+    virtual ~FileWatcher() = default;
+    virtual void OnFileWritten(const std::string& path) = 0;
 };
 
 struct FileStamp {
@@ -92,6 +101,11 @@ public:
 
     void SetCommitObserver(CommitObserver* observer) { commitObserver = observer; }
     CommitObserver* Observer() const { return commitObserver; }
+    /// Watchers are told after the observer, in the order of their coming. They come and go while no other thread
+    /// writes.
+    void AddWatcher(FileWatcher& watcher) { watchers.push_back(&watcher); }
+    void RemoveWatcher(FileWatcher& watcher) { std::erase(watchers, &watcher); }
+    void TellWritten(const std::string& path) const;
     /// For a save that is given up before its file is opened for writing.
     void TellSaveFailed(const FailedSave& failed) const;
 
@@ -104,6 +118,7 @@ private:
     std::string commandLine;
     FILE_ACCESS access;
     CommitObserver* commitObserver = nullptr;
+    std::vector<FileWatcher*> watchers;
     FileCalls* calls;
     mutable NameLookup lookup;
 };

@@ -1,5 +1,8 @@
 #include "platform/property_grid.h"
 
+#include <algorithm>
+#include <typeinfo>
+
 #include <charconv>
 
 #include "platform/errors.h"
@@ -73,6 +76,19 @@ void CMFCPropertyGridProperty::OnEdited(RowValue value) {
     SetValue(std::move(value));
 }
 
+bool CMFCPropertyGridProperty::IsLike(const CMFCPropertyGridProperty& other) const {
+    return typeid(*this) == typeid(other) && rowId == other.rowId && rowName == other.rowName &&
+           options == other.options && rowValue.index() == other.rowValue.index() &&
+           std::equal(subItems.begin(), subItems.end(), other.subItems.begin(), other.subItems.end(),
+                      [](const auto& a, const auto& b) { return a->IsLike(*b); });
+}
+
+void CMFCPropertyGridProperty::Follow(const CMFCPropertyGridProperty& fresh) {
+    if (rowValue != fresh.rowValue) SetValue(fresh.rowValue);
+    Show(fresh.shown);
+    for (std::size_t i = 0; i < subItems.size(); ++i) subItems[i]->Follow(*fresh.subItems[i]);
+}
+
 void CMFCPropertyGridProperty::AddOption(std::string_view option) {
     options.emplace_back(option);
 }
@@ -100,7 +116,7 @@ void CMFCPropertyGridProperty::SetLock(bool lock) {
 void CMFCPropertyGridProperty::Show(bool show) {
     if (shown == show) return;
     shown = show;
-    if (owner) owner->Changed(CONTROL_CHANGE::CONTENT);
+    if (owner) owner->Tell(CONTROL_CHANGE::CONTENT);
 }
 
 void CMFCPropertyGridProperty::EnableSpinControl(bool enable, int minimum, int maximum) {
@@ -112,7 +128,7 @@ void CMFCPropertyGridProperty::EnableSpinControl(bool enable, int minimum, int m
 CMFCPropertyGridProperty& CMFCPropertyGridProperty::AddSubItem(std::unique_ptr<CMFCPropertyGridProperty> row) {
     row->SetOwner(owner);
     subItems.push_back(std::move(row));
-    if (owner) owner->Changed(CONTROL_CHANGE::CONTENT);
+    if (owner) owner->Tell(CONTROL_CHANGE::CONTENT);
     return *subItems.back();
 }
 
@@ -122,7 +138,7 @@ CMFCPropertyGridProperty& CMFCPropertyGridProperty::GetSubItem(int index) const 
 }
 
 void CMFCPropertyGridProperty::Redraw() {
-    if (owner) owner->Changed(CONTROL_CHANGE::VALUE);
+    if (owner) owner->Tell(CONTROL_CHANGE::VALUE);
 }
 
 void CMFCPropertyGridProperty::SetOwner(CMFCPropertyGridCtrl* list) {
@@ -138,14 +154,32 @@ CMFCPropertyGridCtrl::~CMFCPropertyGridCtrl() = default;
 void CMFCPropertyGridCtrl::RemoveAll() {
     selected = nullptr;
     rows.clear();
-    Changed(CONTROL_CHANGE::CONTENT);
+    Tell(CONTROL_CHANGE::CONTENT);
 }
 
 CMFCPropertyGridProperty& CMFCPropertyGridCtrl::AddProperty(std::unique_ptr<CMFCPropertyGridProperty> row) {
     row->SetOwner(this);
     rows.push_back(std::move(row));
-    Changed(CONTROL_CHANGE::CONTENT);
+    Tell(CONTROL_CHANGE::CONTENT);
     return *rows.back();
+}
+
+void CMFCPropertyGridCtrl::Tell(CONTROL_CHANGE change) {
+    if (!quiet) Changed(change);
+}
+
+void CMFCPropertyGridCtrl::Renew(const std::function<void()>& build) {
+    auto before = std::exchange(rows, {});
+    CMFCPropertyGridProperty* const selectedBefore = std::exchange(selected, nullptr);
+    quiet = true;
+    build();
+    quiet = false;
+    const bool same = std::equal(before.begin(), before.end(), rows.begin(), rows.end(),
+                                 [](const auto& a, const auto& b) { return a->IsLike(*b); });
+    if (!same) return Tell(CONTROL_CHANGE::CONTENT);
+    rows.swap(before);
+    selected = selectedBefore;
+    for (std::size_t i = 0; i < rows.size(); ++i) rows[i]->Follow(*before[i]);
 }
 
 CMFCPropertyGridProperty& CMFCPropertyGridCtrl::AddGroup(std::string_view name) {
@@ -181,37 +215,37 @@ void CMFCPropertyGridCtrl::EnableHeaderCtrl(bool enable, std::string_view left, 
     header = enable;
     headerLeft = left;
     headerRight = right;
-    Changed(CONTROL_CHANGE::CONTENT);
+    Tell(CONTROL_CHANGE::CONTENT);
 }
 
 void CMFCPropertyGridCtrl::SetVSDotNetLook(bool set) {
     dotNetLook = set;
-    Changed(CONTROL_CHANGE::COLOURS);
+    Tell(CONTROL_CHANGE::COLOURS);
 }
 
 void CMFCPropertyGridCtrl::EnableDescriptionArea(bool enable) {
     descriptionArea = enable;
-    Changed(CONTROL_CHANGE::CONTENT);
+    Tell(CONTROL_CHANGE::CONTENT);
 }
 
 void CMFCPropertyGridCtrl::MarkModifiedProperties(bool mark) {
     markModified = mark;
-    Changed(CONTROL_CHANGE::VALUE);
+    Tell(CONTROL_CHANGE::VALUE);
 }
 
 void CMFCPropertyGridCtrl::SetGroupNameFullWidth(bool set) {
     groupNameFullWidth = set;
-    Changed(CONTROL_CHANGE::CONTENT);
+    Tell(CONTROL_CHANGE::CONTENT);
 }
 
 void CMFCPropertyGridCtrl::SetCustomColors(const PropertyColours& newColours) {
     colours = newColours;
-    Changed(CONTROL_CHANGE::COLOURS);
+    Tell(CONTROL_CHANGE::COLOURS);
 }
 
 void CMFCPropertyGridCtrl::SetCurSel(CMFCPropertyGridProperty* row) {
     selected = row;
-    Changed(CONTROL_CHANGE::SELECTION);
+    Tell(CONTROL_CHANGE::SELECTION);
 }
 
 RowDescription CMFCPropertyGridCtrl::GetDescription() const {

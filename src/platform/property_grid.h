@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -132,10 +133,13 @@ public:
 protected:
     /// Tells the view that the row looks different.
     void Redraw();
+    /// Takes over what a row of its own kind shows.
+    virtual void Follow(const CMFCPropertyGridProperty& fresh);
 
 private:
     friend class CMFCPropertyGridCtrl;
     void SetOwner(CMFCPropertyGridCtrl* list);
+    bool IsLike(const CMFCPropertyGridProperty& other) const;
 
     std::string rowName;
     RowValue rowValue;
@@ -180,6 +184,10 @@ public:
     Row& Add(Arguments&&... arguments) {
         return static_cast<Row&>(AddProperty(std::make_unique<Row>(std::forward<Arguments>(arguments)...)));
     }
+    /// Brings the list up to date with what its rows show: `build` fills the list, empty, as it should be. Where these
+    /// are the same rows as before, those stay, with their locks, the selection and an edit that is open, and show the
+    /// new values; else the new ones take their place.
+    void Renew(const std::function<void()>& build);
     /// Adds a group of that name.
     CMFCPropertyGridProperty& AddGroup(std::string_view name);
     int GetPropertyCount() const { return static_cast<int>(rows.size()); }
@@ -209,6 +217,7 @@ public:
 
 private:
     friend class CMFCPropertyGridProperty;
+    void Tell(CONTROL_CHANGE change);
 
     std::vector<std::unique_ptr<CMFCPropertyGridProperty>> rows;
     CMFCPropertyGridProperty* selected = nullptr;
@@ -220,6 +229,7 @@ private:
     bool descriptionArea = false;
     bool markModified = false;
     bool groupNameFullWidth = false;
+    bool quiet = false;  ///< the rows are being built aside
 };
 
 /// The property list of the panes: it also holds the night flag and the number of the colour scheme in force.

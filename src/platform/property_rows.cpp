@@ -146,6 +146,12 @@ bool CPickerProperty::Accept(const RowValue& candidate) const {
     return false;
 }
 
+void CPickerProperty::Follow(const CMFCPropertyGridProperty& fresh) {
+    CMFCPropertyGridProperty::Follow(fresh);
+    const COLORREF colour = static_cast<const CPickerProperty&>(fresh).drawnIn;
+    if (drawnIn != colour) SetColour(colour);
+}
+
 void CPickerProperty::SetColour(COLORREF newColour) {
     drawnIn = newColour;
     Redraw();

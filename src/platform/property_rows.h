@@ -65,6 +65,7 @@ public:
     void SetColour(COLORREF newColour);
 
 protected:
+    void Follow(const CMFCPropertyGridProperty& fresh) override;
     CPickerProperty(std::string_view name, RowValue value, COLORREF colour, std::string_view description, UINT id);
 
 private:

@@ -72,7 +72,7 @@ TEST_F(FeatureSettings, DrawingOptions) {
         return options;
     };
     CheckFile(drives, "C:\\Data\\Zone 1.DRW", lines, S(), S(), load,
-              [&](const S& s) { s.SaveDrawing(drives, "C:\\Data\\", "Zone 1"); });
+              [&](S s) { s.SaveDrawing(drives, "C:\\Data\\", "Zone 1"); });
     EXPECT_TRUE(options.LoadDrawing(drives, "C:\\Data\\", "Zone 1"));
     EXPECT_FALSE(options.LoadDrawing(drives, "C:\\Data\\", "Zone 2"));
 }
@@ -94,7 +94,7 @@ TEST_F(FeatureSettings, Corridor) {
             corridor.LoadCorridor(drives, "Leg 7");
             return corridor;
         },
-        [&](const S& s) { s.SaveCorridor(drives, "Leg 7"); });
+        [&](S s) { s.SaveCorridor(drives, "Leg 7"); });
 }
 
 TEST_F(FeatureSettings, Waypoints) {

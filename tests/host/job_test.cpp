@@ -5,6 +5,9 @@
 #include <filesystem>
 
 #include "panes/boundary_pane.h"
+#include "panes/pipe_route_pane.h"
+#include "panes/pipeline_pane.h"
+#include "panes/waypoint_pane.h"
 #include "platform/headless.h"
 #include "platform/text.h"
 #include "platform/user_actions.h"
@@ -194,6 +197,43 @@ TEST(SampleJobTest, IsWhole) {
     for (int i = 0; i < job.Record().boundaries.GetCount(); ++i) {
         EXPECT_NE(job.Record().boundaries[i].pen.colour, CDrawingOptions().pen.colour);
     }
+}
+
+/// The rows of a pane follow what another pane does to what they show; locks and selection stay.
+TEST_F(JobTest, RowsFollowWhatOtherPanesStore) {
+    drives.Write("C:\\Job\\Wrecks.csv", "1,2,3\r\n");
+    drives.Write("C:\\MySettings\\Host\\GRID_Waypoints.FLS", "[]\r\nC:\\Job\\Wrecks.csv\r\n");
+    drives.Write("C:\\MySettings\\Host\\Pipelines.FLS", "[]\r\nC:\\Job\\Outer.csv\r\n");
+    drives.Write("C:\\MySettings\\Host\\Active_Pipeline.INI", "Path = C:\\Job\\Outer.csv\r\n");
+    ASSERT_TRUE(platform.Passwords().Set("anchor"));
+    Open();
+    const auto list = [this](UINT id) -> CMFCPropertyGridCtrl& {
+        for (const auto& pane : job->Panes()) {
+            if (pane->GetDlgCtrlID() == id) return dynamic_cast<CPropertyPane&>(*pane).GetPropertyList();
+        }
+        throw std::logic_error("no such pane");
+    };
+    const auto type = [&](UINT pane, UINT row, std::string_view text) {
+        EXPECT_TRUE(user::Type(list(pane), *list(pane).FindItemByData(row), text));
+        platform.Messages().Pump();
+    };
+    const auto row = [&](UINT pane, UINT id) { return list(pane).FindItemByData(id); };
+    const auto plain = CGridWaypointPane::kPlainId, cable = CGridWaypointPane::kCatenaryId;
+    type(cable, WAYPOINT_PASSWORD, "anchor");
+    type(cable, WAYPOINT_TOLERANCE, "100");
+    CMFCPropertyGridProperty* const tolerance = row(cable, WAYPOINT_TOLERANCE);
+    list(cable).SetCurSel(tolerance);
+    type(plain, WAYPOINT_RING_SIZE, "75");
+    EXPECT_EQ(row(cable, WAYPOINT_TOLERANCE), tolerance) << "the row itself stays";
+    EXPECT_EQ(tolerance->FormatProperty(), "    0.0m");
+    EXPECT_FALSE(tolerance->IsLocked());
+    EXPECT_EQ(list(cable).GetCurSel(), tolerance);
+
+    type(CPipelinePane::kTitleId, PIPELINE_COLOUR, "Red");
+    EXPECT_EQ(row(CPipeRoutePane::kTitleId, PIPE_ROUTE_COLOUR)->FormatProperty(), "Red");
+    type(CPipeRoutePane::kTitleId, PIPE_ROUTE_ORDER, "KP, Easting, Northing");
+    EXPECT_EQ(row(CPipelinePane::kTitleId, PIPELINE_ORDER)->FormatProperty(), "KP, Easting, Northing");
+    EXPECT_FALSE(row(CPipeRoutePane::kTitleId, PIPE_ROUTE_START_KP)->IsVisible());
 }
 
 }  // namespace

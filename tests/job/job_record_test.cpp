@@ -125,6 +125,112 @@ TEST_F(JobRecordTest, FollowsTheFilesOnTheDisk) {
     EXPECT_EQ(job.sailLines[0].symbol, 6);
 }
 
+// Two objects over one settings file, each stored by itself: no save takes back what the other has stored.
+TEST_F(JobRecordTest, ASaveKeepsWhatAnotherOwnerOfItsFileStored) {
+    drives.Write("C:\\Other\\A.csv", "1,2,3,4\n5,6,7,8\n");
+    CPipeline line(drives), active(drives);
+    CGridWaypoint wrecks(drives), others(drives);
+    CRoute route(drives);
+    CSailLine sail(drives);
+    CRoute twin(drives);
+    line.Load("C:\\Job\\A.csv");
+    active.Load("C:\\Job\\A.csv");
+    wrecks.Read("C:\\Job\\A.csv");
+    others.Read("C:\\Other\\a.CSV");
+    route.Read("C:\\Job\\A.csv");
+    twin.Read("C:\\Other\\A.csv");
+    sail.Read("C:\\Job\\A.csv");
+
+    line.clearance = 5.0;
+    line.WriteSettings();
+    active.startKp = 7.0004;
+    active.WriteSettings();
+    EXPECT_EQ(active.clearance, 5.0);
+    line.linePen.thickness = 3;
+    line.WriteSettings();
+    EXPECT_EQ(line[1].kp - line[1 - 1].kp, active[1].kp - active[0].kp);
+    EXPECT_EQ(line[0].kp, 7.0) << "what hangs on a value follows with it";
+
+    wrecks.tolerance = 0.0;
+    wrecks.SaveSettings();
+    others.clearance = 1.0;
+    others.SaveSettings();
+    EXPECT_EQ(others.tolerance, 0.0);
+    wrecks.dataOrder = 4;
+    wrecks.SaveSettings();
+    others.SaveSettings();
+    EXPECT_EQ(others[0].height, 3.0) << "read by the new order";
+
+    route.pen.colour = RGB(1, 2, 3);
+    route.SaveDrawingOptions();
+    sail.symbol = 7;
+    sail.SaveDrawingOptions();
+    EXPECT_EQ(sail.pen.colour, RGB(1, 2, 3));
+    route.portWidth = 20.0;
+    route.SaveCorridorOptions();
+    twin.starboardWidth = 30.0;
+    twin.SaveCorridorOptions();
+    EXPECT_EQ(twin.portWidth, 20.0);
+    route.Highlight = true;
+    route.SaveCommon();
+    sail.Status = false;
+    sail.SaveCommon();
+
+    JobRecord job(drives);
+    job.pipelines.Add("C:\\Job\\A.csv");
+    job.waypoints.Add("C:\\Job\\A.csv");
+    job.routes.Add("C:\\Job\\A.csv");
+    EXPECT_EQ(job.pipelines[0].clearance, 5.0);
+    EXPECT_EQ(job.pipelines[0].startKp, 7.0);
+    EXPECT_EQ(job.pipelines[0].linePen.thickness, 3);
+    EXPECT_EQ(job.waypoints[0].tolerance, 0.0);
+    EXPECT_EQ(job.waypoints[0].clearance, 1.0);
+    EXPECT_EQ(job.routes[0].pen.colour, RGB(1, 2, 3));
+    EXPECT_EQ(job.routes[0].symbol, 7);
+    EXPECT_EQ(job.routes[0].portWidth, 20.0);
+    EXPECT_EQ(job.routes[0].starboardWidth, 30.0);
+    EXPECT_TRUE(job.routes[0].Highlight);
+    EXPECT_FALSE(job.routes[0].Status);
+}
+
+// Within a job they follow each other at once.
+TEST_F(JobRecordTest, FeaturesOfOneNameFollowEachOther) {
+    drives.Write("C:\\Other\\A.csv", "1,2,3,4\n5,6,7,8\n");
+    JobRecord job(drives);
+    for (CFileListBase* list : Lists(job)) {
+        list->Add("C:\\Job\\A.csv");
+        list->Add("C:\\Other\\A.csv");
+        list->Add("C:\\Job\\B.csv");
+    }
+    job.pipeRoute.Load("C:\\Job\\A.csv");
+    job.pipeRoute.startKp = 12.0;
+    job.pipeRoute.WriteSettings();
+    EXPECT_EQ(job.pipelines[0][0].kp, 12.0);
+    EXPECT_EQ(job.pipelines[1][0].kp, 12.0);
+    EXPECT_EQ(job.pipelines[2][0].kp, 0.0);
+    job.pipelines[0].dataOrder = 1;
+    job.pipelines[0].WriteSettings();
+    EXPECT_EQ(job.pipeRoute[0].kp, 1.0);
+    job.waypoints[1].ringColour = 5;
+    job.waypoints[1].SaveSettings();
+    EXPECT_EQ(job.waypoints[0].ringColour, 5u);
+    job.sailLines[0].pen.thickness = 9;
+    job.sailLines[0].SaveDrawingOptions();
+    EXPECT_EQ(job.routes[1].pen.thickness, 9);
+    EXPECT_EQ(job.boundaries[0].pen.thickness, 1) << "boundaries keep theirs in a folder of their own";
+    job.boundaries[0].Status = false;
+    job.boundaries[0].SaveCommon();
+    EXPECT_FALSE(job.routes[0].Status);
+    EXPECT_TRUE(job.routes[1].Status) << "flags lie beside the data";
+    job.routes[0].portWidth = 50.0;
+    job.routes[0].SaveCorridorOptions();
+    EXPECT_NE(job.routes[1][0].portCorridorStart, job.routes[1][0].position);
+    job.routes[0].dataOrder = 2;
+    job.routes[0].SaveOrder();
+    EXPECT_EQ(job.routes[1][0].name, "3");
+    EXPECT_EQ(job.routes[2].pen.thickness, 1);
+}
+
 TEST_F(JobRecordTest, ClearsWhatKilledWritersLeft) {
     const std::vector<std::string> leftovers = {"C:\\MySettings\\Host\\Pipelines.FLS.new~",
                                                 "C:\\MyData\\Routes\\A.DRW.new~", "C:\\Job\\A.INI.new~"};

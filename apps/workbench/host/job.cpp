@@ -112,6 +112,7 @@ LRESULT Job::OnMessage(const MSG& message) {
         OnRedraw(message.wParam);
     } else if (message.message == UM_RECOMPUTE_CATENARY_DATA) {
         KeepFlags();
+        RefreshRows();
         clearanceStale = true;
         if (observer) observer->OnClearanceStale();
     } else if (message.message == UM_FEATURE_UPDATE) {
@@ -134,11 +135,18 @@ void Job::OnRedraw(WPARAM point) {
         return;
     }
     KeepFlags();
+    RefreshRows();
     DropPointOfRemovedFile();
     for (const JobKind& kind : JobKinds()) {
         if (CFileListBase* const list = kind.list(record)) list->changed = false;
     }
     if (observer) observer->OnDrawingChanged();
+}
+
+/// What one pane has stored may stand in the rows of another: of the same list, or of a feature that shares its
+/// settings.
+void Job::RefreshRows() {
+    for (const auto& pane : panes) pane->RefreshRows();
 }
 
 void Job::DropPointOfRemovedFile() {
@@ -157,7 +165,7 @@ void Job::KeepFlags() {
     FlagsByPath now;
     for (const JobKind& kind : JobKinds()) {
         for (int i = 0; i < kind.fileCount(record); ++i) {
-            const CFeatureCommon* const common = kind.common(record, i);
+            CFeatureCommon* const common = kind.common(record, i);
             if (!common) break;
             const FlagsByPath::key_type key(kind.id, common->GetPath());
             const Flags read{common->Status, common->Highlight};
