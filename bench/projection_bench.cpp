@@ -183,6 +183,47 @@ void RaceGeographicLib(benchmark::State& state, const ContestDef& contest) {
     });
 }
 
+/// The way back, from the grid positions of the course; it must lead within a micrometre of where they came from. The
+/// Norwegian axes have one axis only where the course is on it.
+void RaceInverse(benchmark::State& state, const ContestDef& contest) {
+    Course course(contest, static_cast<std::size_t>(state.range(0)));
+    course.grid.subtype = contest.type == quillon::NORWEGIAN_AXES ? 2 : course.grid.subtype;
+    course.RunArray();
+    std::vector<double> lats(course.lats.size()), lons(course.lons.size());
+    for (auto _ : state) {
+        course.grid.InverseAll(lats, lons, course.easts, course.norths);
+        benchmark::ClobberMemory();
+    }
+    double worst = 0;
+    for (std::size_t i = 0; i < lats.size(); i++) {
+        const double off = std::hypot(lats[i] - course.lats[i], lons[i] - course.lons[i]) * 6.4e6;
+        if (contest.type != quillon::NORWEGIAN_AXES && std::isfinite(off)) worst = std::max(worst, off);
+    }
+    state.counters["differs_m"] = worst;
+    if (!(worst <= 1e-5)) state.SkipWithError(("differs by " + std::to_string(worst) + " m").c_str());
+    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * lats.size()));
+    state.counters["per_point"] = benchmark::Counter(
+        static_cast<double>(lats.size()), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+void RaceProjInverse(benchmark::State& state, const ContestDef& contest, const char* definition) {
+    Course course(contest, static_cast<std::size_t>(state.range(0)));
+    const std::unique_ptr<PJ, decltype(&proj_destroy)> proj(proj_create(nullptr, definition), proj_destroy);
+    if (!proj) return state.SkipWithError("PROJ does not know the projection");
+    course.RunArray();
+    const std::size_t count = course.lats.size(), stride = sizeof(double);
+    for (auto _ : state) {
+        std::copy(course.easts.begin(), course.easts.end(), course.lons.begin());
+        std::copy(course.norths.begin(), course.norths.end(), course.lats.begin());
+        proj_trans_generic(proj.get(), PJ_INV, course.lons.data(), stride, count, course.lats.data(), stride, count,
+                           nullptr, 0, 0, nullptr, 0, 0);
+        benchmark::ClobberMemory();
+    }
+    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * count));
+    state.counters["per_point"] = benchmark::Counter(
+        static_cast<double>(count), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
 void Register(const ContestDef& contest) {
     const std::string name = contest.name;
     benchmark::RegisterBenchmark((name + "/one").c_str(), [&contest](benchmark::State& state) {
@@ -196,11 +237,19 @@ void Register(const ContestDef& contest) {
                                  })
         ->Arg(1000)
         ->Arg(100000);
+    benchmark::RegisterBenchmark((name + "/inverse_array").c_str(),
+                                 [&contest](benchmark::State& state) { RaceInverse(state, contest); })
+        ->Arg(1000)
+        ->Arg(1000000);
     for (const char* definition : contest.proj) {
         const bool approximate = std::string(definition).find("+approx") != std::string::npos;
         benchmark::RegisterBenchmark(
             (name + (approximate ? "/proj_approx" : "/proj")).c_str(),
             [&contest, definition](benchmark::State& state) { RaceProj(state, contest, definition); })
+            ->Arg(1000);
+        benchmark::RegisterBenchmark(
+            (name + (approximate ? "/inverse_proj_approx" : "/inverse_proj")).c_str(),
+            [&contest, definition](benchmark::State& state) { RaceProjInverse(state, contest, definition); })
             ->Arg(1000);
     }
     if (GeographicLibForward(Course(contest, 0), name)) {

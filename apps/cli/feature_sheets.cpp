@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 #include "features/boundary_columns.h"
 #include "features/grid_waypoint_columns.h"
 #include "features/pipeline_columns.h"
 #include "features/route_columns.h"
+#include "features/rpl_columns.h"
 #include "features/sail_line_columns.h"
 #include "foundation/paths.h"
 #include "platform/display_options.h"
@@ -125,6 +127,24 @@ void FillSheet(Sheet& sheet, const CSailLine& lines) {
     sheet.Choice("data_order", lines.dataOrder, kSailLineOrderTxt);
     PutDrawing(sheet, lines);
     PutTable(sheet, "lines", lines, kSailLineColumns);
+    sheet.Finish();
+}
+
+void FillSheet(Sheet& sheet, const CRPL& rpl) {
+    PutPath(sheet, rpl.GetPath());
+    sheet.Text("form", FormText(rpl.GetForm()));
+    sheet.Kilometres("total_length", rpl.GetLengthKm());
+    sheet.Bool("use", rpl.use);
+    sheet.Int("diameter", rpl.diameter);
+    sheet.Bool("display_corridor", rpl.displayCorridor);
+    sheet.Metres("port_corridor", rpl.portCorridor);
+    sheet.Metres("starboard_corridor", rpl.starboardCorridor);
+    Put(sheet, "corridor_pen", rpl.corridorPen);
+    sheet.Metres("clearance", rpl.clearance);
+    sheet.Metres("tolerance", rpl.tolerance);
+    Put(sheet, "line_pen", rpl.linePen);
+    const std::span<const Column<RPLDef>> columns(kRplColumns);
+    PutTable(sheet, "records", rpl, rpl.HasCorridor() ? columns : columns.first(columns.size() - kRplCorridorColumns));
     sheet.Finish();
 }
 

@@ -4,6 +4,7 @@
 #include "features/grid_waypoint.h"
 #include "features/pipeline.h"
 #include "features/route.h"
+#include "features/rpl.h"
 #include "features/sail_line.h"
 #include "foundation/read_report.h"
 #include "report_sheet.h"
@@ -17,5 +18,6 @@ void FillSheet(Sheet& sheet, const CGridWaypoint& waypoints);
 void FillSheet(Sheet& sheet, const CPipeline& pipeline);
 void FillSheet(Sheet& sheet, const CRoute& route);
 void FillSheet(Sheet& sheet, const CSailLine& lines);
+void FillSheet(Sheet& sheet, const CRPL& rpl);
 
 }  // namespace quillon

@@ -24,6 +24,7 @@ namespace quillon {
 namespace {
 
 constexpr int kDecimals = 4;
+constexpr int kDegreeDecimals = 9;  // a tenth of a millimetre
 constexpr double kHalfUnit = 0.00005;
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
@@ -138,6 +139,52 @@ void PrintPositions(CliContext& context, const GridChoice& choice) {
     });
 }
 
+bool IsAnything(std::span<const double>) {
+    return true;
+}
+
+/// Grid positions become latitudes and longitudes in degrees, NaN outside the grid.
+void ToGeographic(CliContext& context, const CGrid& grid, std::span<double> firsts, std::span<double> seconds,
+                  std::uint64_t firstLine) {
+    std::array<double, NumberLines::kBatch> lats, lons;
+    const std::size_t count = firsts.size();
+    const std::size_t inside = grid.InverseAll(std::span(lats).first(count), lons, firsts, seconds);
+    for (std::size_t i = 0; i < count; ++i) {
+        const bool told = std::isnan(firsts[i]) || inside == count;
+        if (!told && std::isnan(lats[i])) context.err << "line " << firstLine + i << ": outside the grid\n";
+        firsts[i] = lats[i] / kRadiansPerDegree;
+        seconds[i] = std::remainder(lons[i] / kRadiansPerDegree, 360.0);
+    }
+    if (inside < count) context.result = CLI_USELESS;
+}
+
+void AppendDegrees(std::string& text, double degrees) {
+    AppendFixed(text, std::fabs(degrees) < 0.5e-9 ? 0 : degrees, kDegreeDecimals);
+}
+
+void PrintGeographic(CliContext& context, const GridChoice& choice) {
+    CEllipsoid ellipsoid;
+    CGrid grid;
+    ChooseGrid(grid, ellipsoid, choice);
+    if (grid.type == NORWEGIAN_AXES && (choice.subtype < 1 || choice.subtype > 8)) {
+        throw CLI::ValidationError("the Norwegian axes overlap; --subtype names the axis, 1 to 8");
+    }
+    TellOfGrid(context, grid);
+    std::string text;
+    NumberLines lines(context.in, context.err, 2, &IsAnything);
+    lines.Run([&](std::span<const std::span<double>> columns, std::uint64_t firstLine) {
+        ToGeographic(context, grid, columns[0], columns[1], firstLine);
+        text.clear();
+        for (std::size_t i = 0; i < columns[0].size(); ++i) {
+            AppendDegrees(text, columns[0][i]);
+            text += ' ';
+            AppendDegrees(text, columns[1][i]);
+            text += '\n';
+        }
+        context.out << text;
+    });
+}
+
 void PrintGridInfo(CliContext& context, const GridChoice& choice) {
     CEllipsoid ellipsoid;
     CGrid grid;
@@ -217,6 +264,20 @@ void AddGridCommands(CLI::App& app, CliContext& context) {
         "A line without a position on the grid gives \"nan nan\" and is named on stderr; the exit code is then 1.\n\n"
         "Example:\n  echo 52 3 | quillon grid forward --type 0 --zone 31");
     forward.callback([&context, forwardChoice] { PrintPositions(context, *forwardChoice); });
+
+    CLI::App& inverse = *grid.add_subcommand("inverse", "Latitudes and longitudes, a line for each line read");
+    auto inverseChoice = AddGridChoice(inverse);
+    inverse.footer(
+        "Reads what grid forward prints: \"easting northing\" in metres; type 3 (South African Lo) \"westing "
+        "southing\",\n"
+        "type 13 (Norwegian axes) \"northing easting\". Prints \"lat lon\" in decimal degrees, west and south "
+        "negative.\n"
+        "Forward of inverse is the grid position to 0.1 mm. The Norwegian axes overlap, so --subtype must name the "
+        "axis;\n"
+        "their forward form ends as soon as one coordinate is within 1 cm, and so comes back to within 8 cm.\n"
+        "A line outside the grid gives \"nan nan\" and is named on stderr; the exit code is then 1.\n\n"
+        "Example:\n  echo 500000 5761038.2131 | quillon grid inverse --type 0 --zone 31");
+    inverse.callback([&context, inverseChoice] { PrintGeographic(context, *inverseChoice); });
 }
 
 void AddGsbCommand(CLI::App& app, CliContext& context) {

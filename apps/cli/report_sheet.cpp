@@ -15,6 +15,14 @@ std::string ReportText(std::string_view file, const ReadReport& report) {
     if (report.passedOver > report.named.size()) {
         text += Format("  and %zu more\n", report.passedOver - report.named.size());
     }
+    for (const ReadReport::RemarkedLine& line : report.remarked) {
+        text += Format("  line %zu: ", line.number);
+        text += RemarkText(line.remark);
+        text += '\n';
+    }
+    if (report.remarks > report.remarked.size()) {
+        text += Format("  and %zu more that gave less than they asked for\n", report.remarks - report.remarked.size());
+    }
     if (report.labelsCut) text += "  the KP labels end early: the interval asks for too many\n";
     return text;
 }

@@ -14,9 +14,9 @@
 #include "number_option.h"
 #include "platform/text.h"
 #include "shape_command.h"
+#include "sheet.h"
 #include "structure_command.h"
 #include "vessel_command.h"
-#include "sheet.h"
 
 namespace quillon {
 namespace {
@@ -88,6 +88,14 @@ bool Load(CSailLine& lines, const ShowOptions& options) {
     lines.Read(options.Path());
     lines.dataOrder = *options.order;
     return lines.ReadLines();
+}
+
+bool Load(CRPL& rpl, const ShowOptions& options) {
+    rpl.SetPath(options.Path());
+    rpl.ReadSettings();
+    Override(rpl.portCorridor, options.port);
+    Override(rpl.starboardCorridor, options.starboard);
+    return rpl.LoadData(options.Path()) && !rpl.IsEmpty();
 }
 
 /// A file without a usable point prints its report and nothing else.
@@ -162,6 +170,22 @@ void AddBoundary(CLI::App& show, CliContext& context) {
         .footer("Examples:\n  quillon show boundary area.csv\n  quillon show boundary 'C:\\Jobs\\area.csv' --json");
 }
 
+void AddRpl(CLI::App& show, CliContext& context) {
+    const auto options = std::make_shared<ShowOptions>();
+    CLI::App& command =
+        AddKind<CRPL>(show, context, options, "rpl", "Curves, KPs and corridor of a route position list", 0);
+    AddCorridorOptions(command, *options);
+    command.footer(
+        "The first line tells the form: 3 fields easting, northing, radius; 2 fields tangent points; 5 fields an "
+        "alignment\n"
+        "listing. A file named .rlx holds rows of straights and arcs. A curve that can't be becomes a plain corner, "
+        "and the\n"
+        "report names its line.\n\n"
+        "Examples:\n"
+        "  quillon show rpl export-cable.csv\n"
+        "  quillon show rpl export-cable.rlx --port 50 --starboard 75 --json");
+}
+
 std::string WaypointOrders() {
     std::string text = "Data orders:\n";
     for (std::size_t i = 0; i < kWaypointOrders.size(); ++i) {
@@ -216,6 +240,7 @@ void AddShowCommands(CLI::App& app, CliContext& context) {
         "  quillon show pipeline --help");
 
     for (const ShownKind& kind : kShownKinds) kind.add(show, context);
+    AddRpl(show, context);
     AddShowShape(show, context);
     AddShowVessels(show, context);
     AddDrawingKinds(show, context);

@@ -2,6 +2,7 @@
 
 #include "geodesy/batch.h"
 #include "geodesy/formulas.h"
+#include "geodesy/inverse_formulas.h"
 #include "geodesy/lane_math.h"
 
 namespace quillon {
@@ -37,50 +38,85 @@ struct LaneLoops {
                              double* north) {
         const V lats = Load(lat), lons = Load(lon);
         const Mask ordinary = Ordinary(lats, lons);
-        const bool all = M::All(ordinary);
-        const V half = M::Fill(0.5);
-        const auto position =
-            all ? formula(grid, lats, lons) : formula(grid, ordinary ? lats : half, ordinary ? lons : half);
+        const auto position = formula(grid, lats, lons);
         Store(east, position.east);
         Store(north, position.north);
-        for (int i = 0; !all && i < kLanes; i++) {
+        if (M::All(ordinary)) return;
+        for (int i = 0; i < kLanes; i++) {
             if (!ordinary[i]) ForwardByFormula(grid, &east[i], &north[i], lats[i], lons[i]);
+        }
+    }
+
+    template <class F>
+    static void InverseGroup(const CGrid& grid, F formula, const double* east, const double* north, double* lat,
+                             double* lon) {
+        const V easts = Load(east), norths = Load(north), none = M::Fill(__builtin_nan(""));
+        V lats, lons;
+        const Mask found = InverseSearch<M>::Settle(grid, formula, easts, norths, lats, lons);
+        const Mask apart = M::Abs(lats) < kHighestLat;
+        Store(lat, found ? lats : none);
+        Store(lon, found ? lons : none);
+        if (M::All(apart)) return;
+        for (int i = 0; i < kLanes; i++) {
+            if (!apart[i]) InverseByFormula(grid, easts[i], norths[i], &lat[i], &lon[i]);
+        }
+    }
+
+    /// Runs `group(first, second, out1, out2)` over two arrays, kLanes at a time; the last group is filled up with its
+    /// first element.
+    template <class Group>
+    static void ByGroups(const double* first, const double* second, double* out1, double* out2, std::size_t count,
+                         Group group) {
+        std::size_t i = 0;
+        for (; i + kLanes <= count; i += kLanes) group(first + i, second + i, out1 + i, out2 + i);
+        if (i == count) return;
+        double in1[kLanes], in2[kLanes], last1[kLanes], last2[kLanes];
+        for (std::size_t k = 0; k < kLanes; k++) {
+            in1[k] = first[i + k < count ? i + k : i];
+            in2[k] = second[i + k < count ? i + k : i];
+        }
+        group(in1, in2, last1, last2);
+        for (std::size_t k = 0; i + k < count; k++) {
+            out1[i + k] = last1[k];
+            out2[i + k] = last2[k];
         }
     }
 
     static void Forward(const CGrid& grid, const double* lat, const double* lon, double* east, double* north,
                         std::size_t count) {
         WithFormula<M>(grid, [=, &grid](auto formula) {
-            std::size_t i = 0;
-            for (; i + kLanes <= count; i += kLanes) ForwardGroup(grid, formula, lat + i, lon + i, east + i, north + i);
-            if (i == count) return;
-            double lats[kLanes], lons[kLanes], easts[kLanes], norths[kLanes];
-            for (std::size_t k = 0; k < kLanes; k++) {
-                lats[k] = lat[i + k < count ? i + k : i];
-                lons[k] = lon[i + k < count ? i + k : i];
-            }
-            ForwardGroup(grid, formula, lats, lons, easts, norths);
-            for (std::size_t k = 0; i + k < count; k++) {
-                east[i + k] = easts[k];
-                north[i + k] = norths[k];
-            }
+            ByGroups(lat, lon, east, north, count,
+                     [&grid, formula](const double* lats, const double* lons, double* easts, double* norths) {
+                         ForwardGroup(grid, formula, lats, lons, easts, norths);
+                     });
+        });
+    }
+
+    static void Inverse(const CGrid& grid, const double* east, const double* north, double* lat, double* lon,
+                        std::size_t count) {
+        WithFormula<M>(grid, [=, &grid](auto formula) {
+            ByGroups(east, north, lat, lon, count,
+                     [&grid, formula](const double* easts, const double* norths, double* lats, double* lons) {
+                         InverseGroup(grid, formula, easts, norths, lats, lons);
+                     });
         });
     }
 
     /// Pairs that the lanes may take: neither point on the equator to start from, and not twice the same.
-    static bool OrdinaryPair(V lat1, V lon1, V lat2, V lon2) {
+    static Mask OrdinaryPair(V lat1, V lon1, V lat2, V lon2) {
         const Mask different = (lat1 != lat2) | (lon1 != lon2);
-        return !M::Any(~(Apart(lat1, lon1) & Apart(lat2, lon2) & (lat1 != 0.0) & different));
+        return Apart(lat1, lon1) & Apart(lat2, lon2) & (lat1 != 0.0) & different;
     }
 
     static void DistanceGroup(const CEllipsoid& ellipsoid, const double* lat1, const double* lon1, const double* lat2,
                               const double* lon2, double* distances) {
         const V lats1 = Load(lat1), lons1 = Load(lon1), lats2 = Load(lat2), lons2 = Load(lon2);
-        if (OrdinaryPair(lats1, lons1, lats2, lons2)) {
-            Store(distances, RudoeDistance<M>::Between(ellipsoid, lats1, lons1, lats2, lons2));
-            return;
+        const Mask ordinary = OrdinaryPair(lats1, lons1, lats2, lons2);
+        Store(distances, RudoeDistance<M>::Between(ellipsoid, lats1, lons1, lats2, lons2));
+        if (M::All(ordinary)) return;
+        for (int i = 0; i < kLanes; i++) {
+            if (!ordinary[i]) ellipsoid.Distance(lats1[i], lons1[i], lats2[i], lons2[i], &distances[i]);
         }
-        for (int i = 0; i < kLanes; i++) ellipsoid.Distance(lats1[i], lons1[i], lats2[i], lons2[i], &distances[i]);
     }
 
     /// Some vertices of a path, and what the distance wants of each of them, so that both its legs share it.
@@ -144,7 +180,17 @@ struct LaneLoops {
         for (; i + kLanes <= count; i += kLanes) {
             DistanceGroup(ellipsoid, lat1 + i, lon1 + i, lat2 + i, lon2 + i, distances + i);
         }
-        for (; i < count; i++) ellipsoid.Distance(lat1[i], lon1[i], lat2[i], lon2[i], &distances[i]);
+        if (i == count) return;
+        double lats1[kLanes], lons1[kLanes], lats2[kLanes], lons2[kLanes], last[kLanes];
+        for (std::size_t k = 0; k < kLanes; k++) {
+            const std::size_t from = i + k < count ? i + k : i;
+            lats1[k] = lat1[from];
+            lons1[k] = lon1[from];
+            lats2[k] = lat2[from];
+            lons2[k] = lon2[from];
+        }
+        DistanceGroup(ellipsoid, lats1, lons1, lats2, lons2, last);
+        for (std::size_t k = 0; i + k < count; k++) distances[i + k] = last[k];
     }
 };
 

@@ -4,6 +4,7 @@
 
 #include "geodesy/catalogue/ellipsoids.h"
 #include "geodesy/formulas.h"
+#include "geodesy/portable_math.h"
 #include "geodesy/scalar_math.h"
 
 namespace quillon {
@@ -61,7 +62,7 @@ void CEllipsoid::ComputeConstants() {
     oneMinusE2 = 1 - e2;
     ep2 = e2 / oneMinusE2;
     onePlusEp2 = ep2 + 1;
-    polarK = std::sqrt(std::pow(1 + e, 1 + e) * std::pow(1 - e, 1 - e));
+    polarK = e < 1 ? std::sqrt(PortableMath::Power(1 + e, 1 + e) * PortableMath::Power(1 - e, 1 - e)) : 0;
     n = (1 - std::sqrt(oneMinusE2)) / (1 + std::sqrt(oneMinusE2));
 
     const double e4 = e2 * e2, e6 = e4 * e2;
@@ -80,7 +81,7 @@ void CEllipsoid::ComputeConstants() {
 }
 
 double CEllipsoid::MeridianArc(double lat) const {
-    return Formulas<ScalarMath>::MeridianArc(*this, lat, std::sin(lat), std::cos(lat));
+    return Formulas<PortableMath>::MeridianArc(*this, lat, PortableMath::Sin(lat), PortableMath::Cos(lat));
 }
 
 bool CEllipsoid::Distance(double lat1, double lon1, double lat2, double lon2, double* distance) const {

@@ -7,11 +7,14 @@
 #include "geodesy/batch.h"
 #include "geodesy/formulas.h"
 #include "geodesy/norwegian_axes.h"
+#include "geodesy/portable_math.h"
 #include "geodesy/scalar_math.h"
 
 namespace quillon {
 namespace {
 
+using Math = PortableMath;
+using Constants = Formulas<Math>;
 using OnePosition = Formulas<ScalarMath>;
 
 constexpr double kHalfPi = 1.5707963267948966;
@@ -23,6 +26,10 @@ constexpr double kAtThePole = 1e-12;                  // radians: what turning 9
 constexpr double kTurn = 6.283185307179586;
 constexpr double kFarLongitude = 1e6;  // radians: beyond it no turn can be told
 
+double Power4(double x) {
+    return x * x * x * x;
+}
+
 double RootOrZero(double x) {
     return x > 0 ? std::sqrt(x) : 0;
 }
@@ -33,22 +40,22 @@ double RootW(const CEllipsoid& ellipsoid, double sine) {
 }
 
 double IsometricLatitude(const CEllipsoid& ellipsoid, double lat) {
-    return OnePosition::IsometricLatitude(ellipsoid, std::sin(lat), std::cos(lat));
+    return Constants::IsometricLatitude(ellipsoid, Math::Sin(lat), Math::Cos(lat));
 }
 
 double ConformalRatio(const CEllipsoid& ellipsoid, double lat) {
-    return OnePosition::ConformalRatio(ellipsoid, std::sin(lat), std::cos(lat));
+    return Constants::ConformalRatio(ellipsoid, Math::Sin(lat), Math::Cos(lat));
 }
 
 /// Radius of a parallel over a.
 double ParallelRadius(const CEllipsoid& ellipsoid, double lat) {
-    return std::cos(lat) / RootW(ellipsoid, std::sin(lat));
+    return Math::Cos(lat) / RootW(ellipsoid, Math::Sin(lat));
 }
 
 void TakeOrigin(CGrid& grid) {
     const CEllipsoid& ellipsoid = *grid.ellipsoid;
-    grid.sin0 = std::sin(grid.lat0);
-    grid.cos0 = std::cos(grid.lat0);
+    grid.sin0 = Math::Sin(grid.lat0);
+    grid.cos0 = Math::Cos(grid.lat0);
     grid.tan0 = grid.cos0 == 0 ? 0 : grid.sin0 / grid.cos0;
     const double w = RootW(ellipsoid, grid.sin0);
     grid.nu0 = w > 0 ? ellipsoid.a / w : 0;
@@ -95,8 +102,8 @@ void InitLambertSeries(CGrid& grid) {
 /// the same one.
 double ConeConstant(const CGrid& grid) {
     const CEllipsoid& ellipsoid = *grid.ellipsoid;
-    if (grid.lat1 == grid.lat2) return std::sin(grid.lat1);
-    return std::log(ParallelRadius(ellipsoid, grid.lat1) / ParallelRadius(ellipsoid, grid.lat2)) /
+    if (grid.lat1 == grid.lat2) return Math::Sin(grid.lat1);
+    return Math::Log(ParallelRadius(ellipsoid, grid.lat1) / ParallelRadius(ellipsoid, grid.lat2)) /
            (IsometricLatitude(ellipsoid, grid.lat2) - IsometricLatitude(ellipsoid, grid.lat1));
 }
 
@@ -106,12 +113,13 @@ void InitLambertTwoParallels(CGrid& grid) {
     const double m1 = ParallelRadius(ellipsoid, grid.lat1);
     const double t0 = ConformalRatio(ellipsoid, grid.lat0), t1 = ConformalRatio(ellipsoid, grid.lat1);
     grid.W[11] = n;
-    grid.W[13] = ellipsoid.a * m1 / (n * std::pow(t1, n));
-    grid.W[12] = grid.W[13] * std::pow(t0, n);
+    grid.W[13] = ellipsoid.a * m1 / (n * Math::Power(t1, n));
+    grid.W[12] = grid.W[13] * Math::Power(t0, n);
     // The sine of the latitude of origin stands in divisor and factor alike. It is left out of both, so that a grid
     // counted from the equator has a scale there too.
-    grid.k0 =
-        grid.cos0 == 0 || grid.nu0 == 0 ? 1 : std::pow(t0 / t1, grid.sin0) * m1 * ellipsoid.a / (grid.nu0 * grid.cos0);
+    grid.k0 = grid.cos0 == 0 || grid.nu0 == 0
+                  ? 1
+                  : Math::Power(t0 / t1, grid.sin0) * m1 * ellipsoid.a / (grid.nu0 * grid.cos0);
     InitLambertSeries(grid);
 }
 
@@ -121,12 +129,12 @@ void InitLambertStatePlane83(CGrid& grid) {
     auto& W = grid.W;
     W[0] = n;
     W[1] =
-        ellipsoid.a * ParallelRadius(ellipsoid, grid.lat1) * std::exp(n * IsometricLatitude(ellipsoid, grid.lat1)) / n;
-    W[2] = W[1] / std::exp(n * grid.psi0);
+        ellipsoid.a * ParallelRadius(ellipsoid, grid.lat1) * Math::Exp(n * IsometricLatitude(ellipsoid, grid.lat1)) / n;
+    W[2] = W[1] / Math::Exp(n * grid.psi0);
     W[5] = W[2] + grid.FN;
-    const double central = std::asin(n);
-    W[3] = W[1] / std::exp(n * IsometricLatitude(ellipsoid, central));
-    W[6] = std::tan(central);
+    const double central = Math::ArcSine(n);
+    W[3] = W[1] / Math::Exp(n * IsometricLatitude(ellipsoid, central));
+    W[6] = n / Math::Sqrt((1 - n) * (1 + n));
     W[4] = W[5] - W[3];
     grid.k0 = W[6] * RootW(ellipsoid, n) * W[3] / ellipsoid.a;
 }
@@ -136,23 +144,23 @@ void InitObliqueStereographic(CGrid& grid) {
     auto& W = grid.W;
     W[0] = grid.lat0 >= 0 ? 1 : 0;
     W[1] = 2 * std::sqrt(grid.nu0 * grid.rho0) * grid.k0;
-    const double n = std::sqrt(1 + ellipsoid.ep2 * std::pow(grid.cos0, 4));
+    const double n = std::sqrt(1 + ellipsoid.ep2 * Power4(grid.cos0));
     W[2] = n;
-    const double w1 = std::exp(2 * n * grid.psi0);
+    const double w1 = Math::Exp(2 * n * grid.psi0);
     const double sine = (w1 - 1) / (w1 + 1);
     const double c = (n + grid.sin0) * (1 - sine) / ((n - grid.sin0) * (1 + sine));
     W[3] = c;
-    W[4] = std::asin((c * w1 - 1) / (c * w1 + 1));
-    W[5] = std::sin(W[4]);
-    W[6] = std::cos(W[4]);
+    W[4] = Math::ArcSine((c * w1 - 1) / (c * w1 + 1));
+    W[5] = Math::Sin(W[4]);
+    W[6] = Math::Cos(W[4]);
 }
 
 /// Takes the scale from a parallel at which the projection is true.
 void TrueAtParallel(CGrid& grid, double parallel) {
-    const double s = std::sin(parallel), c = std::cos(parallel);
+    const double s = Math::Sin(parallel), c = Math::Cos(parallel);
     const bool north = parallel >= 0;
     grid.W[0] = north ? 1 : 0;
-    grid.W[11] = OnePosition::ConformalRatio(*grid.ellipsoid, north ? s : -s, c);
+    grid.W[11] = Constants::ConformalRatio(*grid.ellipsoid, north ? s : -s, c);
     grid.W[12] = ParallelRadius(*grid.ellipsoid, parallel);
     grid.k0 = grid.W[12] * grid.ellipsoid->polarK / (2 * grid.W[11]);
 }
@@ -191,23 +199,19 @@ void InitStereographic(CGrid& grid) {
     if (grid.subtype == 2) InitPolarStereographic(grid);
 }
 
-double ArcSine(double x) {
-    return std::atan(x / std::sqrt(1 - x * x));
-}
-
 void InitObliqueMercator(CGrid& grid) {
     auto& W = grid.W;
     const double P = W[0], Qc = W[1];
     W[12] = P / Qc;
-    W[11] = ArcSine(P);
-    const double B = std::sqrt(1 + grid.ellipsoid->ep2 * std::pow(grid.cos0, 4));
+    W[11] = Math::ArcSine(P);
+    const double B = std::sqrt(1 + grid.ellipsoid->ep2 * Power4(grid.cos0));
     const double A = std::sqrt(grid.rho0 * grid.nu0) * B;
     const double D = A / (grid.nu0 * grid.cos0);
-    const double C = std::log(std::sqrt(D * D - 1) + D) - B * grid.psi0;
+    const double C = Math::Log(std::sqrt(D * D - 1) + D) - B * grid.psi0;
     W[7] = B;
     W[6] = A;
     W[8] = C;
-    W[10] = grid.lon0 - ArcSine(std::sinh(B * grid.psi0 + C) * P / Qc) / B;
+    W[10] = grid.lon0 - Math::ArcSine(Math::Sinh(B * grid.psi0 + C) * P / Qc) / B;
     W[9] = B / (A * grid.k0);
     // The formula counts from the point where the initial line crosses the aposphere's equator and adds no false
     // origin, so the two fields are free to tell where the origin lies.
@@ -217,7 +221,7 @@ void InitObliqueMercator(CGrid& grid) {
 /// State Plane 1927, Lambert zones: the parameters follow from the plane-coordinate constants.
 void InitLambertTable27(CGrid& grid) {
     auto& W = grid.W;
-    grid.lat0 = std::asin(W[5]);
+    grid.lat0 = Math::ArcSine(W[5]);
     TakeOrigin(grid);
     grid.sin0 = W[5];
     grid.lon0 = W[1] / 3600 * kRadiansPerDegree;
@@ -238,7 +242,8 @@ void InitTransverseMercatorTable27(CGrid& grid) {
     const double k = W[4], Q = W[5];
     grid.k0 = k;
     W[6] = kFeetPerMetre * k;
-    W[7] = std::pow(W[6] / 100000, 3) * Q;
+    const double scaled = W[6] / 100000;
+    W[7] = scaled * scaled * scaled * Q;
     W[8] = 101.2794065 * k;
     W[9] = 60 * W[2] + W[3];
     // These two serve an inverse only.

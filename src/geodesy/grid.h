@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -34,6 +36,12 @@ enum class GRID_AXES {
     NORTHING_EASTING,  ///< Norwegian axes: X north, Y east
 };
 
+/// How the grid lies at one position.
+struct tagGridScale {
+    double convergence = 0;  ///< from true north to grid north, clockwise, radians: true bearing = grid bearing + this
+    double scale = 0;        ///< grid length over true length; the mean of all directions where they differ
+};
+
 /// One grid: a projection of a given type, its parameters, and the constants that follow from them for an ellipsoid.
 /// Angles are radians, lengths metres, unless said otherwise; east longitudes are positive.
 ///
@@ -45,7 +53,7 @@ enum class GRID_AXES {
 ///     grid.Forward(&easting, &northing, lat, lon);
 ///
 /// The derived fields match the parameters only after `Init`. Every setter runs it; whoever writes a parameter field,
-/// or the ellipsoid, runs it himself. There is no inverse.
+/// or the ellipsoid, runs it himself.
 class CGrid {
 public:
     std::int32_t zone = 0;        ///< row of the catalogue family
@@ -145,6 +153,21 @@ public:
     double NearMeridian(double lon) const;
 
     GRID_AXES Axes() const;
+
+    /// Geographic position of a grid one, sought on the formulas themselves until they give the grid position within
+    /// a micrometre: radians, the longitude in the turn of `NearMeridian`. False, and nothing is written, outside the
+    /// grid: where the search doesn't settle, or settles somewhere that the figure of the projection doesn't lead to.
+    ///
+    /// Type 13 needs the axis, as the subtype. Its positions settle fully, so `Forward` gives them back to the
+    /// centimetre at which it ends.
+    bool Inverse(double easting, double northing, double* lat, double* lon) const;
+
+    /// The same for many positions: NaN outside the grid. The count of those inside. As `ForwardAll` in all else.
+    std::size_t InverseAll(std::span<double> latitudes, std::span<double> longitudes, std::span<const double> eastings,
+                           std::span<const double> northings) const;
+
+    /// Convergence and scale by the formulas' own slopes: good to 1e-9. None where they have none.
+    std::optional<tagGridScale> ScaleAt(double lat, double lon) const;
 };
 
 }  // namespace quillon

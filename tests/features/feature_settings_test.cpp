@@ -11,6 +11,7 @@
 #include "features/drawing_options.h"
 #include "features/grid_waypoint.h"
 #include "features/pipeline.h"
+#include "features/rpl.h"
 #include "support/scratch_drives.h"
 
 namespace quillon {
@@ -240,6 +241,44 @@ TEST_F(FeatureSettings, FlagsNeverReplaceTheData) {
     boundary.SaveCommon();
     EXPECT_EQ(drives.Read("C:\\Job\\Zone.ini"), kData);
     EXPECT_FALSE(drives.Exists("C:\\Job\\Zone.INI") && drives.Read("C:\\Job\\Zone.INI") != kData);
+}
+
+TEST_F(FeatureSettings, RoutePositionList) {
+    using S = RPLSettings;
+    const std::vector<SettingsLine<S>> lines = {
+        {"Use = 1", [](S& s) { s.use = true; }},
+        {"Display Corridor = 1", [](S& s) { s.displayCorridor = true; }},
+        {"Port Corridor = 150.250", [](S& s) { s.portCorridor = 150.25; }},
+        {"Stdb Corridor = 75.500", [](S& s) { s.starboardCorridor = 75.5; }},
+        {"Corridor Pen = 255, 2, 3, 65535",
+         [](S& s) {
+             s.corridorPen = {2, 3, 255, kFillSolid};
+         }},
+        {"Pipeline Pen = 8388736, 1, 6, 4",
+         [](S& s) {
+             s.linePen = {1, 6, RGB(128, 0, 128), 4};
+         }},
+        {"Diameter = 36", [](S& s) { s.diameter = 36; }},
+        {"Clearance = 11.500", [](S& s) { s.clearance = 11.5; }},
+        {"Tolerance = 22.750", [](S& s) { s.tolerance = 22.75; }},
+    };
+    S missing;
+    missing.use = false;
+    missing.portCorridor = missing.starboardCorridor = missing.clearance = missing.tolerance = 0.0;
+    missing.corridorPen = missing.linePen = {.style = 0, .thickness = 1, .colour = 0, .fill = 0};
+    CRPL rpl(drives);
+    rpl.SetPath("C:\\Job\\Line A.csv");
+    CheckFile(
+        drives, "C:\\MySettings\\Host\\Line_A_RPL.INI", lines, S(), missing,
+        [&] {
+            rpl.diameter = 77;
+            rpl.ReadSettings();
+            return static_cast<const S&>(rpl);
+        },
+        [&](const S& s) {
+            static_cast<S&>(rpl) = s;
+            rpl.WriteSettings();
+        });
 }
 
 }  // namespace

@@ -1,12 +1,10 @@
+#include "geodesy/grid_figures.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <map>
-#include <sstream>
-#include <string>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -17,64 +15,31 @@
 namespace quillon {
 namespace {
 
-struct Position {
-    double lat, lon, easting, northing;
-};
-
-/// A block of tests/data/geodesy/grids.txt.
-struct Block {
-    std::int32_t type = 0, zone = 0, subtype = 0;
-    double tolerance = 0;
-    std::string source;
-    std::vector<Position> positions;
-};
-
-std::vector<Block> ReadBlocks() {
-    std::ifstream figures(QUILLON_TEST_DATA "/geodesy/grids.txt");
-    std::vector<Block> blocks;
-    for (std::string line; std::getline(figures, line);) {
-        std::istringstream fields(line);
-        std::string key;
-        Position p;
-        if (line.starts_with("row ")) {
-            Block& block = blocks.emplace_back();
-            fields >> key >> block.type >> block.zone >> block.subtype;
-        } else if (line.starts_with("tolerance ")) {
-            fields >> key >> blocks.back().tolerance;
-        } else if (line.starts_with("source ")) {
-            blocks.back().source = line.substr(7);
-        } else if (fields >> p.lat >> p.lon >> p.easting >> p.northing) {
-            blocks.back().positions.push_back(p);
-        }
-    }
-    return blocks;
-}
-
 class GridFigures : public testing::Test {
 protected:
     GridFigures() {
         ellipsoid.SetEllipsoid(CEllipsoid::kWgs84);
         grid.ellipsoid = &ellipsoid;
     }
-    void Choose(const Block& block) {
+    void Choose(const GridFiguresBlock& block) {
         ellipsoid.SetEllipsoid(CEllipsoid::kWgs84);
         ASSERT_TRUE(grid.SetGrid(block.zone, block.type, block.subtype));
     }
-    double Miss(const Position& p) {
+    double Miss(const GridFiguresBlock::Position& p) {
         double easting = 0, northing = 0;
         grid.Forward(&easting, &northing, p.lat * kRadiansPerDegree, p.lon * kRadiansPerDegree);
         return std::hypot(easting - p.easting, northing - p.northing);
     }
 
-    const std::vector<Block> blocks = ReadBlocks();
+    const std::vector<GridFiguresBlock> blocks = ReadGridFigures();
     CEllipsoid ellipsoid;
     CGrid grid;
 };
 
 TEST_F(GridFigures, EveryRowIsWhereTheAuthorityHasIt) {
-    for (const Block& block : blocks) {
+    for (const GridFiguresBlock& block : blocks) {
         Choose(block);
-        for (const Position& p : block.positions) {
+        for (const GridFiguresBlock::Position& p : block.positions) {
             EXPECT_LE(Miss(p), block.tolerance)
                 << grid.name << ' ' << grid.comment << " (type " << block.type << ", zone " << block.zone << ") at "
                 << p.lat << ' ' << p.lon << ": " << block.source;
@@ -85,7 +50,7 @@ TEST_F(GridFigures, EveryRowIsWhereTheAuthorityHasIt) {
 // A row of which nothing is known but its own figures must be on the list.
 TEST_F(GridFigures, OnlyNorwayInZone31HasNoAuthority) {
     std::map<std::pair<std::int32_t, std::int32_t>, std::size_t> compared;
-    for (const Block& block : blocks) compared[{block.type, block.zone}] += block.positions.size();
+    for (const GridFiguresBlock& block : blocks) compared[{block.type, block.zone}] += block.positions.size();
     for (std::int32_t type = 0; type < kGridTypes; ++type) {
         for (std::int32_t zone = 0; zone < kGridFamilySizes[static_cast<std::size_t>(type)]; ++zone) {
             if (type == NORWEGIAN_AXES && zone == 0) continue;
@@ -96,10 +61,10 @@ TEST_F(GridFigures, OnlyNorwayInZone31HasNoAuthority) {
 
 // The array form chooses the formula once for all positions; it must choose the same one.
 TEST_F(GridFigures, ArraysGiveTheSamePositions) {
-    for (const Block& block : blocks) {
+    for (const GridFiguresBlock& block : blocks) {
         Choose(block);
         std::vector<double> lats, lons;
-        for (const Position& p : block.positions) {
+        for (const GridFiguresBlock::Position& p : block.positions) {
             lats.push_back(p.lat * kRadiansPerDegree);
             lons.push_back(p.lon * kRadiansPerDegree);
         }
