@@ -14,9 +14,9 @@
 #include "number_option.h"
 #include "platform/text.h"
 #include "shape_command.h"
+#include "sheet.h"
 #include "structure_command.h"
 #include "vessel_command.h"
-#include "sheet.h"
 
 namespace quillon {
 namespace {
