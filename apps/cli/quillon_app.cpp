@@ -10,6 +10,7 @@
 #include "geodesy_commands.h"
 #include "route_commands.h"
 #include "show_commands.h"
+#include "thin_command.h"
 
 namespace quillon {
 namespace {
@@ -31,6 +32,7 @@ void AddCommands(CLI::App& app, CliContext& context) {
     AddShowCommands(app, context);
     AddRouteCommands(app, context);
     AddDtmCommands(app, context);
+    AddThinCommand(app, context);
     AddAngleCommand(app, context);
     AddGeodesyCommands(app, context);
 }

@@ -41,7 +41,9 @@ void PutGrid(Sheet& sheet, const CGrid& grid) {
 
 void PutReport(Sheet& sheet, const ShapeReport& report) {
     sheet.BeginGroup("report");
+    sheet.Int("records", static_cast<long long>(report.records));
     sheet.Int("taken", static_cast<long long>(report.taken));
+    sheet.Int("passed_over_count", static_cast<long long>(report.records - report.taken));
     sheet.BeginTable("passed_over", static_cast<std::ptrdiff_t>(report.lines.size()));
     for (const ShapeReport::Line& line : report.lines) {
         sheet.BeginRow();

@@ -37,7 +37,7 @@ bool CDbase::ReadColumns(const ShapeFileOpener& opener, int records, ShapeReport
 
 int CDbase::FindColumn(std::string_view column) const {
     const auto found = std::find_if(columns.begin(), columns.end(),
-                                    [column](const std::string& name) { return EqualNoCase(name, column); });
+                                    [column](const std::string& known) { return EqualNoCase(known, column); });
     return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
 }
 

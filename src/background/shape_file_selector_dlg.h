@@ -34,7 +34,7 @@ public:
     /// The chart of this file is chosen when the dialog opens, unless a file list is set.
     void SetFileName(std::string_view name) { fileName = name; }
     /// The files of this list are chosen when the dialog opens. Lent.
-    void SetFileList(const CPathList* list) { fileList = list; }
+    void SetFileList(const CPathList* paths) { fileList = paths; }
     /// What receives the paths of the files chosen. Lent.
     void SetFiles(std::vector<std::string>* files) { result = files; }
 

@@ -85,8 +85,8 @@ std::unique_ptr<DialogView> HeadlessPlatform::ShowDialog(CDialog& dialog) {
 void HeadlessPlatform::WarningMessage(std::string_view text) {
     calls.push_back("warning: " + std::string(text));
 }
-void HeadlessPlatform::InformationBox(std::string_view text) {
-    calls.push_back("information: " + std::string(text));
+void HeadlessPlatform::InformationBox(std::string_view text, std::string_view title) {
+    calls.push_back("information: " + std::string(title) + (title.empty() ? "" : ": ") + std::string(text));
 }
 void HeadlessPlatform::Beep() {
     calls.emplace_back("beep");

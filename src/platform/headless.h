@@ -35,7 +35,7 @@ public:
     void AnswerDialog(std::function<void(CDialog&)> act) { dialogAnswers.push_back(std::move(act)); }
 
     /// Every question and message shown, in order: "files: <title>", "folder: <title>", "dialog: <title>",
-    /// "warning: <text>", "information: <text>", "beep".
+    /// "warning: <text>", "information: <text>" with "<title>: " ahead of the text if it has one, "beep".
     const std::vector<std::string>& Calls() const { return calls; }
     const std::vector<FileQuestion>& FileQuestions() const { return fileQuestions; }
 
@@ -47,7 +47,7 @@ public:
     /// An answer prepared as empty is a cancel.
     bool ChooseFolder(std::string_view title, std::string& folder) override;
     void WarningMessage(std::string_view text) override;
-    void InformationBox(std::string_view text) override;
+    void InformationBox(std::string_view text, std::string_view title) override;
     void Beep() override;
     std::string ClipboardText() const override { return clipboard; }
     void SetClipboardText(std::string_view text) override { clipboard = text; }

@@ -72,7 +72,7 @@ public:
     /// The folder chosen, without a separator at its end. `folder` is where the choice opens.
     virtual bool ChooseFolder(std::string_view title, std::string& folder) = 0;
     virtual void WarningMessage(std::string_view text) = 0;
-    virtual void InformationBox(std::string_view text) = 0;
+    virtual void InformationBox(std::string_view text, std::string_view title = {}) = 0;
     virtual void Beep() = 0;
 
     virtual std::string ClipboardText() const = 0;

@@ -10,10 +10,16 @@
 #include <ostream>
 #include <random>
 #include <set>
+#include <thread>
 
+#include "background/load_shape.h"
+#include "background/load_thread.h"
 #include "background/path_lengths.h"
 #include "background/shape_file_list.h"
 #include "foundation/angle_units.h"
+#include "frame/messages.h"
+#include "platform/headless.h"
+#include "platform/user_actions.h"
 #include "support/scratch_drives.h"
 #include "support/shape_bytes.h"
 
@@ -209,6 +215,26 @@ TEST_F(Shape, StopsWhenTheLoadIsCancelled) {
     EXPECT_EQ(drives.Read("C:\\Charts\\coast.INI"), "(none)");
 }
 
+// The worker stops at whatever record it is, and nothing of it outlives the shape.
+TEST_F(Shape, QuitsAtAnyMoment) {
+    ShapeBytes many(SHAPE_POLYLINE);
+    for (int i = 0; i < 3000; ++i) many.AddPaths(SHAPE_POLYLINE, {ShapeBytes::Path(20, {5.0 + i * 1e-3, 60})});
+    drives.Write("C:\\Charts\\many.shp", many.Shp());
+    drives.Write("C:\\Charts\\many.shx", many.Shx());
+    HeadlessPlatform platform(drives.Root());
+    CWnd window(platform);
+    std::mt19937 random(4);
+    for (int i = 0; i < 20; ++i) {
+        CShape shape(drives);
+        shape.SetPath("C:\\Charts\\many.shp");
+        LoadProgress shared;
+        CLoadThread thread(window, UM_SHAPE_THREAD, shared, [&](LoadProgress& work) { return LoadShape(shape, work); });
+        ASSERT_TRUE(thread.Resume());
+        const std::uint64_t stop = random() % 4000;
+        while (i % 4 != 0 && shared.GetPosition() < std::min<std::uint64_t>(stop, 3000)) std::this_thread::yield();
+    }
+}
+
 TEST_F(Shape, LengthsAreThoseOfTheLegsOneByOne) {
     std::mt19937_64 random(9);
     std::uniform_real_distribution<double> step(-0.1, 0.1);
@@ -262,6 +288,21 @@ TEST_F(Shape, ListsKeepWhatLoadedAndRecordWhatWasAdded) {
     // A load that was stopped leaves nothing.
     EXPECT_FALSE(LoadShapeFile("C:\\Charts\\coast", again, [](CShape&) { return false; }));
     EXPECT_EQ(again.shapes.size(), 1U);
+}
+
+TEST_F(Shape, LoadsBehindAWindow) {
+    WriteCoast();
+    HeadlessPlatform platform(drives.Root());
+    CShapeFileList list(platform.Files());
+    platform.AnswerDialog([](CDialog&) {});
+    EXPECT_TRUE(LoadShapeFile("C:\\Charts\\coast.shp", list, LoadShapeInWindow(platform)));
+    EXPECT_EQ(list.shapes[0]->records.size(), 3U);
+    platform.AnswerDialog([](CDialog&) {});
+    EXPECT_FALSE(LoadShapeFile("C:\\Charts\\none.shp", list, LoadShapeInWindow(platform))) << "it ends by itself";
+    platform.AnswerDialog([](CDialog& dialog) { user::Dismiss(dialog); });
+    EXPECT_FALSE(LoadShapeFile("C:\\Charts\\coast.shp", list, LoadShapeInWindow(platform)));
+    EXPECT_EQ(platform.Calls().back(), "dialog: Loading Shape File coast.........");
+    EXPECT_EQ(list.shapes.size(), 1U);
 }
 
 /// What GDAL 3.6.2 makes of real files: ogrinfo, and ST_Length(geometry, 1) of its SQLite dialect.

@@ -35,8 +35,9 @@ TEST_F(ShowShape, PrintsHeadProjectionAndReport) {
                    "\"ellipsoid\": {\"name\": \"WGS84\", \"a\": 6378137, \"inverse_flattening\": 298.257223563}, "
                    "\"grid\": {\"name\": "));
     EXPECT_THAT(run.out, HasSubstr("\"null_records\": 1, \"total_length\": 14"));
-    EXPECT_THAT(run.out, HasSubstr("\"report\": {\"taken\": 1, \"passed_over\": [\n"
-                                   "{\"line\": 2, \"reason\": \"a null record\"}\n]}, \"units\": {"));
+    EXPECT_THAT(run.out,
+                HasSubstr("\"report\": {\"records\": 2, \"taken\": 1, \"passed_over_count\": 1, \"passed_over\": [\n"
+                          "{\"line\": 2, \"reason\": \"a null record\"}\n]}, \"units\": {"));
     EXPECT_EQ(run.err, "C:\\Charts\\coast.shp: 2 records, 1 taken\n  record 2: a null record\n");
     EXPECT_EQ(run.code, CLI_OK);
     EXPECT_EQ(drives.Read("C:\\Charts\\coast.INI"), "(none)") << "looking at a file writes none";

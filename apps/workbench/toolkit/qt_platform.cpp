@@ -172,9 +172,10 @@ bool QtPlatform::ChooseFiles(const FileQuestion& question, std::vector<std::stri
     return true;
 }
 
-void QtPlatform::ShowBox(bool warning, std::string_view text) {
-    QMessageBox box(warning ? QMessageBox::Warning : QMessageBox::Information, ToQString(Files().CommandLine()),
-                    ToQString(text), QMessageBox::Ok, DialogParent());
+void QtPlatform::ShowBox(bool warning, std::string_view text, std::string_view title) {
+    QMessageBox box(warning ? QMessageBox::Warning : QMessageBox::Information,
+                    title.empty() ? ToQString(Files().CommandLine()) : ToQString(title), ToQString(text),
+                    QMessageBox::Ok, DialogParent());
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }
@@ -183,8 +184,8 @@ void QtPlatform::WarningMessage(std::string_view text) {
     ShowBox(true, text);
 }
 
-void QtPlatform::InformationBox(std::string_view text) {
-    ShowBox(false, text);
+void QtPlatform::InformationBox(std::string_view text, std::string_view title) {
+    ShowBox(false, text, title);
 }
 
 void QtPlatform::Beep() {

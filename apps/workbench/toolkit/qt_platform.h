@@ -34,7 +34,7 @@ public:
     bool ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) override;
     bool ChooseFolder(std::string_view title, std::string& folder) override;
     void WarningMessage(std::string_view text) override;
-    void InformationBox(std::string_view text) override;
+    void InformationBox(std::string_view text, std::string_view title) override;
     void Beep() override;
     std::string ClipboardText() const override;
     void SetClipboardText(std::string_view text) override;
@@ -63,7 +63,7 @@ private:
     void ArmTimer();
     QWidget* DialogParent() const;
     std::string LastFolder() const;
-    void ShowBox(bool warning, std::string_view text);
+    void ShowBox(bool warning, std::string_view text, std::string_view title = {});
 
     QtProfile profile;
     Waker waker;
