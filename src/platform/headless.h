@@ -47,7 +47,7 @@ public:
     /// An answer prepared as empty is a cancel.
     bool ChooseFolder(std::string_view title, std::string& folder) override;
     void WarningMessage(std::string_view text) override;
-    void InformationBox(std::string_view text, std::string_view title) override;
+    void InformationBox(std::string_view text, std::string_view title = {}) override;
     void Beep() override;
     std::string ClipboardText() const override { return clipboard; }
     void SetClipboardText(std::string_view text) override { clipboard = text; }

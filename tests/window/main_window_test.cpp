@@ -159,7 +159,7 @@ TEST_F(MainWindowTest, TheTableIsInSightOnASmallScreen) {
     EXPECT_GE(table.viewport()->height(), 4 * table.rowHeight(0));
     EXPECT_EQ(run.Dock().widget()->rect().bottom(), table.geometry().bottom());
     int columns = 0;
-    const CFeaturePane& routes = *run.job.PaneOf(FEATURE_TYPES::ROUTE);
+    auto& routes = dynamic_cast<CFeaturePane&>(*run.job.PaneOf(KIND::ROUTE));
     for (int i = 0; i < routes.GetTable().GetColumnCount(); ++i) columns += routes.GetTable().GetColumn(i).width;
     EXPECT_EQ(routes.GetTable().GetColumnCount(), 5);
     EXPECT_LE(columns, table.viewport()->width());
