@@ -1,13 +1,13 @@
 // The first byte chooses between an RLX file and the forms that the first line tells. Whatever follows: no point of a
-// record is missing, not finite or at 0, 0, and KPs never fall along the route.
+// record is missing or not finite, no corner at 0, 0, and KPs never fall along the route.
 
 #include "feature_fuzz.h"
 #include "features/rpl.h"
 
 namespace {
 
-bool IsPlace(quillon::tagXY at) {
-    return std::isfinite(at.x) && std::isfinite(at.y) && fuzz::IsPosition(at);
+bool IsFinite(quillon::tagXY at) {
+    return std::isfinite(at.x) && std::isfinite(at.y);
 }
 
 }  // namespace
@@ -24,8 +24,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::Require(report.remarks <= 2 * report.lines);
     double kp = 0.0;
     for (const quillon::RPLDef& record : rpl) {
-        fuzz::Require(IsPlace(record.position) && IsPlace(record.curveStart) && IsPlace(record.curveEnd));
-        fuzz::Require(IsPlace(record.centre) && std::isfinite(record.range) && std::isfinite(record.arcLength));
+        fuzz::Require(IsFinite(record.position) && (record.IsCurve() || fuzz::IsPosition(record.position)));
+        // What is worked out may lie anywhere, 0, 0 among it.
+        fuzz::Require(IsFinite(record.curveStart) && IsFinite(record.curveEnd) && IsFinite(record.centre));
+        fuzz::Require(std::isfinite(record.range) && std::isfinite(record.arcLength));
         fuzz::Require(!rpl.HasCorridor() ||
                       (std::isfinite(record.portCorridorEnd.x) && std::isfinite(record.starboardCorridorStart.y)));
         fuzz::Require(!(record.radius < 0.0) && (record.radius > 0.0) == record.IsCurve());

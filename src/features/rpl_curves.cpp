@@ -249,7 +249,7 @@ void ComputeCurvesFromTangents(std::span<RPLDef> records, std::span<const std::u
         exit = record.curveEnd;
         if (!CurveFromTangents(before, records[i - 1], record, records[i + 1].curveStart)) {
             remarks.Add(i, LINE_REMARK::NO_CURVE);
-            MakePlain(record, Middle(record.curveStart, record.curveEnd));
+            MakePlain(record, CornerBetween(record.curveStart, record.curveEnd));
         } else if (!MeetsItsEnd(record)) {
             remarks.Add(i, LINE_REMARK::ARC_MISSES_END);
         }

@@ -32,6 +32,11 @@ inline tagXY Offset(tagXY from, double bearing, double range) {
 inline tagXY Middle(tagXY a, tagXY b) {
     return {a.x + 0.5 * (b.x - a.x), a.y + 0.5 * (b.y - a.y)};
 }
+/// Where a plain corner stands between two places: in their middle, but for 0, 0, which stands for no position.
+inline tagXY CornerBetween(tagXY a, tagXY b) {
+    const tagXY middle = Middle(a, b);
+    return middle == tagXY() ? b : middle;
+}
 
 /// Brought into 0 to 2 pi.
 inline double WithinTurn(double angle) {

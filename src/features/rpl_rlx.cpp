@@ -118,7 +118,7 @@ private:
     /// knows better.
     void TakePlain(const Row& row) {
         const double chord = Range(row.start, row.end);
-        RPLDef& record = Append(Middle(row.start, row.end));
+        RPLDef& record = Append(CornerBetween(row.start, row.end));
         record.kp = record.curveStartKp = record.curveEndKp = kp + chord / 2000.0;
         kp += chord / 1000.0;
         if (chord >= kTouch) bearing = WithinTurn(std::remainder(2 * Bearing(row.start, row.end) - bearing, kTwoPi));
