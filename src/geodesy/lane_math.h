@@ -29,6 +29,10 @@ struct LaneMath {
     static Value Fill(double x) { return Value{} + x; }
     static Mask Bits(Value x) { return __builtin_bit_cast(Mask, x); }
     static Value FromBits(Mask x) { return __builtin_bit_cast(Value, x); }
+    /// A sum of bits that may run over: the bits of what is no number are summed like any others.
+    static Mask Sum(Mask a, Mask b) {
+        return __builtin_bit_cast(Mask, __builtin_bit_cast(Unsigned, a) + __builtin_bit_cast(Unsigned, b));
+    }
 
     static Value Abs(Value x) { return FromBits(Bits(x) & 0x7fffffffffffffff); }
 
@@ -78,15 +82,15 @@ struct LaneMath {
         p = 0.00019841269874820626 + r * (0.000024801587325547741 + r * (2.7557255400206424e-6 + r * p));
         p = 0.0083333333333261351 + r * (0.0013888888888883748 + r * p);
         p = 0.5 + r * (0.16666666666666670991 + r * (0.041666666666666669755 + r * p));
-        return FromBits(Bits(1.0 + (r + r * r * p)) + (Bits(shifted) << 52));
+        return FromBits(Sum(Bits(1.0 + (r + r * r * p)), Bits(shifted) << 52));
     }
 
     /// For finite x above 0, denormals left out.
     static Value Log(Value x) {
         // The mantissa comes to lie between sqrt(1/2) and sqrt(2): one more in the exponent from sqrt(2) on.
-        const Unsigned raised = __builtin_bit_cast(Unsigned, Bits(x) + (0x3ff0000000000000 - 0x3fe6a09e667f3bcd));
+        const Unsigned raised = __builtin_bit_cast(Unsigned, Bits(x)) + (0x3ff0000000000000u - 0x3fe6a09e667f3bcdu);
         const Mask exponent = __builtin_bit_cast(Mask, raised >> 52);
-        const Value m = FromBits(Bits(x) - ((exponent - 1023) << 52));
+        const Value m = FromBits(Sum(Bits(x), (1023 - exponent) << 52));
         const Value k = FromBits(exponent + kRounderBits) - (kRounder + 1023.0);
         const Value f = m - 1.0;
         const Value s = f / (m + 1.0);
