@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 #include "foundation/angle_rows.h"
 #include "foundation/angle_units.h"
@@ -136,7 +137,6 @@ void CStructurePane::InitPropList(std::string_view path, bool force) {
 }
 
 void CStructurePane::BuildPropertyRows() {
-    sizeX = sizeY = scaleFactor = nullptr;
     const CStructure* const file = CurrentFile();
     if (shownPath.empty() || !file) {
         GetPropertyList().Add<CMFCPropertyGridTitleProperty>("No Files Selected");
@@ -175,13 +175,22 @@ void CStructurePane::BuildShapeRows(const StructureDef& structure) {
     for (const auto& shape : list->Shapes()) file.AddOption(NameOfPath(shape->fileName));
     file.AllowEdit(false);
     const tagXY size = list->ShapeSize(structure);
-    sizeX = &group.Add<CMFCPropertyGridDouble>("X (Units)", size.x, "%10.2lf", "Width of Shape", 0u);
-    sizeY = &group.Add<CMFCPropertyGridDouble>("Y (Units)", size.y, "%10.2lf", "Width of Shape", 0u);
+    auto& x = group.Add<CMFCPropertyGridDouble>("X (Units)", size.x, "%10.2lf", "Width of Shape", 0u);
+    auto& y = group.Add<CMFCPropertyGridDouble>("Y (Units)", size.y, "%10.2lf", "Width of Shape", 0u);
     group.Add<CMFCPropertyGridDouble>("Length", structure.length, "%10.2lf",
                                       "Required length of the longest side of the Structure", STRUCTURE_LENGTH);
-    scaleFactor = &group.Add<CMFCPropertyGridDouble>("Scale Factor", list->ScaleFactor(structure), "%16.8lf",
-                                                     "Scale Factor to change Shape Units int Real World Units", 0u);
-    for (CMFCPropertyGridProperty* const row : {sizeX, sizeY, scaleFactor}) row->AllowEdit(false);
+    auto& scale = group.Add<CMFCPropertyGridDouble>("Scale Factor", list->ScaleFactor(structure), "%16.8lf",
+                                                    "Scale Factor to change Shape Units int Real World Units", 0u);
+    for (CMFCPropertyGridProperty* const row : std::initializer_list<CMFCPropertyGridProperty*>{&x, &y, &scale}) {
+        row->AllowEdit(false);
+    }
+}
+
+/// Rows without an id are known by their place.
+void CStructurePane::SetShapeRow(SHAPE_ROW row, double value) {
+    constexpr int kShapeGroup = 2;
+    if (GetPropertyList().GetPropertyCount() <= kShapeGroup) return;
+    GetPropertyList().GetProperty(kShapeGroup).GetSubItem(row).SetValue(value);
 }
 
 void CStructurePane::SetRow(UINT id, RowValue value) {
@@ -204,13 +213,13 @@ void CStructurePane::UpdatePosition() {
 
 void CStructurePane::UpdateShape() {
     const StructureDef* const structure = CurrentStructure();
-    if (!structure || !scaleFactor) return;
+    if (!structure) return;
     SetRow(STRUCTURE_SHAPE, structure->shape);
     const tagXY size = list->ShapeSize(*structure);
-    sizeX->SetValue(size.x);
-    sizeY->SetValue(size.y);
+    SetShapeRow(SHAPE_X, size.x);
+    SetShapeRow(SHAPE_Y, size.y);
     SetRow(STRUCTURE_LENGTH, structure->length);
-    scaleFactor->SetValue(list->ScaleFactor(*structure));
+    SetShapeRow(SHAPE_SCALE, list->ScaleFactor(*structure));
     view.Invalidate();
 }
 

@@ -79,6 +79,9 @@ public:
 private:
     void BuildPropertyRows() override;
     void BuildStructureRows(const StructureDef& structure);
+    /// Places of the rows in the group "Shape" that have no reaction and so no id.
+    enum SHAPE_ROW { SHAPE_X = 1, SHAPE_Y = 2, SHAPE_SCALE = 4 };
+    void SetShapeRow(SHAPE_ROW row, double value);
     void BuildShapeRows(const StructureDef& structure);
     bool StoreRow(CMFCPropertyGridProperty& row) override;
     void SaveFile(std::uint8_t save) override;
@@ -106,9 +109,6 @@ private:
     CStructureList* list = nullptr;
     std::string shownPath;
     std::string lastName;
-    CMFCPropertyGridProperty* sizeX = nullptr;  ///< rows without a reaction; null without rows
-    CMFCPropertyGridProperty* sizeY = nullptr;
-    CMFCPropertyGridProperty* scaleFactor = nullptr;
 };
 
 }  // namespace quillon
