@@ -56,6 +56,11 @@ bool CAngleRow::Accept(const RowValue& candidate) const {
     return number && std::isfinite(*number);
 }
 
+std::string CAngleRow::WhyRefused(std::string_view text) const {
+    if (text.find(',') != std::string_view::npos) return "Type a point, not a comma, before the decimals.";
+    return "That is no angle of this kind.";
+}
+
 double CMFCPropertyGridAngleProperty::FromDegrees(double degrees) const {
     const double radians = degrees * kRadiansPerDegree;
     return GetAngleType() == ANGLE_ZENITH ? kHalfPi - radians : radians;

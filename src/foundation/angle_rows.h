@@ -16,6 +16,7 @@ public:
     std::string FormatProperty() const override;
     bool Parse(std::string_view text, RowValue& parsed) const override;
     bool Accept(const RowValue& candidate) const override;
+    std::string WhyRefused(std::string_view text) const override;
 
 protected:
     /// The value in radians, and the value that so many degrees are.

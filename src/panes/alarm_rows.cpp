@@ -1,5 +1,7 @@
 #include "panes/alarm_rows.h"
 
+#include "panes/row_values.h"
+
 namespace quillon {
 namespace {
 
@@ -16,10 +18,15 @@ bool CAlarmRows::IsPasswordWanted() const {
 
 CMFCPropertyGridProperty& CAlarmRows::Build(double clearance, double tolerance, std::string_view toleranceDescription) {
     auto& alarm = list.AddGroup("Anchor Cable Alarm");
-    alarm.Add<CMFCPropertyGridDouble>("Clearance", clearance, "%7.1lfm",
-                                      "WARNING if cable gets close than this distance", ids.clearance);
-    alarm.Add<CMFCPropertyGridDouble>("Tolerance", tolerance, "%7.1lfm", toleranceDescription, ids.tolerance);
-    Lock(IsPasswordWanted());
+    alarm
+        .Add<CMFCPropertyGridDouble>("Clearance", clearance, "%7.1lfm",
+                                     "WARNING if cable gets close than this distance", ids.clearance)
+        .SetRange(kMetresRange);
+    alarm.Add<CMFCPropertyGridDouble>("Tolerance", tolerance, "%7.1lfm", toleranceDescription, ids.tolerance)
+        .SetRange(kMetresRange);
+    const bool lock = IsPasswordWanted();
+    Lock(lock);
+    if (!lock) list.GetOwner().KillTimer(kRelockTimer);
     return alarm;
 }
 
@@ -37,7 +44,7 @@ void CAlarmRows::OnPassword(const CMFCPropertyGridProperty& row) {
 
 void CAlarmRows::OnTimer(UINT timer) {
     if (timer != kRelockTimer) return;
-    Lock(true);
+    Lock(IsPasswordWanted());
     list.GetOwner().KillTimer(kRelockTimer);
 }
 

@@ -9,9 +9,12 @@ void BuildCorridorRows(CMFCPropertyGridCtrl& list, const CorridorRowIds& ids, co
     auto& corridor = list.AddGroup("Corridor");
     corridor.Add<CMFCPropertyGridProperty>("Display", values.display,
                                            "Determine whether to display Corridor either side of route", ids.display);
-    corridor.Add<CMFCPropertyGridDouble>("Port Width", values.portWidth, "%7.1lfm", widthDescription, ids.portWidth);
-    corridor.Add<CMFCPropertyGridDouble>("Starboard Width", values.starboardWidth, "%7.1lfm", widthDescription,
-                                         ids.starboardWidth);
+    corridor.Add<CMFCPropertyGridDouble>("Port Width", values.portWidth, "%7.1lfm", widthDescription, ids.portWidth)
+        .SetRange(kMetresRange);
+    corridor
+        .Add<CMFCPropertyGridDouble>("Starboard Width", values.starboardWidth, "%7.1lfm", widthDescription,
+                                     ids.starboardWidth)
+        .SetRange(kMetresRange);
     corridor.Add<CMFCPropertyGridFillStyleProperty>(values.fill, values.colour, ids.fill);
     corridor.Add<CMFCPropertyGridPrimaryColourProperty>("Colour", values.colour, kPaletteCount,
                                                         "Specifies the pen colour of the Corridor", ids.colour);

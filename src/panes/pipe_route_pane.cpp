@@ -86,13 +86,15 @@ void CPipeRoutePane::BuildPropertyRows() {
 
     auto& kp = GetPropertyList().AddGroup("K.P.");
     kp.Add<CMFCPropertyGridDouble>("Start KP", route->startKp, "%7.3lf", "KP at the first co-ordinates ",
-                                   PIPE_ROUTE_START_KP);
+                                   PIPE_ROUTE_START_KP)
+        .SetRange(kKpRange);
     kp.Add<CMFCPropertyGridProperty>("Increasing KP", route->increasingKps, "Increasing or decreasing KPs",
                                      PIPE_ROUTE_INCREASING);
     kp.Add<CMFCPropertyGridProperty>("Label KPs", route->labelKps, "Label KPs along route on graphic display",
                                      PIPE_ROUTE_LABEL_KPS);
     kp.Add<CMFCPropertyGridDouble>("KP Interval", route->kpInterval, "%7.3lf", "Interval to label KPs ",
-                                   PIPE_ROUTE_INTERVAL);
+                                   PIPE_ROUTE_INTERVAL)
+        .SetRange(kKpIntervalRange);
     AdjustStartKp();
 }
 

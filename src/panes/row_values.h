@@ -11,6 +11,13 @@
 
 namespace quillon {
 
+/// Widths, clearances, tolerances, sizes: what is larger was mistyped.
+inline constexpr NumberRange kMetresRange{0, 100'000};
+inline constexpr NumberRange kNauticalMilesRange{0, 100};
+/// Between KP labels, in km.
+inline constexpr NumberRange kKpIntervalRange{0, 10'000};
+inline constexpr NumberRange kKpRange{-100'000, 100'000};
+
 /// Takes a row's value into a member; false if the member had it. Whole numbers of any width are held by a row as 32
 /// bits.
 template <class Member>

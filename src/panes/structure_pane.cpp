@@ -177,8 +177,10 @@ void CStructurePane::BuildShapeRows(const StructureDef& structure) {
     const tagXY size = list->ShapeSize(structure);
     auto& x = group.Add<CMFCPropertyGridDouble>("X (Units)", size.x, "%10.2lf", "Width of Shape", 0u);
     auto& y = group.Add<CMFCPropertyGridDouble>("Y (Units)", size.y, "%10.2lf", "Width of Shape", 0u);
-    group.Add<CMFCPropertyGridDouble>("Length", structure.length, "%10.2lf",
-                                      "Required length of the longest side of the Structure", STRUCTURE_LENGTH);
+    group
+        .Add<CMFCPropertyGridDouble>("Length", structure.length, "%10.2lf",
+                                     "Required length of the longest side of the Structure", STRUCTURE_LENGTH)
+        .SetRange(kMetresRange);
     auto& scale = group.Add<CMFCPropertyGridDouble>("Scale Factor", list->ScaleFactor(structure), "%16.8lf",
                                                     "Scale Factor to change Shape Units int Real World Units", 0u);
     for (CMFCPropertyGridProperty* const row : std::initializer_list<CMFCPropertyGridProperty*>{&x, &y, &scale}) {

@@ -108,8 +108,10 @@ void CGridWaypointPane::BuildRingRows(const CGridWaypoint& waypoints) {
         .Add<CMFCPropertyGridInteger>("Number of Rings", waypoints.ringCount, "", "Number of Range rings to display",
                                       WAYPOINT_RING_COUNT)
         .EnableSpinControl(true, 0, kMostRings);
-    rings.Add<CMFCPropertyGridDouble>("Ring Size", waypoints.ringSizeMetres, "%4.0lfm", "Ring size in metres",
-                                      WAYPOINT_RING_SIZE);
+    rings
+        .Add<CMFCPropertyGridDouble>("Ring Size", waypoints.ringSizeMetres, "%4.0lfm", "Ring size in metres",
+                                     WAYPOINT_RING_SIZE)
+        .SetRange(kMetresRange);
     rings.Add<CMFCPropertyGridPrimaryColourProperty>("Ring Colour", waypoints.ringColour, kPaletteCount,
                                                      "Specifies the pen color of the range rings",
                                                      WAYPOINT_RING_COLOUR);

@@ -8,12 +8,14 @@
 #include <memory>
 
 #include "platform/platform.h"
+#include "platform/text.h"
 
 namespace quillon {
 namespace {
 
 constexpr std::string_view kSection = "Password";
 constexpr std::string_view kKey = "Hash";
+constexpr std::string_view kWrongKey = "Wrong";
 
 constexpr const char* kMethod = "$y$";
 /// 16 MB and some 30 ms for each guess; the operator doesn't notice, a list of guesses does.
@@ -37,6 +39,14 @@ std::string HashOf(std::string_view text, const char* setting) {
     return result;
 }
 
+/// How long the entry after so many wrong ones must wait.
+Clock::Time WaitAfter(int wrong) {
+    if (wrong < kFreeEntries) return Clock::Time{0};
+    Clock::Time wait = kFirstWait;
+    for (int i = kFreeEntries; i < wrong && wait < kLongestWait; ++i) wait *= 2;
+    return std::min<Clock::Time>(wait, kLongestWait);
+}
+
 /// In a time that doesn't tell how far two hashes agree.
 bool AreEqual(std::string_view a, std::string_view b) {
     if (a.size() != b.size()) return false;
@@ -47,7 +57,10 @@ bool AreEqual(std::string_view a, std::string_view b) {
 
 }  // namespace
 
-PasswordLock::PasswordLock(Profile& lockProfile, const Clock& lockClock) : profile(lockProfile), clock(lockClock) {}
+PasswordLock::PasswordLock(Profile& lockProfile, const Clock& lockClock) : profile(lockProfile), clock(lockClock) {
+    wrongInARow = std::max(0, profile.GetInt(kSection, kWrongKey, 0));
+    waitUntil = clock.Now() + WaitAfter(wrongInARow);
+}
 
 bool PasswordLock::IsPasswordPresent() const {
     return !profile.GetText(kSection, kKey, "").empty();
@@ -59,35 +72,41 @@ bool PasswordLock::Set(std::string_view text) {
     const std::string hash = salt ? HashOf(text, salt.get()) : std::string();
     if (hash.empty()) return false;
     profile.SetText(kSection, kKey, hash);
-    wrongInARow = 0;
-    waitUntil = Clock::Time{0};
+    SetWrong(0);
     return true;
 }
 
 void PasswordLock::Clear() {
     profile.SetText(kSection, kKey, "");
-    wrongInARow = 0;
-    waitUntil = Clock::Time{0};
+    SetWrong(0);
 }
 
 PASSWORD_ANSWER PasswordLock::Check(std::string_view text) {
     const std::string kept = profile.GetText(kSection, kKey, "");
     if (kept.empty()) return PASSWORD_ANSWER::WRONG;
-    if (wrongInARow >= kFreeEntries && clock.Now() < waitUntil) return PASSWORD_ANSWER::WAIT;
+    if (clock.Now() < waitUntil) return PASSWORD_ANSWER::WAIT;
     const std::string hash = HashOf(text, kept.c_str());
     if (hash.empty() || !AreEqual(hash, kept)) {
-        CountWrong();
+        SetWrong(wrongInARow + 1);
         return PASSWORD_ANSWER::WRONG;
     }
-    wrongInARow = 0;
+    SetWrong(0);
     return PASSWORD_ANSWER::RIGHT;
 }
 
-void PasswordLock::CountWrong() {
-    ++wrongInARow;
-    Clock::Time wait = kFirstWait;
-    for (int i = kFreeEntries; i < wrongInARow && wait < kLongestWait; ++i) wait *= 2;
-    waitUntil = clock.Now() + std::min<Clock::Time>(wait, kLongestWait);
+std::string PasswordLock::Complaint(PASSWORD_ANSWER answer) const {
+    if (answer == PASSWORD_ANSWER::RIGHT) return {};
+    const Clock::Time left = std::max(waitUntil - clock.Now(), Clock::Time{0});
+    const auto seconds = static_cast<int>(std::chrono::ceil<std::chrono::seconds>(left).count());
+    if (answer == PASSWORD_ANSWER::WAIT) return Format("Too many wrong passwords. Wait for %d s.", seconds);
+    if (seconds > 0) return Format("Wrong password. Wait for %d s before the next.", seconds);
+    return "Wrong password.";
+}
+
+void PasswordLock::SetWrong(int count) {
+    if (count != wrongInARow) profile.SetInt(kSection, kWrongKey, count);
+    wrongInARow = count;
+    waitUntil = clock.Now() + WaitAfter(count);
 }
 
 }  // namespace quillon

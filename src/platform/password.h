@@ -19,7 +19,8 @@ enum class PASSWORD_ANSWER {
 /// other copy is made. A password is taken by its bytes as they are given.
 ///
 /// Guessing is slowed down: after three wrong entries in a row the next is not looked at for 2 s, and each further
-/// wrong one doubles that, up to 5 minutes. The waiting is on the clock of the platform and ends with the program.
+/// wrong one doubles that, up to 5 minutes. The waiting is on the clock of the platform. The profile keeps the count of
+/// wrong entries, so that a new start of the program only begins the last wait anew.
 class PasswordLock {
 public:
     PasswordLock(Profile& profile, const Clock& clock);
@@ -30,9 +31,11 @@ public:
     void Clear();
     /// WRONG where no password is set.
     PASSWORD_ANSWER Check(std::string_view text);
+    /// What to tell the operator of an answer, with the seconds left to wait; empty for RIGHT.
+    std::string Complaint(PASSWORD_ANSWER answer) const;
 
 private:
-    void CountWrong();
+    void SetWrong(int count);
 
     Profile& profile;
     const Clock& clock;

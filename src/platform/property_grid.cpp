@@ -72,6 +72,12 @@ bool CMFCPropertyGridProperty::Accept(const RowValue& candidate) const {
     return false;
 }
 
+std::string CMFCPropertyGridProperty::WhyRefused(std::string_view) const {
+    if (!GetChoices().empty()) return "Choose one of the values offered.";
+    if (spin) return Format("Type a whole number from %d to %d.", spinMinimum, spinMaximum);
+    return std::holds_alternative<std::int32_t>(rowValue) ? "Type a whole number." : "This value can't be kept.";
+}
+
 void CMFCPropertyGridProperty::OnEdited(RowValue value) {
     SetValue(std::move(value));
 }
@@ -141,6 +147,10 @@ void CMFCPropertyGridProperty::Redraw() {
     if (owner) owner->Tell(CONTROL_CHANGE::VALUE);
 }
 
+void CMFCPropertyGridProperty::Refuse(std::string reason) {
+    if (owner) owner->Refuse(*this, std::move(reason));
+}
+
 void CMFCPropertyGridProperty::SetOwner(CMFCPropertyGridCtrl* list) {
     owner = list;
     for (const auto& row : subItems) row->SetOwner(list);
@@ -153,6 +163,7 @@ CMFCPropertyGridCtrl::~CMFCPropertyGridCtrl() = default;
 
 void CMFCPropertyGridCtrl::RemoveAll() {
     selected = nullptr;
+    refusal.clear();
     rows.clear();
     Tell(CONTROL_CHANGE::CONTENT);
 }
@@ -244,13 +255,27 @@ void CMFCPropertyGridCtrl::SetCustomColors(const PropertyColours& newColours) {
 }
 
 void CMFCPropertyGridCtrl::SetCurSel(CMFCPropertyGridProperty* row) {
+    if (row != selected) refusal.clear();
     selected = row;
     Tell(CONTROL_CHANGE::SELECTION);
 }
 
 RowDescription CMFCPropertyGridCtrl::GetDescription() const {
     if (!selected) return {};
+    if (!refusal.empty()) return {selected->GetName(), refusal, true};
     return {selected->GetName(), selected->GetDescription()};
+}
+
+void CMFCPropertyGridCtrl::Refuse(CMFCPropertyGridProperty& row, std::string reason) {
+    selected = &row;
+    refusal = std::move(reason);
+    Tell(CONTROL_CHANGE::SELECTION);
+}
+
+void CMFCPropertyGridCtrl::ClearRefusal() {
+    if (refusal.empty()) return;
+    refusal.clear();
+    Tell(CONTROL_CHANGE::SELECTION);
 }
 
 }  // namespace quillon

@@ -52,6 +52,7 @@ class CMFCPropertyGridProperty;
 struct RowDescription {
     std::string name;
     std::string text;
+    bool refusal = false;  ///< the text says why the last entry was not taken
 };
 
 /// A row of a property list, or a group of rows. Its id comes back with the change notification; 0 stands for a row
@@ -98,6 +99,8 @@ public:
     virtual bool Parse(std::string_view text, RowValue& parsed) const;
     /// Whether the operator may set this value now.
     virtual bool Accept(const RowValue& candidate) const;
+    /// Why typed text is no value of this row, in a sentence for the operator.
+    virtual std::string WhyRefused(std::string_view text) const;
     /// The operator has set this value, which the row accepted. Keeps it.
     virtual void OnEdited(RowValue value);
 
@@ -133,6 +136,8 @@ public:
 protected:
     /// Tells the view that the row looks different.
     void Redraw();
+    /// Tells the operator why an entry was of no use.
+    void Refuse(std::string reason);
     /// Takes over what a row of its own kind shows.
     virtual void Follow(const CMFCPropertyGridProperty& fresh);
 
@@ -214,6 +219,10 @@ public:
     CMFCPropertyGridProperty* GetCurSel() const { return selected; }
     void SetCurSel(CMFCPropertyGridProperty* row);
     RowDescription GetDescription() const;
+    /// The row didn't take what was typed: it becomes the selected one, and the description tells the reason until
+    /// another row is selected or an entry is taken.
+    void Refuse(CMFCPropertyGridProperty& row, std::string reason);
+    void ClearRefusal();
 
 private:
     friend class CMFCPropertyGridProperty;
@@ -221,6 +230,7 @@ private:
 
     std::vector<std::unique_ptr<CMFCPropertyGridProperty>> rows;
     CMFCPropertyGridProperty* selected = nullptr;
+    std::string refusal;
     PropertyColours colours;
     std::string headerLeft;
     std::string headerRight;

@@ -100,7 +100,19 @@ bool CMFCPropertyGridDouble::Parse(std::string_view text, RowValue& parsed) cons
 }
 
 bool CMFCPropertyGridDouble::Accept(const RowValue& candidate) const {
-    return IsFinite(candidate);
+    if (!IsFinite(candidate)) return false;
+    const double number = std::get<double>(candidate);
+    return !range || (number >= range->minimum && number <= range->maximum);
+}
+
+std::string CMFCPropertyGridDouble::WhyRefused(std::string_view text) const {
+    RowValue parsed;
+    if (Parse(text, parsed) && range) {
+        const std::string unit(Trim(TakeApart(numberFormat).after));
+        return Format("Type a number from %g%s to %g%s.", range->minimum, unit.c_str(), range->maximum, unit.c_str());
+    }
+    if (text.find(',') != std::string_view::npos) return "Type a point, not a comma, before the decimals.";
+    return "That is no number.";
 }
 
 CMFCPropertyGridInteger::CMFCPropertyGridInteger(std::string_view name, std::int32_t value, std::string_view,
@@ -250,8 +262,10 @@ bool CMFCPropertyGridPasswordProperty::Accept(const RowValue& candidate) const {
 
 void CMFCPropertyGridPasswordProperty::OnEdited(RowValue value) {
     auto& text = std::get<std::string>(value);
-    right = passwords.Check(text) == PASSWORD_ANSWER::RIGHT;
+    const PASSWORD_ANSWER answer = passwords.Check(text);
     ::explicit_bzero(text.data(), text.size());
+    right = answer == PASSWORD_ANSWER::RIGHT;
+    if (!right) Refuse(passwords.Complaint(answer));
     Redraw();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "platform/display_options.h"
 #include "platform/property_grid.h"
 
@@ -22,6 +24,12 @@ public:
         : CMFCPropertyGridProperty(name, value, description, id) {}
 };
 
+/// The numbers that a row takes, bounds included.
+struct NumberRange {
+    double minimum;
+    double maximum;
+};
+
 /// A number shown in a printf format such as "%7.1lfm". What is typed may carry the unit or not; any other text, and
 /// numbers that are not finite, are refused: "1,5" must not become 1.
 class CMFCPropertyGridDouble : public CMFCPropertyGridProperty {
@@ -32,9 +40,13 @@ public:
     std::string FormatProperty() const override;
     bool Parse(std::string_view text, RowValue& parsed) const override;
     bool Accept(const RowValue& candidate) const override;
+    std::string WhyRefused(std::string_view text) const override;
+    /// Without a range every finite number is taken. A stored value beyond it is shown as it is.
+    void SetRange(const NumberRange& taken) { range = taken; }
 
 private:
     std::string numberFormat;
+    std::optional<NumberRange> range;
 };
 
 /// A whole number, with bounds where it has a spin control. The edit mask, its template and the valid characters are
@@ -134,7 +146,8 @@ public:
 };
 
 /// A row into which the password is typed. The row checks it, and neither shows nor keeps it; every entry is told to
-/// the owner, who asks whether it was the right one.
+/// the owner, who asks whether it was the right one. The description tells the operator of a wrong one, and how long to
+/// wait after too many.
 class CMFCPropertyGridPasswordProperty : public CMFCPropertyGridProperty {
 public:
     CMFCPropertyGridPasswordProperty(Platform& platform, UINT id);

@@ -60,6 +60,7 @@ void ClickAt(CView& view, tagPOINT pixel) {
 bool Edit(CMFCPropertyGridCtrl& list, CMFCPropertyGridProperty& row, RowValue value) {
     if (!CanUse(list)) return false;
     if (row.IsLocked() || !row.IsEnabled() || !row.IsVisible() || !row.Accept(value)) return false;
+    list.ClearRefusal();
     row.OnEdited(std::move(value));
     list.GetOwner().SendMessage(AFX_WM_PROPERTY_CHANGED, list.GetDlgCtrlID(), reinterpret_cast<LPARAM>(&row));
     return true;
@@ -70,7 +71,9 @@ bool Type(CMFCPropertyGridCtrl& list, CMFCPropertyGridProperty& row, std::string
         if (choice.text == text) return Edit(list, row, std::move(choice.value));
     }
     RowValue parsed;
-    return row.IsAllowEdit() && row.Parse(text, parsed) && Edit(list, row, std::move(parsed));
+    if (row.IsAllowEdit() && row.Parse(text, parsed) && Edit(list, row, std::move(parsed))) return true;
+    list.Refuse(row, row.WhyRefused(text));
+    return false;
 }
 
 void Accept(CDialog& dialog) {

@@ -35,7 +35,8 @@ void ClickAt(CView& view, tagPOINT pixel);
 /// disabled, hidden or doesn't take the value. An equal value is told all the same: what it means is the owner's
 /// affair.
 bool Edit(CMFCPropertyGridCtrl& list, CMFCPropertyGridProperty& row, RowValue value);
-/// The same from typed text, or from the text of an offered choice.
+/// The same from typed text, or from the text of an offered choice. What the row doesn't take is told in the
+/// description of the list, with the reason.
 bool Type(CMFCPropertyGridCtrl& list, CMFCPropertyGridProperty& row, std::string_view text);
 
 /// Return in a dialog, where no control takes it: what the button IDOK does, if there is one that can be pressed.

@@ -136,6 +136,12 @@ TEST_F(PipelinePaneTest, ThePasswordOpensTheAlarmForOneMinute) {
     EXPECT_TRUE(isOpen());
     platform->Advance(1ms);
     EXPECT_FALSE(isOpen());
+
+    EXPECT_EQ(Pick(PIPELINE_PASSWORD, "deep water"), Texts());
+    platform->Passwords().Clear();
+    pane->RefreshRows();
+    platform->Advance(60000ms);
+    EXPECT_TRUE(isOpen()) << "the time of a password that is gone locks nothing";
 }
 
 class PipeRoutePaneTest : public PipelineFixture {

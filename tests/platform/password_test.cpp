@@ -63,6 +63,7 @@ TEST_F(Password, RefusesWhatItCannotKeepWhole) {
 TEST_F(Password, StaysLockedOnADamagedHash) {
     for (const char* damaged : {"x", "$y$", "$y$j9T$", "*0", "anchor", "$y$j9T$TXQuks5hNiVXc1SwzXc2Z0$"}) {
         profile.SetText("Password", "Hash", damaged);
+        profile.SetInt("Password", "Wrong", 0);
         PasswordLock damagedLock(profile, clock);
         EXPECT_TRUE(damagedLock.IsPasswordPresent());
         EXPECT_EQ(damagedLock.Check("anchor"), WRONG) << damaged;
@@ -85,6 +86,19 @@ TEST_F(Password, SlowsGuessingDown) {
     EXPECT_EQ(lock.Check("x"), WRONG);
     EXPECT_EQ(lock.Check("x"), WRONG);
     EXPECT_EQ(lock.Check("anchor"), RIGHT) << "a right one starts the count anew";
+}
+
+TEST_F(Password, TheWaitOutlivesARestart) {
+    ASSERT_TRUE(lock.Set("anchor"));
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(lock.Check("x"), WRONG);
+    clock.Advance(seconds(2));
+    EXPECT_EQ(lock.Check("x"), WRONG);
+    PasswordLock restarted(profile, clock);
+    EXPECT_EQ(restarted.Check("anchor"), WAIT);
+    EXPECT_EQ(restarted.Complaint(WAIT), "Too many wrong passwords. Wait for 4 s.");
+    clock.Advance(seconds(4));
+    EXPECT_EQ(restarted.Check("anchor"), RIGHT);
+    EXPECT_EQ(PasswordLock(profile, clock).Check("anchor"), RIGHT);
 }
 
 TEST_F(Password, ForgetsTheWaitingWithTheOldPassword) {

@@ -94,6 +94,36 @@ TEST_F(PropertyRows, NumbersAreTypedWithOrWithoutTheirUnit) {
     EXPECT_TRUE(user::Edit(pane.list, row, 5.0));
 }
 
+TEST_F(PropertyRows, TheReasonOfARefusalStandsInTheDescription) {
+    auto& width = Add<CMFCPropertyGridDouble>("Width", -3.0, "%7.1lfm", "Of the corridor", 1);
+    width.SetRange({0, 100'000});
+    auto& rings = Add<CMFCPropertyGridInteger>("Rings", 3, "", "", 2);
+    rings.EnableSpinControl(true, 0, 10);
+    auto& shown = Add<CMFCPropertyGridProperty>("Display", true, "", 3u);
+    const struct {
+        CMFCPropertyGridProperty& row;
+        const char* text;
+        const char* reason;
+    } rows[] = {{width, "-0.1", "Type a number from 0m to 100000m."},
+                {width, "1e6", "Type a number from 0m to 100000m."},
+                {width, "1,5", "Type a point, not a comma, before the decimals."},
+                {width, "wide", "That is no number."},
+                {rings, "11", "Type a whole number from 0 to 10."},
+                {shown, "maybe", "Choose one of the values offered."}};
+    for (const auto& typed : rows) {
+        EXPECT_EQ(Type(typed.row, typed.text), "(refused)") << typed.text;
+        EXPECT_EQ(pane.list.GetDescription().name, typed.row.GetName());
+        EXPECT_EQ(pane.list.GetDescription().text, typed.reason);
+        EXPECT_TRUE(pane.list.GetDescription().refusal);
+    }
+    EXPECT_EQ(width.FormatProperty(), "   -3.0m") << "a stored value is shown as it is";
+    pane.list.SetCurSel(&width);
+    EXPECT_EQ(pane.list.GetDescription().text, "Of the corridor");
+    Type(width, "-1");
+    EXPECT_EQ(Type(width, "100000"), "100000.0m");
+    EXPECT_EQ(pane.list.GetDescription().text, "Of the corridor");
+}
+
 TEST_F(PropertyRows, WholeNumbersKeepTheBoundsOfTheSpinControl) {
     auto& row = Add<CMFCPropertyGridInteger>("Rings", 3, "", "", 2);
     EXPECT_EQ(Type(row, "2147483647"), "2147483647");
@@ -239,14 +269,17 @@ TEST_F(PropertyRows, ThePasswordRowChecksAndKeepsNothing) {
     EXPECT_FALSE(row.IsPasswordOk());
     EXPECT_EQ(Type(row, "cable"), "");
     EXPECT_FALSE(row.IsPasswordOk());
+    EXPECT_EQ(pane.list.GetDescription().text, "Wrong password.");
     EXPECT_EQ(Type(row, "anchor"), "");
     EXPECT_TRUE(row.IsPasswordOk());
+    EXPECT_FALSE(pane.list.GetDescription().refusal);
     EXPECT_EQ(row.GetValue(), RowValue(std::string()));
     EXPECT_FALSE(row.IsModified());
     EXPECT_EQ(Type(row, ""), "(refused)");
     for (int i = 0; i < 3; ++i) Type(row, "cable");
     EXPECT_EQ(Type(row, "anchor"), "") << "told to the owner like any other entry";
     EXPECT_FALSE(row.IsPasswordOk()) << "too soon";
+    EXPECT_EQ(pane.list.GetDescription().text, "Too many wrong passwords. Wait for 2 s.");
     platform.Advance(std::chrono::seconds(2));
     Type(row, "anchor");
     EXPECT_TRUE(row.IsPasswordOk());

@@ -97,9 +97,15 @@ TEST_F(QtPlatformTest, BoxesShowTheTextAsItIs) {
     platform->WarningMessage("Requires a <b>file</b> name");
 }
 
-TEST_F(QtPlatformTest, TheProfileOutlivesTheRun) {
+TEST_F(QtPlatformTest, TheProfileOutlivesTheRunAndIsTheUsersAlone) {
+    using std::filesystem::perms;
+    const auto others = [this] {
+        return std::filesystem::status(folder / "profile.ini").permissions() & (perms::group_all | perms::others_all);
+    };
+    EXPECT_EQ(others(), perms::none);
     platform->GetProfile().SetInt("Workspace\\BasePane-7", "IsVisible", 1);
     platform.reset();
+    EXPECT_EQ(others(), perms::none);
     QtPlatform next(folder, folder / "profile.ini");
     EXPECT_EQ(next.GetProfile().GetInt("Workspace\\BasePane-7", "IsVisible", -1), 1);
 }

@@ -112,6 +112,7 @@ void PropertyListBinding::paintEvent(QPaintEvent*) {
     painter.drawText(QRect(room.left(), room.top(), room.width(), line), Qt::AlignLeft | Qt::AlignVCenter,
                      QFontMetrics(bold).elidedText(ToQString(description.name), Qt::ElideRight, room.width()));
     painter.setFont(font());
+    if (description.refusal) painter.setPen(WarningOn(ground));
     painter.drawText(room.adjusted(0, line + 1, 0, 0), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
                      ToQString(description.text));
 }

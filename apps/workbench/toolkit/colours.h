@@ -26,6 +26,11 @@ inline QColor Mix(const QColor& a, const QColor& b, double share) {
     return QColor(part(a.red(), b.red()), part(a.green(), b.green()), part(a.blue(), b.blue()));
 }
 
+/// Text that tells of something gone wrong; 4.5 to 1 and more against grounds of day and night.
+inline QColor WarningOn(const QColor& ground) {
+    return IsDark(ground) ? QColor(236, 124, 108) : QColor(160, 20, 16);
+}
+
 /// The selection's colours on a ground: the blue of the buttons, dimmed at night.
 struct SelectionColours {
     QColor ground;

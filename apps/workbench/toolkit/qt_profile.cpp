@@ -1,5 +1,9 @@
 #include "toolkit/qt_profile.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "toolkit/text_edge.h"
 
 namespace quillon {
@@ -13,7 +17,9 @@ QString KeyOf(std::string_view section, std::string_view key) {
 }  // namespace
 
 QtProfile::QtProfile(const std::filesystem::path& file)
-    : settings(QString::fromStdString(file.string()), QSettings::IniFormat) {}
+    : settings(QString::fromStdString(file.string()), QSettings::IniFormat) {
+    KeepPrivate();
+}
 
 int QtProfile::GetInt(std::string_view section, std::string_view key, int missing) const {
     const QString name = KeyOf(section, key);
@@ -27,6 +33,16 @@ void QtProfile::SetInt(std::string_view section, std::string_view key, int value
 std::string QtProfile::GetText(std::string_view section, std::string_view key, std::string_view missing) const {
     const QString name = KeyOf(section, key);
     return settings.contains(name) ? FromQString(settings.value(name).toString()) : std::string(missing);
+}
+
+void QtProfile::KeepPrivate() const {
+    const std::filesystem::path file = settings.fileName().toStdString();
+    std::error_code failed;
+    std::filesystem::create_directories(file.parent_path(), failed);
+    const int made = ::open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (made < 0) return;  // the settings will tell
+    ::fchmod(made, S_IRUSR | S_IWUSR);
+    ::close(made);
 }
 
 void QtProfile::SetText(std::string_view section, std::string_view key, std::string_view value) {

@@ -10,7 +10,7 @@ namespace quillon {
 /// The profile in a text file of its own, in sections. A value is in the file at the latest when the program goes.
 class QtProfile : public Profile {
 public:
-    /// The file and its folder are made when the first value is set.
+    /// The file and its folder are made where they are missing.
     explicit QtProfile(const std::filesystem::path& file);
 
     int GetInt(std::string_view section, std::string_view key, int missing) const override;
@@ -22,6 +22,9 @@ public:
     QSettings& Settings() { return settings; }
 
 private:
+    /// The file holds the hash of the password: it is this user's alone from its first byte on.
+    void KeepPrivate() const;
+
     QSettings settings;
 };
 

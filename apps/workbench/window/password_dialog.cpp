@@ -50,16 +50,9 @@ private:
     /// Whether the password in force was given, or none is.
     bool MayChange() {
         if (!current) return true;
-        switch (passwords.Check(FromQString(current->text()))) {
-            case PASSWORD_ANSWER::RIGHT:
-                return true;
-            case PASSWORD_ANSWER::WRONG:
-                Complain("That is not the current password.");
-                break;
-            case PASSWORD_ANSWER::WAIT:
-                Complain("Too many wrong entries. Wait a moment.");
-                break;
-        }
+        const PASSWORD_ANSWER answer = passwords.Check(FromQString(current->text()));
+        if (answer == PASSWORD_ANSWER::RIGHT) return true;
+        Complain(ToQString(passwords.Complaint(answer)));
         return false;
     }
     void Set() {
