@@ -2,6 +2,7 @@
 
 #include "geodesy/danish_system34.h"
 #include "geodesy/grid.h"
+#include "geodesy/work_slots.h"
 
 namespace quillon {
 
@@ -102,10 +103,11 @@ struct Formulas {
     }
 
     static Position Mercator(const CGrid& grid, V lat, V lon) {
+        using enum slot::mercator::NAMES;
         V s, c;
         M::SinCos(lat, s, c);
-        return {(lon - grid.lon0) * grid.W[0] + grid.FE,
-                IsometricLatitude(*grid.ellipsoid, s, c) * grid.W[0] + grid.FN};
+        return {(lon - grid.lon0) * grid.W[RADIUS] + grid.FE,
+                IsometricLatitude(*grid.ellipsoid, s, c) * grid.W[RADIUS] + grid.FN};
     }
 
     /// A conic of radius `scale` exp(-n psi) about the apex that lies `apexNorth` up the central meridian.
@@ -117,20 +119,23 @@ struct Formulas {
         return {radius * sinTh + grid.FE, apexNorth - radius * cosTh};
     }
     static Position LambertStatePlane83(const CGrid& grid, V lat, V lon) {
-        return Conic(grid, lat, lon, grid.W[0], grid.W[1], grid.W[5]);
+        using enum slot::lambert83::NAMES;
+        return Conic(grid, lat, lon, grid.W[CONE], grid.W[SCALE], grid.W[APEX_NORTH]);
     }
     static Position LambertTwoParallels(const CGrid& grid, V lat, V lon) {
-        return Conic(grid, lat, lon, grid.W[11], grid.W[13], grid.W[12] + grid.FN);
+        using enum slot::lambert_cone::NAMES;
+        return Conic(grid, lat, lon, grid.W[CONE], grid.W[SCALE], grid.W[APEX_NORTH] + grid.FN);
     }
 
     static Position LambertOneParallel(const CGrid& grid, V lat, V lon) {
+        using enum slot::lambert_series::NAMES;
         V s, c, sinTh, cosTh;
         M::SinCos(lat, s, c);
         const V m = MeridianArc(*grid.ellipsoid, lat, s, c) - grid.M0;
-        M::SinCos((lon - grid.lon0) * grid.W[5], sinTh, cosTh);
-        const V powers = grid.W[0] + m * (grid.W[1] + m * (grid.W[2] + m * grid.W[3]));
+        M::SinCos((lon - grid.lon0) * grid.W[CONE], sinTh, cosTh);
+        const V powers = grid.W[CUBE] + m * (grid.W[FOURTH] + m * (grid.W[FIFTH] + m * grid.W[SIXTH]));
         const V arc = m * (1.0 + m * m * powers) * grid.k0;
-        const V east = sinTh * (grid.W[4] - arc);
+        const V east = sinTh * (grid.W[APEX] - arc);
         const V tanHalf = sinTh / (1.0 + cosTh);
         return {east + grid.FE, tanHalf * east + arc + grid.FN};
     }
@@ -172,48 +177,49 @@ struct Formulas {
         return {(s == 0.0 ? ellipsoid.a * dl : x) + grid.FE, y + grid.FN};
     }
 
-    /// W[2] n, W[3] c, W[5] and W[6] sine and cosine of the conformal latitude of origin, W[1] the sphere's diameter.
     static Position ObliqueStereographic(const CGrid& grid, V lat, V lon) {
+        using enum slot::stereographic::NAMES;
         V s, c, sinL, cosL;
         M::SinCos(lat, s, c);
-        M::SinCos((lon - grid.lon0) * grid.W[2], sinL, cosL);
-        const V w = grid.W[3] * M::Exp(IsometricLatitude(*grid.ellipsoid, s, c) * (2.0 * grid.W[2]));
+        M::SinCos((lon - grid.lon0) * grid.W[EXPONENT], sinL, cosL);
+        const V w = grid.W[FACTOR] * M::Exp(IsometricLatitude(*grid.ellipsoid, s, c) * (2.0 * grid.W[EXPONENT]));
         // Sine and cosine of the conformal latitude, both times 1 + w.
         const V sx = w - 1.0;
         const V cx = 2.0 * M::Sqrt(w);
-        const V spread = grid.W[1] / (w + 1.0 + sx * grid.W[5] + cx * grid.W[6] * cosL);
-        return {sinL * cx * spread + grid.FE, (sx * grid.W[6] - cx * grid.W[5] * cosL) * spread + grid.FN};
+        const V spread = grid.W[SCALE] / (w + 1.0 + sx * grid.W[SIN_CHI] + cx * grid.W[COS_CHI] * cosL);
+        return {sinL * cx * spread + grid.FE, (sx * grid.W[COS_CHI] - cx * grid.W[SIN_CHI] * cosL) * spread + grid.FN};
     }
 
     static Position PolarStereographic(const CGrid& grid, V lat, V lon) {
+        using enum slot::stereographic::NAMES;
         V s, c, sinL, cosL;
-        const bool north = grid.W[0] != 0.0;
+        const bool north = grid.W[NORTHERN] != 0.0;
         M::SinCos(lat, s, c);
         M::SinCos(lon - grid.lon0, sinL, cosL);
-        const double scale = grid.lat2 == 0.0 ? grid.W[1] : grid.W[13] / grid.W[11];
+        const double scale = grid.lat2 == 0.0 ? grid.W[SCALE] : grid.W[TRUE_NORTH] / grid.W[TRUE_RATIO];
         const V radius =
             scale * (north ? ConformalRatio(*grid.ellipsoid, s, c) : ConformalRatio(*grid.ellipsoid, -s, c));
         const V y = cosL * radius;
-        return {sinL * radius + grid.FE, north ? grid.FN + grid.W[13] - y : y + grid.FN - grid.W[13]};
+        return {sinL * radius + grid.FE, north ? grid.FN + grid.W[TRUE_NORTH] - y : y + grid.FN - grid.W[TRUE_NORTH]};
     }
 
-    /// Rectified positions along and across the initial line. W[0] and W[1] are sine and cosine of its azimuth, W[7] B,
-    /// W[8] C, W[9] B / (A k0), W[10] the longitude at which it leaves the aposphere's equator. The rectification is
-    /// the 3-4-5 triangle in every row, whatever the azimuth.
+    /// Rectified positions along and across the initial line. The rectification is the 3-4-5 triangle in every row,
+    /// whatever the azimuth.
     static Position ObliqueMercator(const CGrid& grid, V lat, V lon) {
+        using enum slot::oblique_mercator::NAMES;
         V s, c, sinDl, cosDl;
         M::SinCos(lat, s, c);
-        M::SinCos((lon - grid.W[10]) * grid.W[7], sinDl, cosDl);
-        const V growth = M::Exp(IsometricLatitude(*grid.ellipsoid, s, c) * grid.W[7] + grid.W[8]);
+        M::SinCos((lon - grid.W[CROSSING]) * grid.W[EXPONENT], sinDl, cosDl);
+        const V growth = M::Exp(IsometricLatitude(*grid.ellipsoid, s, c) * grid.W[EXPONENT] + grid.W[SHIFT]);
         const V decay = 1.0 / growth;
         const V sh = 0.5 * (growth - decay);
         const V ch = 0.5 * (growth + decay);
-        const V across = grid.W[1] * sinDl - grid.W[0] * sh;
-        const V u = M::Atan((grid.W[1] * sh + grid.W[0] * sinDl) / cosDl) / grid.W[9];
-        const V v = 0.5 * M::Log((ch + across) / (ch - across)) / grid.W[9];
+        const V across = grid.W[COS_AZIMUTH] * sinDl - grid.W[SIN_AZIMUTH] * sh;
+        const V u = M::Atan((grid.W[COS_AZIMUTH] * sh + grid.W[SIN_AZIMUTH] * sinDl) / cosDl) / grid.W[PER_METRE];
+        const V v = 0.5 * M::Log((ch + across) / (ch - across)) / grid.W[PER_METRE];
         if (grid.subtype == 0) return {0.8 * u + 0.6 * v, 0.6 * u - 0.8 * v};
-        const double risenBy = grid.subtype == 1 ? 0.0 : grid.W[5];
-        return {0.8 * v - 0.6 * u + grid.W[4], 0.8 * u + 0.6 * v + risenBy};
+        const double risenBy = grid.subtype == 1 ? 0.0 : grid.W[FALSE_NORTHING];
+        return {0.8 * v - 0.6 * u + grid.W[FALSE_EASTING], 0.8 * u + 0.6 * v + risenBy};
     }
 
     static constexpr double kMetresPerFoot = 0.30480060960121924;  // 1200/3937, US survey foot
@@ -226,38 +232,41 @@ struct Formulas {
 
     /// State Plane 1927, Lambert zones; the tables count longitudes positive west.
     static Position LambertTable27(const CGrid& grid, V lat, V lon) {
+        using enum slot::lambert27::NAMES;
         V s, c, sinHalf, cosHalf;
         M::SinCos(lat, s, c);
-        const V feet = (RectifyingSeconds(s, c) + grid.W[11] - lat / grid.W[16]) * 101.2794065;
-        // The published series subtracts the term of W[13]. It is not 0 in two zones only, Alaska 10 and Louisiana
-        // Offshore, and moves them by 57 and 27 mm two degrees of latitude from the central parallel.
-        const V t = (feet * grid.W[13] + grid.W[9]) * feet * 1e-8;
-        const V u = (grid.W[8] - t) * (feet * feet) * 1e-16;
-        const V radius = (u + 1.0) * feet * grid.W[4] + grid.W[2];
-        M::SinCos(0.5 * (grid.W[12] - M::Abs(lon) * grid.W[5]), sinHalf, cosHalf);
-        return {(2.0 * sinHalf * cosHalf * radius + grid.W[0]) * kMetresPerFoot,
-                (2.0 * radius * sinHalf * sinHalf + grid.W[3] - radius) * kMetresPerFoot};
+        const V feet =
+            (RectifyingSeconds(s, c) + grid.W[CENTRAL_SECONDS] - lat / grid.W[RADIANS_PER_SECOND]) * 101.2794065;
+        // The published series subtracts the term of FOURTH_SCALED. It is not 0 in two zones only, Alaska 10 and
+        // Louisiana Offshore, and moves them by 57 and 27 mm two degrees of latitude from the central parallel.
+        const V t = (feet * grid.W[FOURTH_SCALED] + grid.W[CUBE]) * feet * 1e-8;
+        const V u = (grid.W[SQUARE] - t) * (feet * feet) * 1e-16;
+        const V radius = (u + 1.0) * feet * grid.W[SCALE] + grid.W[CENTRAL_RADIUS];
+        M::SinCos(0.5 * (grid.W[MERIDIAN_TURN] - M::Abs(lon) * grid.W[CONE]), sinHalf, cosHalf);
+        return {(2.0 * sinHalf * cosHalf * radius + grid.W[FALSE_EASTING]) * kMetresPerFoot,
+                (2.0 * radius * sinHalf * sinHalf + grid.W[APEX_NORTH] - radius) * kMetresPerFoot};
     }
 
     /// State Plane 1927, Transverse Mercator zones.
     static Position TransverseMercatorTable27(const CGrid& grid, V lat, V lon) {
+        using enum slot::transverse27::NAMES;
         constexpr double kE2 = 0.006768658;
         constexpr double kSecondsPerRadian = 57.2957795131 * 3600;
         V s, c;
         M::SinCos(lat, s, c);
-        const V d = lon * kSecondsPerRadian + grid.W[1];
+        const V d = lon * kSecondsPerRadian + grid.W[MERIDIAN];
         const V q = 1.0 - kE2 * s * s;
-        const V p = 30.92241724 * c / M::Sqrt(q) * (d - grid.W[12] * d * d * d);
-        const V p2 = p + grid.W[13] * p * p * p;
-        const V east = (grid.W[7] * p2 * p2 * p2 + grid.W[6] * p2 + grid.W[0]) * kMetresPerFoot;
+        const V p = 30.92241724 * c / M::Sqrt(q) * (d - grid.W[LONGITUDE_CUBE] * d * d * d);
+        const V p2 = p + grid.W[WAY_CUBE] * p * p * p;
+        const V east = (grid.W[CUBE] * p2 * p2 * p2 + grid.W[FEET] * p2 + grid.W[FALSE_EASTING]) * kMetresPerFoot;
 
-        const V z = grid.W[11] * p2 * p2;
+        const V z = grid.W[LATITUDE_TERM] * p2 * p2;
         M::SinCos(lat + z * q * q * s / c, s, c);
         const V q1 = 1.0 - kE2 * s * s;
         const V lat2 = lat + z * q1 * q1 * s / c;
         M::SinCos(lat2, s, c);
-        const V seconds = lat2 * kSecondsPerRadian - grid.W[9];
-        return {east, (seconds - RectifyingSeconds(s, c)) * grid.W[8] * kMetresPerFoot};
+        const V seconds = lat2 * kSecondsPerRadian - grid.W[ORIGIN_SECONDS];
+        return {east, (seconds - RectifyingSeconds(s, c)) * grid.W[FEET_PER_SECOND] * kMetresPerFoot};
     }
 
     /// UTM, then a complex polynomial whose imaginary part is the first result. Not finite for a system out of range.

@@ -69,33 +69,35 @@ void TakeScaleRatio(CGrid& grid) {
 }
 
 void InitMercator(CGrid& grid) {
+    using enum slot::mercator::NAMES;
     const CEllipsoid& ellipsoid = *grid.ellipsoid;
-    grid.W[0] = ellipsoid.a;
-    grid.W[1] = 0;
+    grid.W[RADIUS] = ellipsoid.a;
+    grid.W[EQUATOR_NORTH] = 0;
     if (grid.lat0 == 0) return;
     grid.k0 = ParallelRadius(ellipsoid, grid.lat0);
-    grid.W[0] = grid.k0 * ellipsoid.a;
+    grid.W[RADIUS] = grid.k0 * ellipsoid.a;
     // Only an inverse would read it: the false northing of subtype 1 applies at the equator.
-    grid.W[1] = grid.subtype == 1 ? grid.psi0 * grid.W[0] : 0;
+    grid.W[EQUATOR_NORTH] = grid.subtype == 1 ? grid.psi0 * grid.W[RADIUS] : 0;
 }
 
 /// The one-parallel series about lat0. Needs a latitude of origin off the equator.
 void InitLambertSeries(CGrid& grid) {
+    using enum slot::lambert_series::NAMES;
     if (grid.nu0 == 0 || grid.tan0 == 0) return;
     const double ep2 = grid.ellipsoid->ep2;
     const double cos2 = grid.cos0 * grid.cos0, tan2 = grid.tan0 * grid.tan0;
     auto& W = grid.W;
-    W[0] = 1 / (6 * grid.rho0 * grid.nu0);
-    W[1] = (1 - 4 * ep2 * cos2) * grid.tan0 * W[0] / (4 * grid.nu0);
-    const double Q = W[0] / (20 * grid.rho0 * grid.nu0);
-    W[2] = (5 + 3 * tan2 - 3 * ep2 * (1 + cos2)) * Q;
-    W[3] = (7 + 4 * tan2) * grid.tan0 * Q / (2 * grid.nu0);
-    W[4] = grid.k0 * grid.nu0 / grid.tan0;
-    W[5] = grid.sin0;
+    W[CUBE] = 1 / (6 * grid.rho0 * grid.nu0);
+    W[FOURTH] = (1 - 4 * ep2 * cos2) * grid.tan0 * W[CUBE] / (4 * grid.nu0);
+    const double Q = W[CUBE] / (20 * grid.rho0 * grid.nu0);
+    W[FIFTH] = (5 + 3 * tan2 - 3 * ep2 * (1 + cos2)) * Q;
+    W[SIXTH] = (7 + 4 * tan2) * grid.tan0 * Q / (2 * grid.nu0);
+    W[APEX] = grid.k0 * grid.nu0 / grid.tan0;
+    W[CONE] = grid.sin0;
     // The last three serve an inverse only.
-    W[6] = W[0] / 3;
-    W[7] = W[0] * grid.tan0 / grid.nu0;
-    W[8] = W[0] * W[7] / 4;
+    W[INVERSE3] = W[CUBE] / 3;
+    W[INVERSE4] = W[CUBE] * grid.tan0 / grid.nu0;
+    W[INVERSE5] = W[CUBE] * W[INVERSE4] / 4;
 }
 
 /// Sine of the parallel at which a cone through the two standard parallels touches; of the parallel itself if they are
@@ -108,13 +110,14 @@ double ConeConstant(const CGrid& grid) {
 }
 
 void InitLambertTwoParallels(CGrid& grid) {
+    using enum slot::lambert_cone::NAMES;
     const CEllipsoid& ellipsoid = *grid.ellipsoid;
     const double n = ConeConstant(grid);
     const double m1 = ParallelRadius(ellipsoid, grid.lat1);
     const double t0 = ConformalRatio(ellipsoid, grid.lat0), t1 = ConformalRatio(ellipsoid, grid.lat1);
-    grid.W[11] = n;
-    grid.W[13] = ellipsoid.a * m1 / (n * Math::Power(t1, n));
-    grid.W[12] = grid.W[13] * Math::Power(t0, n);
+    grid.W[CONE] = n;
+    grid.W[SCALE] = ellipsoid.a * m1 / (n * Math::Power(t1, n));
+    grid.W[APEX_NORTH] = grid.W[SCALE] * Math::Power(t0, n);
     // The sine of the latitude of origin stands in divisor and factor alike. It is left out of both, so that a grid
     // counted from the equator has a scale there too.
     grid.k0 = grid.cos0 == 0 || grid.nu0 == 0
@@ -124,74 +127,78 @@ void InitLambertTwoParallels(CGrid& grid) {
 }
 
 void InitLambertStatePlane83(CGrid& grid) {
+    using enum slot::lambert83::NAMES;
     const CEllipsoid& ellipsoid = *grid.ellipsoid;
     const double n = ConeConstant(grid);
     auto& W = grid.W;
-    W[0] = n;
-    W[1] =
+    W[CONE] = n;
+    W[SCALE] =
         ellipsoid.a * ParallelRadius(ellipsoid, grid.lat1) * Math::Exp(n * IsometricLatitude(ellipsoid, grid.lat1)) / n;
-    W[2] = W[1] / Math::Exp(n * grid.psi0);
-    W[5] = W[2] + grid.FN;
+    W[ORIGIN_RADIUS] = W[SCALE] / Math::Exp(n * grid.psi0);
+    W[APEX_NORTH] = W[ORIGIN_RADIUS] + grid.FN;
     const double central = Math::ArcSine(n);
-    W[3] = W[1] / Math::Exp(n * IsometricLatitude(ellipsoid, central));
-    W[6] = n / Math::Sqrt((1 - n) * (1 + n));
-    W[4] = W[5] - W[3];
-    grid.k0 = W[6] * RootW(ellipsoid, n) * W[3] / ellipsoid.a;
+    W[CENTRAL_RADIUS] = W[SCALE] / Math::Exp(n * IsometricLatitude(ellipsoid, central));
+    W[CENTRAL_TANGENT] = n / Math::Sqrt((1 - n) * (1 + n));
+    W[CENTRAL_NORTH] = W[APEX_NORTH] - W[CENTRAL_RADIUS];
+    grid.k0 = W[CENTRAL_TANGENT] * RootW(ellipsoid, n) * W[CENTRAL_RADIUS] / ellipsoid.a;
 }
 
 void InitObliqueStereographic(CGrid& grid) {
+    using enum slot::stereographic::NAMES;
     const CEllipsoid& ellipsoid = *grid.ellipsoid;
     auto& W = grid.W;
-    W[0] = grid.lat0 >= 0 ? 1 : 0;
-    W[1] = 2 * std::sqrt(grid.nu0 * grid.rho0) * grid.k0;
+    W[NORTHERN] = grid.lat0 >= 0 ? 1 : 0;
+    W[SCALE] = 2 * std::sqrt(grid.nu0 * grid.rho0) * grid.k0;
     const double n = std::sqrt(1 + ellipsoid.ep2 * Power4(grid.cos0));
-    W[2] = n;
+    W[EXPONENT] = n;
     const double w1 = Math::Exp(2 * n * grid.psi0);
     const double sine = (w1 - 1) / (w1 + 1);
     const double c = (n + grid.sin0) * (1 - sine) / ((n - grid.sin0) * (1 + sine));
-    W[3] = c;
-    W[4] = Math::ArcSine((c * w1 - 1) / (c * w1 + 1));
-    W[5] = Math::Sin(W[4]);
-    W[6] = Math::Cos(W[4]);
+    W[FACTOR] = c;
+    W[ORIGIN_CHI] = Math::ArcSine((c * w1 - 1) / (c * w1 + 1));
+    W[SIN_CHI] = Math::Sin(W[ORIGIN_CHI]);
+    W[COS_CHI] = Math::Cos(W[ORIGIN_CHI]);
 }
 
 /// Takes the scale from a parallel at which the projection is true.
 void TrueAtParallel(CGrid& grid, double parallel) {
+    using enum slot::stereographic::NAMES;
     const double s = Math::Sin(parallel), c = Math::Cos(parallel);
     const bool north = parallel >= 0;
-    grid.W[0] = north ? 1 : 0;
-    grid.W[11] = Constants::ConformalRatio(*grid.ellipsoid, north ? s : -s, c);
-    grid.W[12] = ParallelRadius(*grid.ellipsoid, parallel);
-    grid.k0 = grid.W[12] * grid.ellipsoid->polarK / (2 * grid.W[11]);
+    grid.W[NORTHERN] = north ? 1 : 0;
+    grid.W[TRUE_RATIO] = Constants::ConformalRatio(*grid.ellipsoid, north ? s : -s, c);
+    grid.W[TRUE_RADIUS] = ParallelRadius(*grid.ellipsoid, parallel);
+    grid.k0 = grid.W[TRUE_RADIUS] * grid.ellipsoid->polarK / (2 * grid.W[TRUE_RATIO]);
 }
 
 void InitPolarStereographic(CGrid& grid) {
+    using enum slot::stereographic::NAMES;
     const CEllipsoid& ellipsoid = *grid.ellipsoid;
     auto& W = grid.W;
-    W[11] = W[12] = W[13] = 0;
+    W[TRUE_RATIO] = W[TRUE_RADIUS] = W[TRUE_NORTH] = 0;
     if (std::fabs(std::fabs(grid.lat0) - kHalfPi) < kAtThePole) {
-        W[0] = grid.lat0 >= 0 ? 1 : 0;
+        W[NORTHERN] = grid.lat0 >= 0 ? 1 : 0;
     } else if (grid.lat0 != 0) {
         TrueAtParallel(grid, grid.lat0);
     } else if (grid.lat1 != 0) {
         TrueAtParallel(grid, grid.lat1);
     } else if (grid.lat2 != 0) {
         TrueAtParallel(grid, grid.lat2);
-        W[13] = W[12] * ellipsoid.a;
+        W[TRUE_NORTH] = W[TRUE_RADIUS] * ellipsoid.a;
     } else {
         grid.lat0 = kHalfPi;
         TakeOrigin(grid);
         grid.sin0 = 1;
         grid.cos0 = grid.tan0 = 0;
-        W[0] = 1;
+        W[NORTHERN] = 1;
     }
     const double e2 = ellipsoid.e2, e4 = e2 * e2, e6 = e4 * e2, e8 = e4 * e4;
     // The conformal latitude's series serves an inverse only.
-    W[7] = e2 / 2 + 5 * e4 / 24 + e6 / 12 + 13 * e8 / 360;
-    W[8] = 7 * e4 / 48 + 29 * e6 / 240 + 811 * e8 / 11520;
-    W[9] = 7 * e6 / 120 + 81 * e8 / 1120;
-    W[10] = 4279 * e8 / 161280;
-    W[1] = 2 * ellipsoid.a * grid.k0 / ellipsoid.polarK;
+    W[SERIES2] = e2 / 2 + 5 * e4 / 24 + e6 / 12 + 13 * e8 / 360;
+    W[SERIES4] = 7 * e4 / 48 + 29 * e6 / 240 + 811 * e8 / 11520;
+    W[SERIES6] = 7 * e6 / 120 + 81 * e8 / 1120;
+    W[SERIES8] = 4279 * e8 / 161280;
+    W[SCALE] = 2 * ellipsoid.a * grid.k0 / ellipsoid.polarK;
 }
 
 void InitStereographic(CGrid& grid) {
@@ -200,19 +207,20 @@ void InitStereographic(CGrid& grid) {
 }
 
 void InitObliqueMercator(CGrid& grid) {
+    using enum slot::oblique_mercator::NAMES;
     auto& W = grid.W;
-    const double P = W[0], Qc = W[1];
-    W[12] = P / Qc;
-    W[11] = Math::ArcSine(P);
+    const double P = W[SIN_AZIMUTH], Qc = W[COS_AZIMUTH];
+    W[TAN_AZIMUTH] = P / Qc;
+    W[AZIMUTH] = Math::ArcSine(P);
     const double B = std::sqrt(1 + grid.ellipsoid->ep2 * Power4(grid.cos0));
     const double A = std::sqrt(grid.rho0 * grid.nu0) * B;
     const double D = A / (grid.nu0 * grid.cos0);
     const double C = Math::Log(std::sqrt(D * D - 1) + D) - B * grid.psi0;
-    W[7] = B;
-    W[6] = A;
-    W[8] = C;
-    W[10] = grid.lon0 - Math::ArcSine(Math::Sinh(B * grid.psi0 + C) * P / Qc) / B;
-    W[9] = B / (A * grid.k0);
+    W[EXPONENT] = B;
+    W[APOSPHERE_RADIUS] = A;
+    W[SHIFT] = C;
+    W[CROSSING] = grid.lon0 - Math::ArcSine(Math::Sinh(B * grid.psi0 + C) * P / Qc) / B;
+    W[PER_METRE] = B / (A * grid.k0);
     // The formula counts from the point where the initial line crosses the aposphere's equator and adds no false
     // origin, so the two fields are free to tell where the origin lies.
     grid.Forward(&grid.FE, &grid.FN, grid.lat0, grid.lon0);
@@ -220,38 +228,40 @@ void InitObliqueMercator(CGrid& grid) {
 
 /// State Plane 1927, Lambert zones: the parameters follow from the plane-coordinate constants.
 void InitLambertTable27(CGrid& grid) {
+    using enum slot::lambert27::NAMES;
     auto& W = grid.W;
-    grid.lat0 = Math::ArcSine(W[5]);
+    grid.lat0 = Math::ArcSine(W[CONE]);
     TakeOrigin(grid);
-    grid.sin0 = W[5];
-    grid.lon0 = W[1] / 3600 * kRadiansPerDegree;
-    grid.FE = W[0];
-    grid.FN = W[3] - W[2];
-    grid.k0 = W[4];
-    W[16] = kRadiansPerSecond;
-    W[12] = W[1] * W[5] * W[16];
-    W[11] = 60 * W[6] + W[7];
+    grid.sin0 = W[CONE];
+    grid.lon0 = W[MERIDIAN] / 3600 * kRadiansPerDegree;
+    grid.FE = W[FALSE_EASTING];
+    grid.FN = W[APEX_NORTH] - W[CENTRAL_RADIUS];
+    grid.k0 = W[SCALE];
+    W[RADIANS_PER_SECOND] = kRadiansPerSecond;
+    W[MERIDIAN_TURN] = W[MERIDIAN] * W[CONE] * W[RADIANS_PER_SECOND];
+    W[CENTRAL_SECONDS] = 60 * W[CENTRAL_MINUTES] + W[CENTRAL_REST];
     // These two serve an inverse only.
-    W[15] = (W[6] - 600) * (4 * kQuarterPi) / 10800;
-    W[14] = (W[7] + 36000) * W[16];
-    W[13] = W[10] * 1e-8;
+    W[INVERSE_MINUTES] = (W[CENTRAL_MINUTES] - 600) * (4 * kQuarterPi) / 10800;
+    W[INVERSE_SECONDS] = (W[CENTRAL_REST] + 36000) * W[RADIANS_PER_SECOND];
+    W[FOURTH_SCALED] = W[FOURTH] * 1e-8;
 }
 
 void InitTransverseMercatorTable27(CGrid& grid) {
+    using enum slot::transverse27::NAMES;
     auto& W = grid.W;
-    const double k = W[4], Q = W[5];
+    const double k = W[SCALE], Q = W[CUBE_TABLE];
     grid.k0 = k;
-    W[6] = kFeetPerMetre * k;
-    const double scaled = W[6] / 100000;
-    W[7] = scaled * scaled * scaled * Q;
-    W[8] = 101.2794065 * k;
-    W[9] = 60 * W[2] + W[3];
+    W[FEET] = kFeetPerMetre * k;
+    const double scaled = W[FEET] / 100000;
+    W[CUBE] = scaled * scaled * scaled * Q;
+    W[FEET_PER_SECOND] = 101.2794065 * k;
+    W[ORIGIN_SECONDS] = 60 * W[ORIGIN_MINUTES] + W[ORIGIN_REST];
     // These two serve an inverse only.
-    W[10] = 1 / (881.749162 * k * k * 1e12);
-    W[14] = Q / 1e15;
-    W[11] = 1.2374292282040178e-14;
-    W[12] = 3.9174e-12;
-    W[13] = 4.0831e-15;
+    W[INVERSE_SQUARE] = 1 / (881.749162 * k * k * 1e12);
+    W[INVERSE_CUBE] = Q / 1e15;
+    W[LATITUDE_TERM] = 1.2374292282040178e-14;
+    W[LONGITUDE_CUBE] = 3.9174e-12;
+    W[WAY_CUBE] = 4.0831e-15;
 }
 
 void InitStatePlane27(CGrid& grid) {

@@ -71,7 +71,7 @@ public:
     bool ellipsoidFixed = false;  ///< the catalogue row dictates the ellipsoid
     CEllipsoid* ellipsoid = nullptr;
 
-    /// Work area. Its first slots hold further parameters of types 11 and 12, the others what `Init` derives.
+    /// Work area, by the names of work_slots.h. What is no parameter of types 11 and 12 is derived by `Init`.
     double W[17] = {};
 
     /// Type 13: the axis of the last position, 1 to 8, which `Forward` rewrites; the one chosen is the subtype. Type

@@ -91,8 +91,9 @@ struct InverseStart {
     }
 
     static Place Mercator(const CGrid& grid, V east, V north) {
-        return {FromIsometric(*grid.ellipsoid, (north - grid.FN) / grid.W[0]),
-                (east - grid.FE) / grid.W[0] + grid.lon0};
+        using enum slot::mercator::NAMES;
+        return {FromIsometric(*grid.ellipsoid, (north - grid.FN) / grid.W[RADIUS]),
+                (east - grid.FE) / grid.W[RADIUS] + grid.lon0};
     }
 
     /// A cone about its apex: radius `scale` exp(-n (psi - psi0)), `x` and `y` from the apex, `y` towards the equator.
@@ -104,24 +105,29 @@ struct InverseStart {
                 M::Atan2(side * x, side * y) / n + grid.lon0};
     }
     static Place LambertStatePlane83(const CGrid& grid, V east, V north) {
-        return Conic(grid, east - grid.FE, grid.W[5] - north, grid.W[0], grid.W[1], 0);
+        using enum slot::lambert83::NAMES;
+        return Conic(grid, east - grid.FE, grid.W[APEX_NORTH] - north, grid.W[CONE], grid.W[SCALE], 0);
     }
     static Place LambertTwoParallels(const CGrid& grid, V east, V north) {
-        return Conic(grid, east - grid.FE, grid.W[12] + grid.FN - north, grid.W[11], grid.W[13], 0);
+        using enum slot::lambert_cone::NAMES;
+        return Conic(grid, east - grid.FE, grid.W[APEX_NORTH] + grid.FN - north, grid.W[CONE], grid.W[SCALE], 0);
     }
     static Place LambertOneParallel(const CGrid& grid, V east, V north) {
-        return Conic(grid, east - grid.FE, grid.W[4] + grid.FN - north, grid.W[5], grid.W[4], grid.psi0);
+        using enum slot::lambert_series::NAMES;
+        return Conic(grid, east - grid.FE, grid.W[APEX] + grid.FN - north, grid.W[CONE], grid.W[APEX], grid.psi0);
     }
     /// Longitudes west of Greenwich.
     static Place LambertTable27(const CGrid& grid, V east, V north) {
-        const V x = east / kMetresPerFoot - grid.W[0], y = grid.W[3] - north / kMetresPerFoot;
-        const Place place = Conic(grid, x, y, grid.W[5], grid.W[2], grid.psi0);
+        using enum slot::lambert27::NAMES;
+        const V x = east / kMetresPerFoot - grid.W[FALSE_EASTING], y = grid.W[APEX_NORTH] - north / kMetresPerFoot;
+        const Place place = Conic(grid, x, y, grid.W[CONE], grid.W[CENTRAL_RADIUS], grid.psi0);
         return {place.lat, place.lon - 2 * grid.lon0};
     }
     static Place TransverseMercatorTable27(const CGrid& grid, V east, V north) {
-        const V seconds = north / (grid.W[8] * kMetresPerFoot) + grid.W[9];
-        const V x = (east - grid.W[0] * kMetresPerFoot) / (grid.k0 * grid.ellipsoid->arcRadius);
-        return Transverse(*grid.ellipsoid, seconds * kRadiansPerSecond, x, -grid.W[1] * kRadiansPerSecond);
+        using enum slot::transverse27::NAMES;
+        const V seconds = north / (grid.W[FEET_PER_SECOND] * kMetresPerFoot) + grid.W[ORIGIN_SECONDS];
+        const V x = (east - grid.W[FALSE_EASTING] * kMetresPerFoot) / (grid.k0 * grid.ellipsoid->arcRadius);
+        return Transverse(*grid.ellipsoid, seconds * kRadiansPerSecond, x, -grid.W[MERIDIAN] * kRadiansPerSecond);
     }
 
     static Place Cassini(const CGrid& grid, V east, V north) {
@@ -157,37 +163,41 @@ struct InverseStart {
     }
 
     static Place ObliqueStereographic(const CGrid& grid, V east, V north) {
-        const V x = (east - grid.FE) / grid.W[1], y = (north - grid.FN) / grid.W[1];
+        using enum slot::stereographic::NAMES;
+        const V x = (east - grid.FE) / grid.W[SCALE], y = (north - grid.FN) / grid.W[SCALE];
         const V t2 = x * x + y * y;
-        const V sine = ((1.0 - t2) * grid.W[5] + 2.0 * y * grid.W[6]) / (1.0 + t2);
-        const V lon = M::Atan2(2.0 * x, (1.0 - t2) * grid.W[6] - 2.0 * y * grid.W[5]);
-        const V psi = (0.5 / grid.W[2]) * M::Log((1.0 + sine) / ((1.0 - sine) * grid.W[3]));
-        return {FromIsometric(*grid.ellipsoid, psi), lon / grid.W[2] + grid.lon0};
+        const V sine = ((1.0 - t2) * grid.W[SIN_CHI] + 2.0 * y * grid.W[COS_CHI]) / (1.0 + t2);
+        const V lon = M::Atan2(2.0 * x, (1.0 - t2) * grid.W[COS_CHI] - 2.0 * y * grid.W[SIN_CHI]);
+        const V psi = (0.5 / grid.W[EXPONENT]) * M::Log((1.0 + sine) / ((1.0 - sine) * grid.W[FACTOR]));
+        return {FromIsometric(*grid.ellipsoid, psi), lon / grid.W[EXPONENT] + grid.lon0};
     }
     static Place PolarStereographic(const CGrid& grid, V east, V north) {
-        const double side = grid.W[0] != 0.0 ? 1 : -1;
-        const double scale = grid.lat2 == 0.0 ? grid.W[1] : grid.W[13] / grid.W[11];
-        const V x = east - grid.FE, y = side * (grid.FN - north) + grid.W[13];
+        using enum slot::stereographic::NAMES;
+        const double side = grid.W[NORTHERN] != 0.0 ? 1 : -1;
+        const double scale = grid.lat2 == 0.0 ? grid.W[SCALE] : grid.W[TRUE_NORTH] / grid.W[TRUE_RATIO];
+        const V x = east - grid.FE, y = side * (grid.FN - north) + grid.W[TRUE_NORTH];
         const V radius = M::Sqrt(x * x + y * y);
         return {side * FromIsometric(*grid.ellipsoid, -M::Log(radius / scale)), M::Atan2(x, y) + grid.lon0};
     }
 
     /// Undoes the rectification, then turns the sphere back by the azimuth of the initial line.
     static Place ObliqueMercator(const CGrid& grid, V east, V north) {
+        using enum slot::oblique_mercator::NAMES;
         const bool swapped = grid.subtype != 0;
-        const V x = swapped ? east - grid.W[4] : north;
-        const V y = grid.subtype == 0 ? east : north - (grid.subtype == 1 ? 0.0 : grid.W[5]);
+        const V x = swapped ? east - grid.W[FALSE_EASTING] : north;
+        const V y = grid.subtype == 0 ? east : north - (grid.subtype == 1 ? 0.0 : grid.W[FALSE_NORTHING]);
         const V u = swapped ? 0.8 * y - 0.6 * x : 0.8 * y + 0.6 * x;
         const V v = swapped ? 0.8 * x + 0.6 * y : 0.6 * y - 0.8 * x;
         V sinU, cosU;
-        M::SinCos(u * grid.W[9], sinU, cosU);
-        const V growth = M::Exp(v * grid.W[9]);
+        M::SinCos(u * grid.W[PER_METRE], sinU, cosU);
+        const V growth = M::Exp(v * grid.W[PER_METRE]);
         const V half = 2.0 / (growth + 1.0 / growth);
         const V across = 0.5 * (growth - 1.0 / growth) * half, along = sinU * half;
-        const V t = grid.W[1] * along - grid.W[0] * across;
-        const V dl = M::Atan2(grid.W[1] * across + grid.W[0] * along, cosU * half);
+        const V t = grid.W[COS_AZIMUTH] * along - grid.W[SIN_AZIMUTH] * across;
+        const V dl = M::Atan2(grid.W[COS_AZIMUTH] * across + grid.W[SIN_AZIMUTH] * along, cosU * half);
         const V q = 0.5 * M::Log((1.0 + t) / (1.0 - t));
-        return {FromIsometric(*grid.ellipsoid, (q - grid.W[8]) / grid.W[7]), dl / grid.W[7] + grid.W[10]};
+        return {FromIsometric(*grid.ellipsoid, (q - grid.W[SHIFT]) / grid.W[EXPONENT]),
+                dl / grid.W[EXPONENT] + grid.W[CROSSING]};
     }
 
     /// Of the grid's type and subtype, as `WithFormula` has the formulas.
