@@ -35,19 +35,6 @@ TEST(DosStamp, TellsDateAndTimeInUtc) {
     }
 }
 
-TEST(DosStamp, KnowsItsFile) {
-    ScratchDrives drives;
-    const char* const path = "C:\\Job\\a.xyz";
-    EXPECT_FALSE(IsStampOf(drives, path, DosStamp{}));
-    drives.Write(path, "1 2 3\n");
-    const DosStamp stamp = DosStampOf(drives, path);
-    EXPECT_TRUE(IsStampOf(drives, path, stamp));
-    drives.Write(path, "1 2 34\n");
-    EXPECT_FALSE(IsStampOf(drives, path, stamp));
-    // Files of 4 GiB and more keep the lower half of their length.
-    EXPECT_EQ(DosStampOf(FileStamp{(std::uint64_t{5} << 32) + 3, 0}).length, 3U);
-}
-
 TEST(SizeText, CutsZerosAndGoesUpTheUnits) {
     struct Row {
         std::uint64_t length;

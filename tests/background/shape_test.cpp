@@ -207,14 +207,6 @@ TEST_F(Shape, AnswersForDamagedFilesWithALine) {
     }
 }
 
-TEST_F(Shape, StopsWhenTheLoadIsCancelled) {
-    WriteCoast();
-    CShape shape(drives);
-    progress.Cancel();
-    EXPECT_FALSE(Load(shape));
-    EXPECT_EQ(drives.Read("C:\\Charts\\coast.INI"), "(none)");
-}
-
 // The worker stops at whatever record it is, and nothing of it outlives the shape.
 TEST_F(Shape, QuitsAtAnyMoment) {
     ShapeBytes many(SHAPE_POLYLINE);

@@ -69,14 +69,6 @@ TEST_F(BindingTest, AButtonTellsItsOwnerOnceHoweverItIsPressed) {
     EXPECT_EQ(pane->commands.size(), 3u);
 }
 
-TEST_F(BindingTest, AButtonShowsTheColoursOfItsModel) {
-    auto& button = Of<ButtonBinding>(pane->remove);
-    const auto face = [&button] { return button.grab().toImage().pixelColor(6, 15); };
-    EXPECT_EQ(face(), QColor(0x00, 0x7B, 0xCC));
-    pane->remove.SetOn(true);
-    EXPECT_EQ(face(), QColor(0x00, 0x00, 0x80));
-}
-
 TEST_F(BindingTest, AComboFollowsItsModelAndTellsAChoiceOnce) {
     auto& combo = Of<ComboBinding>(pane->files);
     EXPECT_EQ(combo.currentText(), "prospect limits.csv");
@@ -117,15 +109,6 @@ TEST_F(BindingTest, ATableFollowsItsModelInSilence) {
     // Below the rows.
     QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, CellCentre(table, 2) + QPoint(0, 60));
     EXPECT_THAT(pane->table.clicks, IsEmpty());
-}
-
-TEST_F(BindingTest, ColumnWidthsGoBothWays) {
-    auto& table = Of<TableBinding>(pane->table);
-    EXPECT_EQ(table.columnWidth(1), 90);
-    pane->table.SetColumnWidth(1, 120);
-    EXPECT_EQ(table.columnWidth(1), 120);
-    table.horizontalHeader()->resizeSection(1, 75);
-    EXPECT_EQ(pane->table.GetColumn(1).width, 75);
 }
 
 // Opening, drawing and walking to the end must ask for what is seen, not for what there is.

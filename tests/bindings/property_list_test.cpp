@@ -76,14 +76,6 @@ TEST_F(PropertyListTest, ArrowsMoveAndFold) {
     EXPECT_THAT(pane.changedRows, IsEmpty());
 }
 
-TEST_F(PropertyListTest, HiddenRowsVanish) {
-    pane.Row(OPTION_ROW).Show(false);
-    EXPECT_TRUE(List().ValueRect(pane.Row(OPTION_ROW)).isEmpty());
-    GoTo(DISPLAY_ROW);
-    Key(Qt::Key_Down);
-    EXPECT_EQ(pane.list.GetCurSel(), &pane.Row(COUNT_ROW));
-}
-
 TEST_F(PropertyListTest, ACheckBoxTogglesBySpaceAndByAClickOnTheBox) {
     GoTo(DISPLAY_ROW);
     Key(Qt::Key_Space);
@@ -263,15 +255,6 @@ TEST_F(PropertyListTest, AListMadeAnewKeepsFoldsAndTheOpenEdit) {
     QCoreApplication::processEvents();
     EXPECT_FALSE(List().Editor());
     EXPECT_THAT(pane.changedRows, IsEmpty());
-}
-
-// A picker row takes a new colour at once when the colour row above it changes.
-TEST_F(PropertyListTest, AChangedColourShowsInThePictures) {
-    const QRect value = List().ValueRect(pane.Row(THICKNESS_ROW));
-    const auto line = [&] { return List().viewport()->grab(value).toImage().pixelColor(12, value.height() / 2); };
-    EXPECT_EQ(line(), QColor(255, 128, 0));
-    static_cast<CPickerProperty&>(pane.Row(THICKNESS_ROW)).SetColour(RGB(0, 0, 128));
-    EXPECT_EQ(line(), QColor(0, 0, 128));
 }
 
 }  // namespace

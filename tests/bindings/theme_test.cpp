@@ -105,14 +105,5 @@ TEST_F(NightTest, TheFrameOfTheProgramIsDark) {
     EXPECT_LT(BrightShare(files), 0.03);
 }
 
-TEST_F(NightTest, OpenWindowsTurnWithTheTheme) {
-    QListWidget list;
-    list.show();
-    EXPECT_LT(Luminance(list.palette().color(QPalette::Base)), 40);
-    theme.SetNight(false);
-    EXPECT_GT(Luminance(list.palette().color(QPalette::Base)), kBright);
-    EXPECT_TRUE(list.updatesEnabled());
-}
-
 }  // namespace
 }  // namespace quillon::test

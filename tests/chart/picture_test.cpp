@@ -59,18 +59,6 @@ protected:
     PathPtr square = MakePath(Points("-60,-60 60,-60 60,60 -60,60"), {.closed = true});
 };
 
-TEST_F(ChartPicture, GroundAndGridAreThereWithoutAScene) {
-    for (const bool night : {false, true}) {
-        const ChartColours& colours = ColoursOf(night);
-        const QImage image = Paint({}, night);
-        EXPECT_EQ(ColourAt(image, 230, 130), colours.ground);
-        EXPECT_EQ(ColourAt(image, 200, 130), colours.gridLine);  // 0 E
-        EXPECT_EQ(ColourAt(image, 230, 150), colours.gridLine);  // 0 N
-        EXPECT_GT(Others(image, QRect(8, 260, 180, 35), colours.ground), 200) << "no scale bar";
-        EXPECT_GT(Others(image, QRect(180, 4, 40, 14), colours.ground), 20) << "no figures of an easting";
-    }
-}
-
 TEST_F(ChartPicture, LinesAreCrispAndInTheOperatorsColour) {
     ChartPath path;
     path.path = square;
@@ -90,15 +78,6 @@ TEST_F(ChartPicture, LinesAreCrispAndInTheOperatorsColour) {
     for (int y = 177; y <= 182; ++y) EXPECT_EQ(ColourAt(wide, 460, y), RGB(255, 0, 0)) << y;
     EXPECT_EQ(ColourAt(wide, 460, 176), ColoursOf(false).ground);
     EXPECT_EQ(ColourAt(wide, 460, 183), ColoursOf(false).ground);
-}
-
-TEST_F(ChartPicture, ABlackLineShowsAtNight) {
-    ChartPath path;
-    path.path = square;
-    path.line = {0, 2, PS_SOLID};
-    const COLORREF seen = ColourAt(Paint(SceneOf(path), true), 230, 90);
-    EXPECT_GT(Lightness(seen), 0.3);
-    EXPECT_EQ(ColourAt(Paint(SceneOf(path), false), 230, 90), 0u);
 }
 
 TEST_F(ChartPicture, AreasAreFilledInsideOnly) {

@@ -145,16 +145,6 @@ TEST_F(ShowFiles, ReadsByTheOrderGivenInPlaceOfTheStoredOne) {
                           "\"name\": \"Wpt 1\"}"));
 }
 
-TEST_F(ShowFiles, NamesNoMoreThanTwentyLinesPassedOver) {
-    std::string bytes;
-    for (int i = 0; i < 25; ++i) bytes += "stony\n";
-    drives.Write("C:\\Job\\remarks.csv", bytes + "451000, 6712000\n");
-    const CliOutcome run = Run({"show", "boundary", "C:\\Job\\remarks.csv"});
-    EXPECT_THAT(run.err, HasSubstr("26 lines, 1 taken, 25 passed over\n"));
-    EXPECT_THAT(run.err, EndsWith("  line 20: no easting\n  and 5 more\n"));
-    EXPECT_THAT(run.out, HasSubstr("Has polygon               no\n"));
-}
-
 TEST_F(ShowFiles, TakesNamesInUtf8AndPathsOfThisSystem) {
     drives.Write("C:\\Job\\Sm\xF8rbukk.csv", "451000, 6712000\n");
     const std::string native = (drives.Root() / "c/Job/Smørbukk.csv").string();

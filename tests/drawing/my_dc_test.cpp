@@ -179,17 +179,5 @@ TEST(MyDcLabels, OnPaperHaveNoGround) {
               "text -3,-7 \"A\" Tahoma -11 #000000\n");
 }
 
-TEST(MyDcLabels, HostsMayGiveThemTheColoursOfTheNight) {
-    RecorderDevice device;
-    CMyDC dc(&device);
-    dc.labelBrush = {kFillSolid, RGB(16, 24, 32)};
-    dc.blackBrush = {kFillSolid, RGB(70, 80, 88)};
-    dc.labelInk = RGB(144, 152, 160);
-    dc.DrawLabel("A", 5, 5, 0, 0);
-    EXPECT_EQ(device.Calls().front(), "fill -7,-6 7,6 brush #101820");
-    EXPECT_TRUE(device.Calls()[1].ends_with("brush #465058"));
-    EXPECT_TRUE(device.Calls().back().ends_with("#9098A0"));
-}
-
 }  // namespace
 }  // namespace quillon

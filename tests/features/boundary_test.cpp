@@ -66,15 +66,6 @@ TEST_F(BoundaryTest, PassesOverLinesWithoutAPosition) {
     }
 }
 
-TEST_F(BoundaryTest, IsTakenAsDrawn) {
-    EXPECT_EQ(Read("1,1\n2,1\n2,1\n1,1\n"), (std::vector<tagXY>{{1, 1}, {2, 1}, {2, 1}, {1, 1}}));
-    EXPECT_EQ(Read("1,1\n2,1\n").size(), 2u);  // what was there before is gone, polygon and all
-    drives.Write(kPath, "");
-    EXPECT_FALSE(boundary.Read(kPath));
-    EXPECT_FALSE(boundary.Read("C:\\Job\\None.txt"));
-    EXPECT_EQ(boundary.GetName(), "None");
-}
-
 // No bytes may crash it or run away with memory or time; what it makes of them is what the lines say.
 TEST_F(BoundaryTest, StandsUpToAnyBytes) {
     EXPECT_EQ(Read("1,2\r3,4\r5,6").size(), 1u);  // one line: carriage returns alone end none
@@ -125,15 +116,6 @@ protected:
     ScratchDrives drives;
     CBoundaryList list{drives};
 };
-
-TEST_F(BoundaryListTest, TakesAPathOnce) {
-    EXPECT_TRUE(list.Add("C:\\Job\\A.txt"));
-    EXPECT_TRUE(list.Add("c:\\JOB\\a.TXT"));
-    EXPECT_EQ(list.GetCount(), 1);
-    EXPECT_EQ(drives.Read("C:\\MySettings\\Host\\Boundary_List.FLS"), "[Boundary]\r\nC:\\Job\\A.txt\r\n");
-    EXPECT_EQ(drives.Read("C:\\MySettings\\Host\\Boundary_List.INI"),
-              "Edit File Index = -1\r\nEdit Point Index = -1\r\n");
-}
 
 TEST_F(BoundaryListTest, ShowsAFileOfNoUse) {
     EXPECT_TRUE(list.Add("C:\\Job\\Empty.txt"));

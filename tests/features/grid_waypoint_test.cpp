@@ -26,14 +26,6 @@ protected:
         EXPECT_EQ(waypoints.GetSize(), 1) << line;
         return waypoints.IsEmpty() ? GridWaypointDef() : waypoints[0];
     }
-    std::vector<std::string> Names(int order, std::string_view bytes) {
-        drives.Write(kPath, bytes);
-        waypoints.dataOrder = order;
-        waypoints.ReadData(kPath);
-        std::vector<std::string> names;
-        for (const GridWaypointDef& point : waypoints) names.push_back(point.name);
-        return names;
-    }
 
     ScratchDrives drives;
     CGridWaypoint waypoints{drives};
@@ -76,19 +68,6 @@ TEST_F(GridWaypointTest, TakesTheFieldsOfEveryOrder) {
     EXPECT_EQ(waypoints.Order().text, "Eng, Nng, Ht, Name");
 }
 
-TEST_F(GridWaypointTest, NamesTheNamelessByTheirPlace) {
-    using Texts = std::vector<std::string>;
-    // Lines of no use don't count.
-    EXPECT_EQ(Names(5, "0,0\r\n\r\n1,2\r\ntext\r\n3,4\r\n"), (Texts{"Wpt 1", "Wpt 2"}));
-    EXPECT_EQ(Names(0, "1,2,3,First\r\n4,5,6,\r\n7,8,9\r\n1,1,1,\"\"\r\n"),
-              (Texts{"First", "Wpt 2", "Wpt 3", "Wpt 4"}));
-    // In an order without names, none that was given stays.
-    waypoints[0].name = "Given";
-    waypoints.dataOrder = 6;
-    waypoints.FillNames();
-    EXPECT_EQ(waypoints[0].name, "Wpt 1");
-}
-
 TEST_F(GridWaypointTest, AFileThatCannotBeOpenedTakesOnlyThePoints) {
     Only(5, "1,2");
     waypoints.clearance = 77;
@@ -111,18 +90,6 @@ TEST_F(GridWaypointTest, ReadsBySettingsOfItsName) {
     other.SetPoint(0, 1, 2, 3, "C", 4);
     EXPECT_TRUE(other[0] == (GridWaypointDef{1, 2, 3, "C", 4}));
     EXPECT_THROW(other.SetPoint(1, 1, 2, 3, "C", 4), InvalidArgument);
-}
-
-TEST_F(GridWaypointTest, ListKeepsOneFileWithoutAHeadText) {
-    CGridWaypointList list(drives);
-    drives.Write(kPath, "1,2,3,A");
-    drives.Write("C:\\Job\\Empty.csv", "none");
-    EXPECT_TRUE(list.Add(kPath));
-    EXPECT_FALSE(list.Add("C:\\Job\\Empty.csv"));
-    EXPECT_FALSE(list.Add("C:\\Job\\None.csv"));
-    EXPECT_EQ(list.GetCount(), 1);
-    EXPECT_EQ(drives.Read("C:\\MySettings\\Host\\GRID_Waypoints.FLS"), "[]\r\nC:\\Job\\Wrecks 1.csv\r\n");
-    EXPECT_FALSE(drives.Exists("C:\\MySettings\\Host\\GRID_Waypoints.INI"));
 }
 
 }  // namespace

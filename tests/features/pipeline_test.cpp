@@ -82,16 +82,6 @@ TEST_F(PipelineTest, TakesTheFieldsOfEveryOrder) {
     }
 }
 
-TEST_F(PipelineTest, OnePointHasNothingWorkedOut) {
-    pipeline.startKp = 5;
-    pipeline.labelKps = true;
-    EXPECT_TRUE(Read(0, "1000,1000\n"));
-    EXPECT_EQ(Kps(), std::vector<double>{0.0});
-    EXPECT_TRUE(pipeline.GetKpListing().IsEmpty());
-    EXPECT_EQ(pipeline[0].portCorridor, tagXY());
-    EXPECT_EQ(pipeline[0].range, 0.0);
-}
-
 TEST_F(PipelineTest, LegsComeFromThePositions) {
     Read(1, "10,1000,1000\n11.5,1000,2500\n11.5,1300,2100\n");
     EXPECT_EQ(pipeline[0].range, 1500.0);
@@ -222,20 +212,6 @@ TEST_F(PipelineTest, KpTexts) {
     }
 }
 
-TEST_F(PipelineTest, CorridorOfPointsInLineLiesAtItsWidth) {
-    pipeline.portCorridor = 30;
-    pipeline.starboardCorridor = 70;
-    Read(0, "0,1\n300,401\n600,801\n600,1801\n");
-    EXPECT_NEAR(pipeline[1].portCorridor.x, 300 - 0.8 * 30, 1e-9);
-    EXPECT_NEAR(pipeline[1].portCorridor.y, 401 + 0.6 * 30, 1e-9);
-    EXPECT_NEAR(pipeline[1].starboardCorridor.x, 300 + 0.8 * 70, 1e-9);
-    EXPECT_NEAR(pipeline[1].starboardCorridor.y, 401 - 0.6 * 70, 1e-9);
-    EXPECT_NEAR(pipeline[3].portCorridor.x, 570, 1e-9);
-    EXPECT_NEAR(pipeline[3].portCorridor.y, 1801, 1e-9);
-    EXPECT_NEAR(pipeline[0].starboardCorridor.x, 56, 1e-9);
-    EXPECT_NEAR(pipeline[2].portCorridor.x, 570, 1e-9);
-}
-
 TEST_F(PipelineTest, LoadsBySettingsAndForgets) {
     drives.Write("C:\\Job\\Line A.csv", "1,5,6\n2,7,8\n");
     drives.Write("C:\\MySettings\\Host\\Line_A_PIPELINE.INI", "Data Order = 1\r\nUse = 1\r\n");
@@ -253,18 +229,6 @@ TEST_F(PipelineTest, LoadsBySettingsAndForgets) {
     EXPECT_FALSE(pipeline.Load("C:\\Job\\None.csv"));
     EXPECT_EQ(pipeline.GetPath(), "C:\\Job\\None.csv");
     EXPECT_EQ(pipeline.clearance, 10.0);
-}
-
-TEST_F(PipelineTest, ListDropsFilesOfNoUse) {
-    CPipelineList list(drives);
-    drives.Write("C:\\Job\\A.csv", "1,2\n");
-    drives.Write("C:\\Job\\Empty.csv", "0,0\n");
-    EXPECT_TRUE(list.Add("C:\\Job\\A.csv"));
-    EXPECT_TRUE(list.Add("C:\\JOB\\A.CSV"));
-    EXPECT_FALSE(list.Add("C:\\Job\\Empty.csv"));
-    EXPECT_EQ(list.GetCount(), 1);
-    EXPECT_EQ(drives.Read("C:\\MySettings\\Host\\Pipelines.FLS"), "[]\r\nC:\\Job\\A.csv\r\n");
-    EXPECT_FALSE(drives.Exists("C:\\MySettings\\Host\\Pipelines.INI"));
 }
 
 }  // namespace

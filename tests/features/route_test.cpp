@@ -75,25 +75,6 @@ TEST_F(RouteTest, TakesAllPointsBeforeLinesOfNoUse) {
     }
 }
 
-TEST_F(RouteTest, OnePointHasNoCorridor) {
-    drives.Write("C:\\MyData\\Routes\\Leg 7.COR", "Display = 1\r\nPort = 50\r\nStarboard = 20\r\n");
-    EXPECT_TRUE(Read(0, "5,6\n"));
-    ASSERT_EQ(route.GetSize(), 1);
-    EXPECT_EQ(route.portWidth, 50.0);
-    EXPECT_EQ(route[0].portCorridorStart, tagXY());
-    EXPECT_TRUE(Read(0, "0,6\n0,106\n"));
-    for (const RouteDef& record : route) {
-        EXPECT_NEAR(record.portCorridorStart.x, -50, 1e-12);
-        EXPECT_NEAR(record.starboardCorridorStart.x, 20, 1e-12);
-        EXPECT_NEAR(record.portCorridorStart.y, record.position.y, 1e-12);
-    }
-    EXPECT_TRUE(Read(0, "0,6\n0,106\n100,106\n"));
-    EXPECT_NEAR(route[1].portCorridorStart.x, -50, 1e-9);
-    EXPECT_NEAR(route[1].portCorridorStart.y, 156, 1e-9);
-    EXPECT_NEAR(route[1].starboardCorridorStart.x, 20, 1e-9);
-    EXPECT_NEAR(route[1].starboardCorridorStart.y, 86, 1e-9);
-}
-
 TEST_F(RouteTest, ComesBackAsItWasSaved) {
     struct Case {
         int order;

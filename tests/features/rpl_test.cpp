@@ -372,17 +372,6 @@ TEST_F(RplTest, TheEndBehindACurveStandsSquareToIt) {
     EXPECT_LT(std::abs(At(rpl[2].portCorridorEnd) - Point(1100, 1200)), 1e-6);
 }
 
-TEST_F(RplTest, TheListKeepsWhatLoads) {
-    drives.Write("C:\\Job\\a.csv", "100,100,0\n100,1100,100\n1100,1100,0\n");
-    drives.Write("C:\\Job\\b.csv", "1,2,3,4\n");
-    CRPLList list(drives);
-    EXPECT_TRUE(list.Add("C:\\Job\\a.csv"));
-    EXPECT_FALSE(list.Add("C:\\Job\\b.csv"));
-    EXPECT_TRUE(list.Add("C:\\JOB\\A.csv"));
-    EXPECT_EQ(list.GetCount(), 1);
-    EXPECT_EQ(drives.Read("C:\\MySettings\\Host\\RPLs.FLS"), "[]\r\nC:\\Job\\a.csv\r\n");
-}
-
 // Files of other makers: one route in four forms, with millimetres in its files. A tenth of a millimetre on tangents of
 // ten metres moves a centre by centimetres; the route itself is the same to a millimetre.
 TEST_F(RplTest, FourFilesOfOneTrack) {

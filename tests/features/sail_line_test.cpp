@@ -52,21 +52,6 @@ TEST_F(SailLineTest, PassesOverWhatIsNoLine) {
     }
 }
 
-TEST_F(SailLineTest, HasOneDataOrder) {
-    drives.Write("C:\\MySettings\\Host\\Block_3_DATA_ORDER.INI", "Data Order = 1\r\n");
-    EXPECT_FALSE(Read("1,2,3,4\n"));
-    EXPECT_EQ(lines.GetReport().named.at(0).reason, PASSED_OVER::UNKNOWN_ORDER);
-    lines.dataOrder = 0;
-    lines.SaveOrder();
-    EXPECT_EQ(drives.Read("C:\\MySettings\\Host\\Block_3_DATA_ORDER.INI"), "Data Order = 0\r\n");
-    EXPECT_TRUE(Read("1,2,3,4\n"));
-    lines.pen.thickness = 5;
-    lines.SaveDrawingOptions();
-    EXPECT_TRUE(drives.Exists("C:\\MyData\\Routes\\Block 3.DRW"));
-    EXPECT_TRUE(Read("1,2,3,4\n"));
-    EXPECT_EQ(lines.pen.thickness, 5);
-}
-
 TEST_F(SailLineTest, ListKeepsTheThirdIndexWithThePoint) {
     CSailLineList list(drives);
     list.SetSettingsName("Sail Line List");

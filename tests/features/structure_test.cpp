@@ -126,12 +126,5 @@ TEST_F(StructureTest, ShapesAreFoundByNumberAndNameAndGiveTheScale) {
     EXPECT_FALSE(list.Add(kPath) && list.GetCount() != 1) << "held already";
 }
 
-TEST_F(StructureTest, WithoutAPathItIsTheDefaultFile) {
-    drives.Write("C:\\MyData\\Structures\\StructureConfig.dat", kTwo);
-    CStructure structures(drives.Files());
-    EXPECT_TRUE(structures.Read(""));
-    EXPECT_EQ(structures.GetName(), "StructureConfig");
-}
-
 }  // namespace
 }  // namespace quillon

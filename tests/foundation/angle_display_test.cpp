@@ -49,17 +49,6 @@ TEST_F(AngleDisplay, FollowsTheSettingsOfTheType) {
     EXPECT_EQ(Show(0.0, ANGLE_LATITUDE), "000g.000000000N");  // no letter chosen
 }
 
-TEST_F(AngleDisplay, OddSettings) {
-    Put("Angle Settings", "Format = 5\nDecimals = 2\n");  // stands for itself
-    EXPECT_EQ(Show(2.5, ANGLE_BEARING), "002d 30'.00");
-    Put("Angle Settings", "Format = 6\nDecimals = 2\n");
-    EXPECT_EQ(Show(2.5, ANGLE_BEARING), "");
-    Put("Angle Settings", "Format = 2\n");
-    EXPECT_EQ(Show(2.5, ANGLE_BEARING), "002d.5000000");
-    Put("Angle Settings", "no value\nDecimals = x\n");
-    EXPECT_EQ(Show(2.5, ANGLE_BEARING), "002d 30'");
-}
-
 // The letters are left alone for what has none, and blank where the file stops before them.
 TEST_F(AngleDisplay, Letters) {
     int format = 0, decimals = 0;

@@ -144,14 +144,6 @@ TEST(AngleEdit, Backspace) {
     for (const Scenario& row : rows) Check(row);
 }
 
-TEST(AngleEdit, UnknownTypesTakeNoKey) {
-    tagEditText edit{"12", 1, 1};
-    const tagEditText before = edit;
-    Play(edit, 0, 1, "5<BS>");
-    Play(edit, 5, 5, "5<BS>");
-    EXPECT_EQ(edit, before);
-}
-
 /// The text with every digit as "0", letters as N or E and signs as their place.
 std::string ShapeOf(std::string text) {
     for (char& c : text) {

@@ -215,26 +215,6 @@ TEST_F(ConfigFile, BringsTextsBackAsTheyWere) {
     EXPECT_EQ(FromLine("Text", [](CConfigFile& file) { return file.ReadText(); }), "");
 }
 
-TEST_F(ConfigFile, ReadsOneCharacter) {
-    const auto read = [](CConfigFile& file) { return file.ReadChar('N'); };
-    EXPECT_EQ(FromLine("a =  \tEast", read), 'E');
-    EXPECT_EQ(FromLine("a =  ", read), 'N');
-    EXPECT_EQ(FromLine("a", read), 'N');
-}
-
-TEST_F(ConfigFile, WritesSectionsOfBareLines) {
-    const std::array<std::string, 2> paths = {"C:\\Job\\a,b.csv", "/srv/jobs/\xE9.csv"};
-    EXPECT_EQ(Written([&](CConfigFile& file) { file.WriteSection("Boundary", paths); }),
-              "[Boundary]\r\nC:\\Job\\a,b.csv\r\n/srv/jobs/\xE9.csv\r\n");
-    EXPECT_EQ(Written([&](CConfigFile& file) { file.WriteSection("Boundary", {}); }), "[Boundary]\r\n");
-}
-
-/// A waypoint's name serves as a key; it may hold anything.
-TEST_F(ConfigFile, KeepsOneLineWhateverTheKey) {
-    const std::string bytes = Written([](CConfigFile& file) { file.WriteBool("a = 0\r\nb", true); });
-    EXPECT_EQ(bytes, "a   0  b = 1\r\n");
-}
-
 TEST_F(ConfigFile, LeavesTheOldFileWhenASaveIsRefusedOrDropped) {
     drives.Write("C:\\Job\\a.INI", "old\r\n");
     CConfigFile writer(drives);
@@ -246,24 +226,6 @@ TEST_F(ConfigFile, LeavesTheOldFileWhenASaveIsRefusedOrDropped) {
     EXPECT_EQ(drives.Read("C:\\Job\\a.INI"), "old\r\n");
     EXPECT_FALSE(second.OpenForWrite("C:\\No such folder\\", "a"));
     EXPECT_FALSE(second.OpenForReadIn(kFolder, "b"));
-}
-
-TEST_F(ConfigFile, LiesInTheSettingsFolderOfTheProgram) {
-    CConfigFile file(drives);
-    ASSERT_TRUE(file.OpenSettingsForWrite("Active Pipeline"));
-    EXPECT_EQ(file.GetFilePath(), "C:\\MySettings\\Host\\Active_Pipeline.INI");
-    file.WriteInt("a", 5);
-    ASSERT_TRUE(file.Commit());
-    ASSERT_TRUE(file.OpenForRead("Active Pipeline"));
-    EXPECT_EQ(file.ReadInt(0), 5);
-    EXPECT_EQ(file.GetSettingsPath("GRID Waypoints", "FLS"), "C:\\MySettings\\Host\\GRID_Waypoints.FLS");
-}
-
-TEST_F(ConfigFile, RefusesANullPath) {
-    CConfigFile file(drives);
-    EXPECT_THROW(file.SetFilePath(nullptr), InvalidArgument);
-    file.SetFilePath("C:\\a");
-    EXPECT_EQ(file.GetFilePath(), "C:\\a");
 }
 
 }  // namespace

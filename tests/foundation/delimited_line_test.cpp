@@ -5,23 +5,6 @@
 namespace quillon {
 namespace {
 
-TEST(DelimitedLine, TakesOneLineAfterAnother) {
-    CDelimitedLine line;
-    line.Fill("W 1,500000.5,6000000.25 \r\n");
-    EXPECT_EQ(line.FieldCount(), 3);
-    EXPECT_EQ(line.NextString(), "W 1");
-    EXPECT_EQ(line.NextNumber(), 500000.5);
-    EXPECT_EQ(line.GetText(), "6000000.25");
-    EXPECT_EQ(line.NextNumber(), 6000000.25);
-    EXPECT_FALSE(line.IsEndReached());
-    EXPECT_TRUE(IsMissing(line.NextNumber()));
-    EXPECT_TRUE(line.IsEndReached());
-
-    line.Fill("7");
-    EXPECT_FALSE(line.IsEndReached());
-    EXPECT_EQ(line.NextNumber(), 7);
-}
-
 TEST(DelimitedLine, TestsAndCutsAChecksum) {
     struct Row {
         const char* line;
@@ -44,13 +27,6 @@ TEST(DelimitedLine, TestsAndCutsAChecksum) {
         EXPECT_EQ(line.GetText(), row.text);
         EXPECT_EQ(line.IsChecksumMatched(), row.matched) << row.line;
     }
-}
-
-TEST(DelimitedLine, ForgetsAChecksumWithTheNextLine) {
-    CDelimitedLine line;
-    line.SetLine("$A*41");
-    line.SetLine("A");
-    EXPECT_FALSE(line.IsChecksumMatched());
 }
 
 TEST(DelimitedLine, DetectsSeparators) {
@@ -92,36 +68,6 @@ TEST(DelimitedLine, BuildsALineInEveryForm) {
     line.AddBool(false);
     line.AddString("");
     EXPECT_EQ(line.Finish(), "\"Rig\", 500000.123, -0.00, 7, -2147483648, 9223372036854775807, -32768, 1, 0, \r\n");
-}
-
-TEST(DelimitedLine, ShowsAnEmptyFirstField) {
-    CDelimitedLine line;
-    EXPECT_EQ(line.AddString(""), " ");
-    EXPECT_EQ(line.AddString("b"), " , b");
-    line.Fill("");
-    EXPECT_EQ(line.AddString("", true), "\"\"");
-    line.Fill("");
-    EXPECT_EQ(line.Finish(), "");
-}
-
-TEST(DelimitedLine, BuildsWithAnotherSeparator) {
-    CDelimitedLine line;
-    line.SetSeparator(';');
-    line.AddString("a;b,c");
-    line.AddInt(2);
-    EXPECT_EQ(line.GetText(),
-              "a\xAB"
-              "COMMA>\xBB"
-              "b,c; 2");
-    EXPECT_EQ(line.NextString(), "a;b,c");
-    EXPECT_EQ(line.NextNumber(), 2);
-}
-
-TEST(DelimitedLine, BuildsBehindWhatIsLeft) {
-    CDelimitedLine line;
-    line.Fill("1,2");
-    line.NextNumber();
-    EXPECT_EQ(line.AddInt(3), "2, 3");
 }
 
 }  // namespace

@@ -82,20 +82,6 @@ TEST(FieldScanner, NotesTheEndOnlyWhenAskedBehindIt) {
     EXPECT_TRUE(blank.IsEndReached());
 }
 
-TEST(FieldScanner, LeavesTheRangeOnTheRightSide) {
-    const std::string zeros(400, '0');
-    EXPECT_EQ(FieldScanner("1" + zeros + "e-10").NextNumber(), MISSING_VALUE);
-    EXPECT_EQ(FieldScanner("1" + zeros + "e-400").NextNumber(), 1);
-    EXPECT_EQ(FieldScanner("." + zeros + "1e10").NextNumber(), 0);
-    EXPECT_EQ(FieldScanner("." + zeros + "1e401").NextNumber(), 1);
-    EXPECT_EQ(FieldScanner("0." + zeros + "1").NextNumber(), 0);
-}
-
-TEST(FieldScanner, KeepsTheSignOfZero) {
-    EXPECT_TRUE(std::signbit(FieldScanner("-0.000").NextNumber()));
-    EXPECT_FALSE(std::signbit(FieldScanner("0.000").NextNumber()));
-}
-
 /// The plain slow way to take a number: step by step, on a string that is eaten from the front.
 double SlowNextNumber(std::string& text, char separator) {
     const auto trimLeft = [&] { text.erase(0, text.find_first_not_of(" \t\n\v\f\r")); };
@@ -192,22 +178,6 @@ TEST(FieldScanner, TakesTextsAndQuotedTexts) {
         EXPECT_THAT(taken, ElementsAreArray(row.fields));
         EXPECT_EQ(fields.Rest(), row.rest);
     }
-}
-
-TEST(FieldScanner, TurnsTheSeparatorTokenIntoItsOwnSeparator) {
-    EXPECT_EQ(FieldScanner("a\xAB"
-                           "COMMA>\xBB"
-                           "b,c;d",
-                           ';')
-                  .NextString(),
-              "a;b,c");
-}
-
-TEST(FieldScanner, CountsFields) {
-    EXPECT_EQ(FieldScanner("").FieldCount(), 0);
-    EXPECT_EQ(FieldScanner("a").FieldCount(), 1);
-    EXPECT_EQ(FieldScanner(",,").FieldCount(), 3);
-    EXPECT_EQ(FieldScanner("a;b,c", ';').FieldCount(), 2);
 }
 
 TEST(FieldScanner, ReadsThePointUnderALocaleWithAComma) {

@@ -80,15 +80,6 @@ TEST(Folders, FindTheDataFolder) {
     }
 }
 
-TEST(Folders, TakeTheBareDataFolderWithoutASubfolder) {
-    ScratchDrives drives;
-    drives.AddDrive('d');
-    drives.MakeFolder("D:\\MyData");
-    std::string path;
-    EXPECT_TRUE(GetMyDataFolder(drives, "", path));
-    EXPECT_EQ(path, "D:\\MyData\\");
-}
-
 TEST(Folders, FollowTheFileThatNamesTheDataFolder) {
     struct Row {
         const char* name;
@@ -116,52 +107,6 @@ TEST(Folders, FollowTheFileThatNamesTheDataFolder) {
         EXPECT_EQ(GetDataFolder(drives, "Routes"), row.path);
         EXPECT_TRUE(drives.Exists(row.path));
         EXPECT_TRUE(drives.Exists("C:\\MyDrives\\"));
-    }
-}
-
-TEST(Folders, NameTheSettingsFolderAfterTheProgram) {
-    for (const auto& [commandLine, folder] :
-         {std::pair{"\"C:\\Program Files\\Host\\Host.exe\"", "C:\\MySettings\\Host\\"},
-          std::pair{"/usr/bin/quillon", "C:\\MySettings\\quillon\\"},
-          std::pair{"Quillon", "C:\\MySettings\\Quillon\\"}}) {
-        ScratchDrives drives(commandLine);
-        std::string path;
-        EXPECT_TRUE(GetSettingsFolder(drives, path));
-        EXPECT_EQ(path, folder);
-        EXPECT_TRUE(drives.Exists(path));
-    }
-}
-
-TEST(Folders, GiveAPathThatCannotBeOpenedWhereSettingsHaveNoPlace) {
-    ScratchDrives drives;
-    drives.Write("C:\\MySettings", "");
-    EXPECT_EQ(GetSettingsPath(drives, "Angle Settings"), "C:\\MySettings\\Angle_Settings.INI");
-}
-
-TEST(Folders, MakeEveryFolderOfAPath) {
-    ScratchDrives drives;
-    drives.Write("C:\\file", "");
-    const std::string srv = drives.Root().string();
-    struct Row {
-        std::string path;
-        bool made;
-        std::string stands;
-    };
-    for (const Row& row : {
-             Row{"C:\\a\\b\\c", true, "C:\\a\\b\\c\\"},
-             Row{"C:\\a\\b\\c", true, "C:\\a\\b\\c\\"},
-             Row{"C:/d/e/", true, "C:\\d\\e\\"},
-             Row{"C:\\g", true, "C:\\g\\"},
-             Row{srv + "/srv/y", true, srv + "/srv/y"},
-             Row{"C:\\", false, ""},
-             Row{"C:x", false, ""},
-             Row{"X:\\a\\b", false, ""},
-             Row{"C:\\file\\a", false, ""},
-             Row{"relative\\path", false, ""},
-             Row{srv + "/c/file/a", false, ""},
-         }) {
-        EXPECT_EQ(MakeDirectories(drives, row.path), row.made) << row.path;
-        EXPECT_TRUE(drives.Exists(row.stands) || !row.made) << row.path;
     }
 }
 

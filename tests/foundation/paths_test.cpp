@@ -57,26 +57,5 @@ TEST(Paths, NamesFoldersAndFiles) {
     }
 }
 
-TEST(Paths, ReplacesAndAddsExtensions) {
-    EXPECT_EQ(ReplaceExtension("C:\\Job\\a.b.xyz", "DTM"), "C:\\Job\\a.b.DTM");
-    EXPECT_EQ(ReplaceExtension("C:\\Job\\a", "DTM"), "C:\\Job\\a.DTM");
-    EXPECT_EQ(ReplaceExtension("C:\\Job.1\\a", "DTM"), "C:\\Job.DTM");
-}
-
-TEST(Paths, MakesPaths) {
-    EXPECT_EQ(MakePath("C:\\Job\\", "a", "DRW"), "C:\\Job\\a.DRW");
-    EXPECT_EQ(MakePath("C:\\Job\\", "a"), "C:\\Job\\a.INI");
-    EXPECT_EQ(MakePath("", "a.b", ""), "a.b.INI");
-}
-
-TEST(Paths, EndsFoldersInTheirOwnSeparator) {
-    for (const auto& [path, ended] : {std::pair{"C:\\Job", "C:\\Job\\"}, std::pair{"C:\\Job\\", "C:\\Job\\"},
-                                      std::pair{"/srv/jobs", "/srv/jobs/"}, std::pair{"C:/Job/", "C:/Job/"}}) {
-        std::string folder = path;
-        EndInSeparator(folder);
-        EXPECT_EQ(folder, ended);
-    }
-}
-
 }  // namespace
 }  // namespace quillon

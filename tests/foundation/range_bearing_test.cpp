@@ -31,14 +31,6 @@ TEST(RangeBearing, RunsClockwiseFromNorth) {
     }
 }
 
-TEST(RangeBearing, IsZeroBetweenEqualPointsWhateverTheirSigns) {
-    double bearing = -1;
-    RangeBearing({0.0, 0.0}, {0.0, -0.0}, &bearing, nullptr);
-    EXPECT_EQ(bearing, 0.0);
-    RangeBearing({0.0, 0.0}, {-0.0, -0.0}, &bearing, nullptr);
-    EXPECT_EQ(bearing, 0.0);
-}
-
 TEST(MissingValue, IsExactlyTheLargestDouble) {
     EXPECT_TRUE(IsMissing(1.7976931348623157e308));
     EXPECT_FALSE(IsMissing(std::nextafter(MISSING_VALUE, 0.0)));

@@ -69,20 +69,6 @@ TEST_F(FrameControls, ButtonsHaveColoursForDayNightAndTheMouse) {
     EXPECT_EQ(button.GetFaceColour(), 0x663D00u) << "the mouse has left";
 }
 
-TEST_F(FrameControls, ADialogAndItsButtonsTurnTogether) {
-    platform.SetNight(true);
-    CColourDialogEx dialog(platform, "Load", {10, 10});
-    CColourButton quit(dialog, IDCANCEL, "Quit", dialog.GetNightMode());
-    dialog.AddControl(quit);
-    EXPECT_EQ(dialog.GetBackground(), 0x000000u);
-    EXPECT_EQ(dialog.GetTextColour(), 0xC0C0C0u);
-    EXPECT_EQ(quit.GetFaceColour(), 0x663D00u);
-    dialog.SetDaylightMode();
-    EXPECT_EQ(dialog.GetBackground(), 0x555555u);
-    EXPECT_EQ(dialog.GetTextColour(), 0xFFFFFFu);
-    EXPECT_EQ(quit.GetFaceColour(), 0xCC7B00u);
-}
-
 TEST_F(FrameControls, TheComboOfColoursIsThePalette) {
     CColourPickerComboBoxEx combo(log, 1);
     ASSERT_EQ(combo.GetCount(), kPaletteCount);

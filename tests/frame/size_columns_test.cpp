@@ -13,17 +13,6 @@ namespace {
 
 constexpr int kCharacter = 7;  // of the headless platform
 
-TEST(HeaderWidth, IsThatOfItsLongestLine) {
-    struct Case {
-        const char* header;
-        int whole, expected;
-    };
-    for (const Case& c : {Case{"Easting", 65, 65}, Case{"", 16, 16}, Case{"Bearing\n(deg)", 100, (7 * 100 + 2) / 12},
-                          Case{"a\nbb\nccc", 60, (3 * 60 + 2) / 6}, Case{"\n", 16, 16}, Case{"Name\n", 44, 44}}) {
-        EXPECT_EQ(HeaderWidth(c.header, c.whole), c.expected) << c.header;
-    }
-}
-
 class SizeColumnsTest : public testing::Test {
 protected:
     ScratchDrives drives;

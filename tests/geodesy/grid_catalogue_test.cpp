@@ -78,29 +78,6 @@ TEST_F(GridCatalogueTest, RowsAreSetWhole) {
     }
 }
 
-TEST_F(GridCatalogueTest, NumbersOutOfRangeAreStoredAndNothingElseHappens) {
-    constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
-    constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
-    ASSERT_TRUE(grid.SetGrid(3, TRANSVERSE_MERCATOR, 0));
-    const double lon0 = grid.lon0;
-    const auto refused = [&](std::int32_t zone, std::int32_t type) {
-        EXPECT_FALSE(grid.SetGrid(zone, type, 5)) << zone << ' ' << type;
-        EXPECT_EQ(grid.zone, zone);
-        EXPECT_EQ(grid.type, type);
-        EXPECT_EQ(grid.subtype, 5);
-        EXPECT_TRUE(grid.ellipsoidFixed);
-        EXPECT_EQ(grid.name, "Irish");
-        EXPECT_EQ(grid.lon0, lon0);
-        EXPECT_EQ(ellipsoid.name, "GRS80");
-    };
-    for (const std::int32_t type : {15, -1, kMost, kLeast}) refused(0, type);
-    for (std::int32_t type = 0; type < kGridTypes; ++type) {
-        for (const std::int32_t zone : {-1, kGridFamilySizes[static_cast<std::size_t>(type)], kMost, kLeast}) {
-            refused(zone, type);
-        }
-    }
-}
-
 TEST_F(GridCatalogueTest, UtmKeepsTheEllipsoidInUse) {
     ellipsoid.SetEllipsoid(20);
     EXPECT_TRUE(grid.SetGrid(12, UTM_GRID, 0));
@@ -118,32 +95,6 @@ TEST_F(GridCatalogueTest, UtmKeepsTheEllipsoidInUse) {
     EXPECT_FALSE(grid.ellipsoidFixed) << "the general Mercator follows no survey";
     EXPECT_TRUE(grid.SetGrid(1, MERCATOR, 0));
     EXPECT_TRUE(grid.ellipsoidFixed);
-}
-
-// A row is the same whatever stood in the grid before: nothing of an earlier row shines through.
-TEST_F(GridCatalogueTest, RowsDoNotDependOnWhatWasThereBefore) {
-    for (std::int32_t type = 0; type < kGridTypes; ++type) {
-        for (std::int32_t zone = 0; zone < kGridFamilySizes[static_cast<std::size_t>(type)]; ++zone) {
-            CEllipsoid freshEllipsoid;
-            CGrid fresh;
-            fresh.ellipsoid = &freshEllipsoid;
-            fresh.SetGrid(zone, type, 1);
-            ellipsoid.SetEllipsoid(CEllipsoid::kWgs84);
-            ASSERT_TRUE(grid.SetGrid(zone, type, 1));
-            const double lat = grid.lat0 != 0 ? grid.lat0 + 0.01 : 0.7;
-            const double lon = type == STATE_PLANE_27 ? -std::fabs(grid.lon0) : grid.lon0 + 0.01;
-            double e1 = 0, n1 = 0, e2 = 0, n2 = 0;
-            grid.Forward(&e1, &n1, lat, lon);
-            fresh.Forward(&e2, &n2, lat, lon);
-            EXPECT_EQ(e1, e2) << grid.name;
-            EXPECT_EQ(n1, n2) << grid.name;
-            EXPECT_TRUE(std::isfinite(e1) && std::isfinite(n1)) << grid.name << ' ' << grid.comment;
-            EXPECT_TRUE(grid.k0 > 0.4 && grid.k0 < 1.6) << grid.name << ' ' << grid.comment << ' ' << grid.k0;
-            EXPECT_EQ(grid.k0, fresh.k0);
-            EXPECT_EQ(grid.scaleRatio, fresh.scaleRatio) << grid.name;
-            EXPECT_EQ(grid.lat1, fresh.lat1);
-        }
-    }
 }
 
 // The origin of a projection lies at its false origin; a false easting beside the wrong meridian doesn't show that way,

@@ -47,18 +47,6 @@ TEST_F(GridFigures, EveryRowIsWhereTheAuthorityHasIt) {
     }
 }
 
-// A row of which nothing is known but its own figures must be on the list.
-TEST_F(GridFigures, OnlyNorwayInZone31HasNoAuthority) {
-    std::map<std::pair<std::int32_t, std::int32_t>, std::size_t> compared;
-    for (const GridFiguresBlock& block : blocks) compared[{block.type, block.zone}] += block.positions.size();
-    for (std::int32_t type = 0; type < kGridTypes; ++type) {
-        for (std::int32_t zone = 0; zone < kGridFamilySizes[static_cast<std::size_t>(type)]; ++zone) {
-            if (type == NORWEGIAN_AXES && zone == 0) continue;
-            EXPECT_GE((compared[{type, zone}]), 5u) << "type " << type << " zone " << zone;
-        }
-    }
-}
-
 // The array form chooses the formula once for all positions; it must choose the same one.
 TEST_F(GridFigures, ArraysGiveTheSamePositions) {
     for (const GridFiguresBlock& block : blocks) {

@@ -207,28 +207,6 @@ TEST(GridForward, NeedsEllipsoidAndScale) {
     expectZeros("no ellipsoid");
 }
 
-TEST(GridForward, WritesNothingWithoutAFormula) {
-    const struct {
-        int type, subtype;
-    } cases[] = {{15, 0}, {-1, 0}, {6, 3}, {6, -1}, {9, 3}, {11, 4}, {11, -1}, {12, 4}, {12, -1}};
-    for (const auto& c : cases) {
-        Built built(26, c.type, c.subtype);
-        const tagPosition p = built.Origin(10, 3, 0, 0, 1).At(11, 4);
-        EXPECT_EQ(p.east, -1) << c.type << ' ' << c.subtype;
-        EXPECT_EQ(p.north, -1) << c.type << ' ' << c.subtype;
-    }
-}
-
-TEST(GridForward, TakesEitherResultAlone) {
-    Built utm(26, UTM_GRID, 0);
-    const tagPosition both = utm.Origin(0, 3, 500000, 0, 0.9996).At(52, 4);
-    tagPosition p;
-    utm.grid.Forward(&p.east, nullptr, 52 * kDegree, 4 * kDegree);
-    utm.grid.Forward(nullptr, &p.north, 52 * kDegree, 4 * kDegree);
-    EXPECT_EQ(p.east, both.east);
-    EXPECT_EQ(p.north, both.north);
-}
-
 // Only the Transverse Mercator series looks across the 180th meridian.
 TEST(GridForward, WrapsTheLongitudeOnce) {
     Built utm(26, UTM_GRID, 0);
@@ -283,20 +261,6 @@ TEST(GridForward, DanishSystemsArePolynomialsOfUtm) {
     }
 }
 
-TEST(GridInit, MercatorTakesItsScaleFromTheParallel) {
-    Built built(26, MERCATOR, 0);
-    built.Origin(0, 5, 0, 0, 0.98);
-    EXPECT_EQ(built.grid.k0, 0.98);
-    EXPECT_NEAR(built.At(0, 6).east, kDegree * built.ellipsoid.a, 1e-6);
-    built.Origin(33, 5, 0, 0, 0.98);
-    const double k0 = built.grid.k0;
-    EXPECT_NEAR(k0, 0.839504511566, 1e-12);
-    built.grid.Init();
-    EXPECT_EQ(built.grid.k0, k0);
-    built.grid.subtype = 1;
-    EXPECT_NEAR(built.Origin(33, 5, 0, 700, 1).At(0, 6).north, 700, 1e-9);  // the false northing applies at the equator
-}
-
 TEST(GridInit, ParallelsFollowTheSubtype) {
     Built one(7, LAMBERT, 0);
     one.Origin(18, -77, 250000, 150000, 1).grid.SetParallels(20, 30);
@@ -334,13 +298,6 @@ TEST(GridInit, LambertFromTheEquatorHasAScale) {
     EXPECT_NEAR(china.At(0, 114).north, 501138.398, 1e-6);
 }
 
-TEST(GridInit, LambertSeriesOnTheEquatorLeavesTheWorkArea) {
-    Built built(26, LAMBERT, 0);
-    std::fill(std::begin(built.grid.W), std::end(built.grid.W), 7.0);
-    built.Origin(0, 3, 0, 0, 1);
-    for (const double slot : built.grid.W) EXPECT_EQ(slot, 7.0);
-}
-
 TEST(GridInit, PolarWithoutAParallelIsTheNorthPole) {
     Built built(26, STEREOGRAPHIC, 2);
     built.Origin(0, 0, 2e6, 2e6, 0.994);
@@ -359,36 +316,6 @@ TEST(GridInit, ObliqueMercatorTellsWhereItsOriginLies) {
     borneo.Origin(4, 115, 1, 2, 0.99984);
     EXPECT_NEAR(borneo.grid.FE, 590476.87, 0.01);  // IOGP 373-7-2: easting and northing at the projection centre
     EXPECT_NEAR(borneo.grid.FN, 442857.65, 0.01);
-}
-
-TEST(Grid, ScaleRatioIsOneForAScaleOfOne) {
-    CGrid grid;
-    grid.k0 = 1;
-    grid.Init();
-    EXPECT_EQ(grid.scaleRatio, 1);
-    grid.k0 = 0.9996;
-    grid.Init();
-    EXPECT_NEAR(grid.scaleRatio, 2500, 1e-6);
-}
-
-TEST(Grid, KnowsZonesAndMeridians) {
-    EXPECT_NEAR(CGrid::ZoneCentralMeridian(31), 3 * kDegree, 1e-12);
-    EXPECT_NEAR(CGrid::ZoneCentralMeridian(0), -183 * kDegree, 1e-12);
-    const struct {
-        double lon;
-        int zone;
-    } cases[] = {{3, 31}, {5.99, 31}, {6.01, 31}, {9, 32}, {-176.9, 1}, {180, 60}, {-183, 0}};
-    for (const auto& c : cases) EXPECT_EQ(CGrid::ZoneOfMeridian(c.lon * kDegree), c.zone) << c.lon;
-    for (const double none : {kNaN, kInfinity, -kInfinity, 1e300}) EXPECT_EQ(CGrid::ZoneOfMeridian(none), 0);
-}
-
-TEST(Grid, TakesNamesAndTables) {
-    CGrid grid;
-    grid.SetNames("name", "comment");
-    grid.SetNames(nullptr, "other");
-    EXPECT_EQ(grid.name + "|" + grid.comment, "|other");
-    grid.StoreParameters(std::vector<double>(20, 4.0));  // three more than there is room for
-    EXPECT_EQ(grid.W[16], 4.0);
 }
 
 // Whatever comes in, there is an answer, and never a trap or a hang.
@@ -420,15 +347,6 @@ TEST(Grid, LivesThroughAnyNumber) {
     tagPosition p;
     grid.Forward(&p.east, &p.north, 0.9, 0.1);
     EXPECT_EQ(p.east, 0);
-}
-
-TEST(Grid, IsInfiniteAtThePoleOfMercator) {
-    Built built(26, MERCATOR, 0);
-    built.Origin(0, 3, 0, 0, 1);
-    EXPECT_EQ(built.At(90, 3).north, kInfinity);
-    EXPECT_EQ(built.At(-90, 3).north, -kInfinity);
-    // A second from the pole all digits still count (the definition, evaluated with 30 digits).
-    EXPECT_NEAR(built.At(90 - 1 / 3600.0, 3).north, 82426921.6196106, 0.001);
 }
 
 }  // namespace

@@ -52,12 +52,5 @@ TEST(AreaLabelTest, StandsWellInside) {
     }
 }
 
-TEST(AreaLabelTest, NoInsideNoLabel) {
-    EXPECT_FALSE(PlaceAreaLabel({}));
-    EXPECT_FALSE(PlaceAreaLabel(std::vector<tagXY>{{0, 0}, {1, 1}}));
-    EXPECT_FALSE(PlaceAreaLabel(std::vector<tagXY>{{5, 5}, {5, 5}, {5, 5}}));
-    EXPECT_FALSE(PlaceAreaLabel(std::vector<tagXY>{{0, 0}, {1, 1}, {2, 2}}));
-}
-
 }  // namespace
 }  // namespace quillon

@@ -29,15 +29,6 @@ double LeftOf(tagXY from, tagXY to, tagXY point) {
     return (dx * (point.y - from.y) - dy * (point.x - from.x)) / std::hypot(dx, dy);
 }
 
-TEST(CorridorOutline, BluntTurnsKeepTheirCorners) {
-    const std::vector<tagXY> outline = OutlineOf({{0, 0}, {1000, 0}, {1000, 800}});
-    ASSERT_EQ(outline.size(), 6u);
-    EXPECT_NEAR(outline[1].x, 970, 1e-9);
-    EXPECT_NEAR(outline[1].y, 30, 1e-9);
-    EXPECT_NEAR(outline[4].x, 1010, 1e-9);
-    EXPECT_NEAR(outline[4].y, -10, 1e-9);
-}
-
 TEST(CorridorOutline, AHairpinIsCutSquareFourWidthsOut) {
     const std::vector<tagXY> line = {{0, 0}, {1000, 0}, {0, 1}};
     const std::vector<tagXY> outline = OutlineOf(line);

@@ -169,11 +169,6 @@ TEST_F(JobTest, AFileAddedIsListedAndShownAtTheNextStart) {
     EXPECT_EQ(Pane().GetCombo().GetCurSel(), 2);
 }
 
-TEST_F(JobTest, NightReachesEveryPane) {
-    Open().SetNightMode(true);
-    for (const auto& pane : job->Panes()) EXPECT_TRUE(pane->GetNightMode());
-}
-
 /// Every file that the sample's lists name is there and has points; every kind of the workbench has its pane.
 TEST(SampleJobTest, IsWhole) {
     ScratchDrives drives("Quillon");

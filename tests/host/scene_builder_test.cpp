@@ -104,14 +104,6 @@ TEST_F(SceneBuilderTest, WhatIsHiddenIsNotThereAndHitsStillFindTheirFile) {
     EXPECT_EQ(Hit(0, 0, HIT_KIND::AREA), (JobPoint{KIND::BOUNDARY, 1, -1})) << "the file alone";
 }
 
-TEST_F(SceneBuilderTest, AHitOnASegmentIsItsNearerPoint) {
-    EXPECT_EQ(Hit(0, 1, HIT_KIND::SEGMENT, {200, 120}).point, 1);
-    EXPECT_EQ(Hit(0, 1, HIT_KIND::SEGMENT, {200, 180}).point, 2);
-    EXPECT_EQ(Hit(0, 3, HIT_KIND::SEGMENT, {100, 190}).point, 3);
-    EXPECT_EQ(Hit(0, 4, HIT_KIND::VERTEX), JobPoint()) << "a point that has gone meanwhile";
-    EXPECT_EQ(Hit(0, 3, HIT_KIND::SEGMENT, {100, 110}).point, 0) << "the segment that closes the ring";
-}
-
 TEST_F(SceneBuilderTest, PathsAreMadeAnewOnlyWhenTheirPointsAreOthers) {
     const auto first = Paths();
     const ChartScene keepsThem = scene;

@@ -48,13 +48,6 @@ TEST(OptionsTest, RefusesTheRestWithExitCodeTwo) {
     }
 }
 
-TEST(OptionsTest, HelpAndVersionAreNoFailure) {
-    EXPECT_NE(Parse({"--help"}).text.find("--render"), std::string::npos);
-    EXPECT_EQ(Parse({"--help"}).exitCode, 0);
-    EXPECT_EQ(Parse({"--version"}).text.substr(0, 18), "quillon-workbench ");
-    EXPECT_EQ(Parse({"--version"}).exitCode, 0);
-}
-
 TEST(StartupTest, ChoosesWhereToDraw) {
     WorkbenchOptions window, render, screenshot;
     render.render = "a.png";

@@ -51,12 +51,6 @@ TEST_F(BoundaryPaneTest, StartsEmptyAndHidden) {
     EXPECT_EQ(Lines(kListPaths), Texts{"(none)"});
 }
 
-TEST_F(BoundaryPaneTest, ShowsWhatTheProfileSays) {
-    platform->GetProfile().SetInt("Workspace\\BasePane-12047", "IsVisible", 1);
-    Open();
-    EXPECT_TRUE(pane->IsVisible());
-}
-
 TEST_F(BoundaryPaneTest, ADaysWork) {
     AddBoth();
     EXPECT_EQ(platform->FileQuestions().front().title, "Boundary Files ....");
@@ -121,36 +115,6 @@ TEST_F(BoundaryPaneTest, RemovesTheShownFileThenTheLast) {
     EXPECT_EQ(Lines(kListPaths), Texts{"[Boundary]"});
     EXPECT_EQ(Lines(kListIndexes), (Texts{"Edit File Index = -1", "Edit Point Index = -1"}));
     EXPECT_TRUE(drives.Exists(kZone));
-}
-
-// The combo shows another file; the edit cursor stays where it was.
-TEST_F(BoundaryPaneTest, ComboLeavesTheCursorAlone) {
-    AddBoth();
-    user::Select(pane->GetCombo(), 0);
-    EXPECT_EQ(pane->GetTable().GetItemCount(), 3);
-    EXPECT_EQ(job->boundaries.editState.editFileIndex, 1);
-    EXPECT_EQ(Messages(), Texts());
-}
-
-TEST_F(BoundaryPaneTest, IsAsItWasLeftAfterARestart) {
-    AddBoth();
-    PickRow(*pane, BOUNDARY_COLOUR, "Crimson");
-    pane.reset();
-    Restart();
-    Open();
-    ASSERT_EQ(job->boundaries.GetCount(), 2);
-    EXPECT_EQ(job->boundaries[1].pen.colour, RGB(255, 0, 128));
-    user::Select(pane->GetCombo(), 1);
-    EXPECT_EQ(RowText(*pane, BOUNDARY_COLOUR), "Crimson");
-}
-
-TEST_F(BoundaryPaneTest, ACancelOrAnEmptyChoiceChangesNothing) {
-    platform->AnswerCancel();
-    pane->OnAdd();
-    Add({"  "});
-    EXPECT_EQ(platform->Calls().back(), "warning: Requires a file name");
-    EXPECT_EQ(Messages(), Texts());
-    EXPECT_EQ(Lines(kListPaths), Texts{"(none)"});
 }
 
 }  // namespace

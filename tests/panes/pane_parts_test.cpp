@@ -82,29 +82,6 @@ protected:
     ShapedPane pane{*platform};
 };
 
-TEST_F(PaneParts, SevenButtonsAndNoTable) {
-    for (UINT id = 12912; id < 12919; ++id) {
-        pane.buttons.push_back(std::make_unique<CColourButton>(pane, id, "Add DTM", false));
-    }
-    pane.Resize({402, 500});
-    EXPECT_EQ(pane.buttons[1]->GetRect(), (tagRECT{100, 0, 200, 30}));
-    EXPECT_EQ(pane.buttons[5]->GetRect(), (tagRECT{200, 30, 301, 60}));
-    EXPECT_EQ(pane.buttons[6]->GetRect(), (tagRECT{301, 0, 402, 60}));
-    EXPECT_EQ(pane.GetPropertyList().GetRect(), (tagRECT{0, 60, 402, 500})) << "the list fills the rest";
-}
-
-// The heights of the usual layout: whatever is left below the list is the view's, and without a rest it is hidden.
-TEST_F(PaneParts, AViewInPlaceOfTheTable) {
-    pane.view = std::make_unique<CStatic>(pane, 7u, "view");
-    for (const auto& [height, shown, bottom] :
-         {std::tuple(500, true, 500), {401, true, 401}, {400, false, 400}, {100, false, 400}}) {
-        pane.Resize({200, height});
-        EXPECT_EQ(pane.GetPropertyList().GetRect(), (tagRECT{0, 0, 200, 400}));
-        EXPECT_EQ(pane.view->IsWindowVisible(), shown) << height;
-        EXPECT_EQ(pane.view->GetRect(), (tagRECT{0, 400, 200, bottom})) << height;
-    }
-}
-
 TEST_F(PaneParts, ListsInTabsTurnWithTheNight) {
     TabbedPane tabbed(*platform);
     tabbed.Resize({300, 500});

@@ -138,23 +138,6 @@ TEST_F(WaypointPaneTest, TheFormGoesToAllMembers) {
     EXPECT_FALSE(drives.Exists("C:\\MySettings\\Host\\Notes_GRID_WAYPOINT.INI"));
 }
 
-TEST_F(WaypointPaneTest, WithoutAPasswordTheAlarmIsOpen) {
-    Open(true);
-    AddAll();
-    EXPECT_EQ(pane->GetPropertyList().FindItemByData(WAYPOINT_PASSWORD), nullptr);
-    EXPECT_EQ(pane->GetPropertyList().FindItemByData(WAYPOINT_RINGS), nullptr);
-    EXPECT_EQ(Pick(WAYPOINT_CLEARANCE, "15.5"), Recompute());
-    Texts both = Recompute();
-    for (const std::string& line : RedrawPair()) both.push_back(line);
-    EXPECT_EQ(Pick(WAYPOINT_TOLERANCE, "30"), both);
-    EXPECT_EQ(Pick(WAYPOINT_TOLERANCE_CIRCLE, "True"), RedrawPair());
-    const Texts saved = Lines(kSettings);
-    EXPECT_EQ(saved[2], "Clearance = 15.500");
-    EXPECT_EQ(saved[3], "Tolerance = 30.000");
-    EXPECT_EQ(saved[9], "Draw Rings = 1");
-    EXPECT_EQ(saved[14], "Catenary Mode = 1");
-}
-
 TEST_F(WaypointPaneTest, ThePasswordOpensTheAlarmForTenMinutes) {
     ASSERT_TRUE(platform->Passwords().Set("deep water"));
     Open(true);

@@ -37,20 +37,6 @@ TEST(CArray, GrowsByAnEighthBetween4And1024) {
     for (int i = 0; i < 20000; ++i) ASSERT_EQ(array[i], i);
 }
 
-TEST(CArray, GrowsToALargerRequest) {
-    Array array;
-    array.SetSize(100);
-    EXPECT_EQ(array.GetCapacity(), 100);
-    array.SetSize(102);
-    EXPECT_EQ(array.GetCapacity(), 112) << "a step of an eighth";
-    array.SetSize(500);
-    EXPECT_EQ(array.GetCapacity(), 500);
-    array.SetSize(3);
-    EXPECT_EQ(array.GetCapacity(), 500) << "shrinking keeps the room";
-    array.InsertAt(0, 7);
-    EXPECT_EQ(array.GetCapacity(), 500);
-}
-
 TEST(CArray, ZeroFillsNewElements) {
     CArray<tagSample> array;
     array.SetSize(2);
@@ -58,18 +44,6 @@ TEST(CArray, ZeroFillsNewElements) {
     array.SetSize(1);
     array.SetSize(40);
     for (const tagSample& sample : array) EXPECT_EQ(sample, (tagSample{0.0, 0}));
-}
-
-TEST(CArray, SizeZeroFrees) {
-    Array array;
-    array.SetSize(1000);
-    array.SetSize(0);
-    EXPECT_EQ(array.GetCapacity(), 0);
-    EXPECT_TRUE(array.IsEmpty());
-    array.Add(1);
-    array.RemoveAll();
-    EXPECT_EQ(array.GetCapacity(), 0);
-    EXPECT_EQ(array.GetUpperBound(), -1);
 }
 
 TEST(CArray, InsertsAndRemoves) {
@@ -161,23 +135,6 @@ TEST(CArray, EveryWayToChangeItGivesAnotherStampAndLeavesWhatWasLent) {
     const Array to = std::move(from);
     EXPECT_EQ(to.GetStamp(), stamp);
     EXPECT_NE(from.GetStamp(), stamp) << "NOLINT: it holds nothing now";
-}
-
-TEST(CArray, ReservesOutsideTheRule) {
-    Array array;
-    array.Reserve(77);
-    EXPECT_EQ(array.GetCapacity(), 77);
-    array.Reserve(-5);
-    array.Add(1);
-    EXPECT_EQ(array.GetCapacity(), 77);
-}
-
-TEST(CArray, HoldsWhatOnlyMoves) {
-    CArray<std::unique_ptr<int>> array;
-    array.Add(std::make_unique<int>(1));
-    array.InsertAt(0, std::make_unique<int>(2));
-    array.RemoveAt(1);
-    EXPECT_EQ(*array[0], 2);
 }
 
 }  // namespace

@@ -48,22 +48,6 @@ protected:
     Watcher watcher;
 };
 
-TEST_F(Controls, TellTheirObserverWhatChanged) {
-    {
-        CButton button(window, 7, "Add File");
-        button.SetObserver(&watcher);
-        button.MoveWindow({0, 0, 10, 30});
-        button.MoveWindow({0, 0, 10, 30});
-        button.ShowWindow(false);
-        button.ShowWindow(false);
-        button.EnableWindow(false);
-        button.SetWindowText("Remove File");
-        EXPECT_EQ(watcher.Taken(), (Changes{LAYOUT, LAYOUT, LAYOUT, CONTENT})) << "a change to the same is none";
-        EXPECT_FALSE(watcher.gone);
-    }
-    EXPECT_TRUE(watcher.gone);
-}
-
 TEST_F(Controls, PropertyListsTellWhatChanged) {
     CMyMFCPropertyGridCtrl list(window, 3);
     list.SetObserver(&watcher);
@@ -312,27 +296,6 @@ TEST_F(Controls, ModelessDialogsStayUntilTheyAreDestroyed) {
     EXPECT_TRUE(dialog.Create()) << "once more";
     dialog.DestroyWindow();
     EXPECT_FALSE(dialog.IsOpen());
-}
-
-TEST(Palette, HoldsThe28ColoursInTheirOrder) {
-    // Ends, the two kinds of white, and each spelling that is easily "mended".
-    const struct {
-        int index;
-        const char* name;
-        COLORREF colour;
-    } rows[] = {{0, "Black", 0x000000},        {1, "Red", 0x0000FF},         {5, "Blue", 0xFF0000},
-                {7, "Bright White", 0xFFFFFF}, {8, "Grey", 0x808080},        {9, "White", 0xC0C0C0},
-                {12, "Orange", 0x0080FF},      {15, "Lime Green", 0x00FF80}, {18, "Emerald Green", 0x80FF00},
-                {21, "Turquoise", 0xFF8000},   {24, "Purple", 0xFF0080},     {27, "Crimson", 0x8000FF}};
-    ASSERT_EQ(kPalette.size(), 28u);
-    for (const auto& row : rows) {
-        EXPECT_EQ(kPalette[static_cast<std::size_t>(row.index)].name, row.name);
-        EXPECT_EQ(PaletteIndex(row.colour), row.index) << row.name;
-    }
-    for (int i = 0; i < kPaletteCount; ++i) EXPECT_EQ(PaletteIndex(kPalette[static_cast<std::size_t>(i)].colour), i);
-    EXPECT_EQ(PaletteIndex(RGB(1, 2, 3)), -1);
-    EXPECT_EQ(RGB(1, 2, 300), 0x2C0201u);
-    EXPECT_EQ(GetRValue(0x030201) + 10 * GetGValue(0x030201) + 100 * GetBValue(0x030201), 321u);
 }
 
 }  // namespace

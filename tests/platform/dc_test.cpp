@@ -42,19 +42,5 @@ TEST(Dc, TextStandsInItsBoxByTheFormat) {
     EXPECT_EQ(device.Take(), "");
 }
 
-TEST(Dc, PointsBecomePixelsOfTheDevice) {
-    EXPECT_EQ(CFont::FromPoints(80, "Tahoma", 96).height, -11);
-    EXPECT_EQ(CFont::FromPoints(80, "Tahoma", 600).height, -67);
-}
-
-TEST(Dc, WithoutADeviceNothingHappens) {
-    CDC dc;
-    dc.LineTo(1, 1);
-    dc.FrameRect({0, 0, 5, 5}, {});
-    tagRECT box;
-    EXPECT_EQ(dc.DrawText("abc", box, DT_CALCRECT), 0);
-    EXPECT_EQ(box, tagRECT{});
-}
-
 }  // namespace
 }  // namespace quillon

@@ -101,25 +101,6 @@ TEST(FileSystem, FindsFilesByNamesThatStandForTheirs) {
     EXPECT_FALSE(drives.Exists("C:\\jobs\\none\\LEG 7.csv"));
 }
 
-TEST(FileSystem, KnowsDrivesAndFolders) {
-    ScratchDrives drives;
-    drives.AddDrive('d');
-    FileSystem& files = drives.Files();
-    EXPECT_TRUE(files.DriveIsFixed('C'));
-    EXPECT_TRUE(files.DriveIsFixed('d'));
-    EXPECT_FALSE(files.DriveIsFixed('E'));
-    EXPECT_FALSE(files.DriveIsFixed('\0'));
-
-    EXPECT_EQ(files.CreateFolder("C:\\MyData"), FOLDER_RESULT::CREATED);
-    EXPECT_EQ(files.CreateFolder("C:\\MyData\\"), FOLDER_RESULT::THERE);
-    EXPECT_EQ(files.CreateFolder("C:\\MyData\\Sub\\"), FOLDER_RESULT::CREATED);
-    EXPECT_EQ(files.CreateFolder("C:\\Not\\There"), FOLDER_RESULT::FAILED);
-    drives.Write("C:\\file", "x");
-    EXPECT_EQ(files.CreateFolder("C:\\file"), FOLDER_RESULT::FAILED);
-    EXPECT_TRUE(files.Exists("c:/MyData/Sub"));
-    EXPECT_FALSE(files.Exists("E:\\"));
-}
-
 TEST(FileSystem, OpenedForReadingAloneChangesNothing) {
     ScratchDrives drives;
     drives.Write("C:\\a.csv", "1, 2\n");
@@ -134,17 +115,6 @@ TEST(FileSystem, OpenedForReadingAloneChangesNothing) {
     EXPECT_FALSE(file.OpenForWriting(native));
     EXPECT_TRUE(file.OpenForReading(native));
     EXPECT_EQ(drives.Read("C:\\a.csv"), "1, 2\n");
-}
-
-TEST(FileSystem, StampsRegularFilesOnly) {
-    ScratchDrives drives;
-    drives.Write("C:\\a", "12345");
-    ASSERT_TRUE(drives.Files().Stamp("C:\\a"));
-    EXPECT_EQ(drives.Files().Stamp("C:\\a")->size, 5u);
-    EXPECT_GT(drives.Files().Stamp("C:\\a")->modifiedNs, std::int64_t{1'600'000'000} * 1'000'000'000);
-    EXPECT_FALSE(drives.Files().Stamp("C:\\"));
-    EXPECT_FALSE(drives.Files().Stamp("C:\\none"));
-    EXPECT_FALSE(drives.Files().Stamp("/dev/null"));
 }
 
 // ---- Reading lines ----
@@ -196,17 +166,6 @@ void ExpectLinesBothWays(const std::string& bytes, const std::string& what) {
         ExpectLines(file, bytes, mode, what + " from a file");
         file.OpenBytes(bytes, mode);
         ExpectLines(file, bytes, mode, what + " from memory");
-    }
-}
-
-TEST(Reading, EndsLinesAtTheLineFeed) {
-    using namespace std::string_literals;
-    for (const std::string& bytes : {""s, "\xEF\xBB\xBF"s,
-                                     "\xEF\xBB\xBF"
-                                     "a\n\xEF\xBB\xBF"s,
-                                     "\xEF\xBB\xBF\r\n"s, "\n"s, "\r\n"s, "a"s, "a\r"s, "a\n"s, "a\r\nb\nc"s,
-                                     "a\rb\r\n"s, "\r\r\n\n\r"s, "a\0b\r\n\0\n"s, "\x1A\r\nafter\n"s, "\n\n\n"s}) {
-        ExpectLinesBothWays(bytes, ::testing::PrintToString(bytes));
     }
 }
 

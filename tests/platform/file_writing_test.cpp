@@ -60,25 +60,6 @@ protected:
 
 const std::set<std::string> kOnlyTheFile = {"Wrecks.csv"};
 
-TEST_F(FileWriting, EndsLinesByMode) {
-    CStdioFile file(drives.Files());
-    for (const auto& [mode, expected] : {std::pair{FILE_MODE::TEXT, std::string("a\r\nb\r\n\r\nc\0\r\r\n", 13)},
-                                         std::pair{FILE_MODE::BINARY, std::string("a\nb\n\nc\0\r\n", 9)}}) {
-        ASSERT_TRUE(file.OpenForWriting(kPath, mode));
-        EXPECT_TRUE(file.IsWriting());
-        file.WriteString("a\nb");
-        file.WriteString("\n\nc");
-        file.WriteString(std::string_view("\0\r\n", 3));
-        ASSERT_TRUE(file.Commit());
-        EXPECT_FALSE(file.IsWriting());
-        EXPECT_EQ(Read(), expected);
-        EXPECT_EQ(Names(), kOnlyTheFile);
-    }
-    ASSERT_TRUE(file.OpenForWriting(kPath));
-    ASSERT_TRUE(file.Commit());
-    EXPECT_EQ(Read(), "") << "a file without a line";
-}
-
 TEST_F(FileWriting, LeavesTheOldFileWithoutACommit) {
     Save("old");
     {
@@ -375,17 +356,6 @@ TEST_F(FileWriting, StandsWholeWhicheverStepFails) {
     }
 }
 
-TEST_F(FileWriting, GoesOnAfterASignal) {
-    const std::string fresh(4500, 'n');
-    for (int step = 1; step < 12; ++step) {
-        FailingCalls calls(step, EINTR);
-        drives.Files().SetCalls(calls);
-        drives.Write(kPath, "old");
-        EXPECT_TRUE(Save(fresh)) << calls.Names();
-        EXPECT_TRUE(Read() == fresh);
-    }
-}
-
 TEST_F(FileWriting, IsOnTheDiskBeforeItTakesItsName) {
     FailingCalls calls;
     drives.Files().SetCalls(calls);
@@ -433,29 +403,6 @@ TEST_F(FileWriting, KeepsTheOwnerOfTheFile) {
     EXPECT_EQ(status.st_uid, 1234u);
     EXPECT_EQ(status.st_gid, 2345u);
     EXPECT_EQ(ModeOf(), 0664u);
-}
-
-TEST_F(FileWriting, RefusesAWriteProtectedFile) {
-    OpenFolders();
-    Save("old");
-    ASSERT_EQ(::chmod(Native().c_str(), 0444), 0);
-    EXPECT_EQ(AsNobody([&] { return Save("new") ? 1 : 0; }), 0);
-    EXPECT_EQ(Read(), "old");
-    EXPECT_EQ(Names(), kOnlyTheFile);
-    ASSERT_EQ(::chmod(Native().c_str(), 0666), 0);
-    EXPECT_EQ(AsNobody([&] { return Save("new") ? 0 : 1; }), 0);
-    EXPECT_EQ(Read(), "new");
-}
-
-TEST_F(FileWriting, LeavesTheOldFileInAReadOnlyFolder) {
-    OpenFolders();
-    Save("old");
-    ASSERT_EQ(::chmod(Native().c_str(), 0666), 0);
-    ASSERT_EQ(::chmod(Native("C:\\Job").c_str(), 0555), 0);
-    EXPECT_EQ(AsNobody([&] { return Save("new") ? 1 : 0; }), 0);
-    EXPECT_EQ(Read(), "old");
-    EXPECT_EQ(Names(), kOnlyTheFile);
-    ::chmod(Native("C:\\Job").c_str(), 0777);
 }
 
 TEST_F(FileWriting, WritesWhereALinkPoints) {

@@ -66,16 +66,6 @@ TEST_F(Messages, ArriveInTheOrderOfPosting) {
     EXPECT_FALSE(Queue().PumpOne());
 }
 
-TEST_F(Messages, PostedByAHandlerComeBehindTheRest) {
-    a.onMessage = [&](const MSG& message) {
-        if (message.message == 1) a.PostMessage(3);
-    };
-    a.PostMessage(1);
-    b.PostMessage(2);
-    EXPECT_EQ(Queue().Pump(), 3);
-    EXPECT_EQ(Taken(), (Log{"a 1/0/0", "b 2/0/0", "a 3/0/0"}));
-}
-
 TEST_F(Messages, ToAWindowThatHasGoneAreDropped) {
     auto gone = std::make_unique<LoggingWindow>(platform, "gone", log);
     const WindowId id = gone->GetId();
@@ -91,15 +81,6 @@ TEST_F(Messages, ToAWindowThatHasGoneAreDropped) {
     EXPECT_EQ(Taken(), Log{"a 2/0/0"});
     LoggingWindow next(platform, "next", log);
     EXPECT_NE(next.GetId(), id);
-}
-
-TEST_F(Messages, AWindowMayGoWhileItsMessagesWait) {
-    auto pane = std::make_unique<LoggingWindow>(platform, "pane", log);
-    pane->PostMessage(1);
-    a.onMessage = [&](const MSG&) { pane.reset(); };
-    a.SendMessage(2);
-    Queue().Pump();
-    EXPECT_EQ(Taken(), Log{"a 2/0/0"});
 }
 
 TEST_F(Messages, ComeFromAnyThread) {
@@ -133,17 +114,6 @@ TEST_F(Messages, ComeFromAnyThread) {
     for (std::thread& thread : threads) thread.join();
     EXPECT_EQ(Queue().Pump(), 0);
     EXPECT_GE(wakes, kThreads * kEach);
-}
-
-TEST_F(Messages, RegisteredOnesHaveOneNumberAString) {
-    const UINT redraw = RegisterWindowMessage("UM_TEST-redraw");
-    const UINT select = RegisterWindowMessage("UM_TEST-select");
-    EXPECT_GE(redraw, 0xC000u);
-    EXPECT_NE(redraw, select);
-    EXPECT_EQ(RegisterWindowMessage("UM_TEST-redraw"), redraw);
-    EXPECT_EQ(RegisteredMessageName(select), "UM_TEST-select");
-    for (const UINT other : {0u, 0xBFFFu, AFX_WM_PROPERTY_CHANGED, 0xFFFFFFFFu})
-        EXPECT_EQ(RegisteredMessageName(other), "");
 }
 
 // ---- Timers ----
@@ -199,17 +169,6 @@ TEST_F(Messages, AHandlerMayKillAndRestartTimers) {
     EXPECT_EQ(Taken(), Log{"a timer 3"});
 }
 
-TEST_F(Messages, ATimerWithoutAnIntervalDoesNotHoldThePump) {
-    int count = 0;
-    a.SetTimer(1, milliseconds(0));
-    a.onTimer = [&](UINT) {
-        a.SetTimer(1, milliseconds(0));
-        ++count;
-    };
-    platform.Advance(milliseconds(5));
-    EXPECT_EQ(count, 5);
-}
-
 TEST_F(Messages, AWindowMayGoInItsOwnTimer) {
     auto pane = std::make_unique<LoggingWindow>(platform, "pane", log);
     pane->SetTimer(1, milliseconds(1));
@@ -222,14 +181,6 @@ TEST_F(Messages, AWindowMayGoInItsOwnTimer) {
 
 // ---- The platform without a window system ----
 
-TEST_F(Messages, AModalLoopRunsUntilItsTimerEndsIt) {
-    int ticks = 0;
-    a.SetTimer(1, milliseconds(100));
-    a.onTimer = [&](UINT) { ++ticks; };
-    platform.RunModal([&] { return ticks == 3; });
-    EXPECT_EQ(platform.GetClock().Now(), milliseconds(300));
-}
-
 TEST_F(Messages, AModalLoopRunsUntilAWorkerEndsIt) {
     bool ended = false;
     a.onMessage = [&](const MSG&) { ended = true; };
@@ -237,36 +188,6 @@ TEST_F(Messages, AModalLoopRunsUntilAWorkerEndsIt) {
     platform.RunModal([&] { return ended; });
     worker.join();
     EXPECT_EQ(Taken(), Log{"a 1/0/0"});
-}
-
-TEST(Headless, GivesPreparedAnswersInOrderAndNotesCalls) {
-    ScratchDrives drives;
-    HeadlessPlatform platform(drives.Root());
-    platform.AnswerFiles({"C:\\a.csv", "C:\\b.csv"});
-    platform.AnswerCancel();
-    const FileQuestion question{"Select Boundary", "CSV|*.csv||", true};
-    std::vector<std::string> paths = {"left over"};
-    EXPECT_TRUE(platform.ChooseFiles(question, paths));
-    EXPECT_EQ(paths, (std::vector<std::string>{"C:\\a.csv", "C:\\b.csv"}));
-    EXPECT_FALSE(platform.ChooseFiles(question, paths));
-    platform.WarningMessage("w");
-    platform.InformationBox("i");
-    platform.Beep();
-    EXPECT_THROW(platform.ChooseFiles(question, paths), std::logic_error);
-    EXPECT_EQ(platform.Calls(),
-              (std::vector<std::string>{"files: Select Boundary", "files: Select Boundary", "warning: w",
-                                        "information: i", "beep", "files: Select Boundary"}));
-    EXPECT_EQ(platform.FileQuestions(), (std::vector<FileQuestion>{question, question, question}));
-}
-
-TEST(Headless, KeepsTheProfile) {
-    MemoryProfile profile;
-    EXPECT_EQ(profile.GetInt("Workspace\\BasePane-1", "IsVisible", -1), -1);
-    profile.SetInt("Workspace\\BasePane-1", "IsVisible", 0);
-    profile.SetInt("Workspace\\BasePane-2", "IsVisible", -7);
-    EXPECT_EQ(profile.GetInt("Workspace\\BasePane-1", "IsVisible", -1), 0);
-    EXPECT_EQ(profile.GetText("Workspace\\BasePane-2", "IsVisible", ""), "-7");
-    EXPECT_EQ(profile.GetText("Workspace", "None", "missing"), "missing");
 }
 
 }  // namespace

@@ -139,14 +139,6 @@ TEST_F(PropertyRows, WholeNumbersKeepTheBoundsOfTheSpinControl) {
     for (const auto& typed : rows) EXPECT_EQ(Type(row, typed.text), typed.shown) << typed.text;
 }
 
-TEST_F(PropertyRows, AnglesAreShownInDegrees) {
-    auto& whole = Add<CMFCPropertyGridAngleInteger>("Heading", 45, "", 3);
-    EXPECT_EQ(whole.FormatProperty(), "45\xB0");
-    EXPECT_EQ(Type(whole, "90\xB0"), "90\xB0");
-    EXPECT_EQ(Type(whole, "-5"), "-5\xB0");
-    EXPECT_EQ(Type(whole, "5.5"), "(refused)");
-}
-
 TEST_F(PropertyRows, ChecksTextsAndOptions) {
     auto& check = Add<CMFCPropertyGridBool>("Display", true, "", 1);
     EXPECT_EQ(check.GetKind(), ROW_KIND::CHECK);
@@ -207,19 +199,6 @@ TEST_F(PropertyRows, PickersOfferTheirValuesAndShowOthersAsTheyAre) {
         picker.row.SetValue(picker.outside);  // as stored in a file
         EXPECT_EQ(picker.row.FormatProperty(), picker.outsideShown);
     }
-}
-
-TEST_F(PropertyRows, ColoursAreDrawnInThemselvesAndOthersAsTold) {
-    auto& colour = Add<CMFCPropertyGridPrimaryColourProperty>("Colour", RGB(255, 0, 0), 2, "", 3u);
-    EXPECT_EQ(colour.GetChoices().size(), 2u);
-    ASSERT_EQ(Type(colour, "Black"), "Black");
-    const CPickerProperty& asPicker = colour;
-    EXPECT_EQ(asPicker.GetColour(), 0u) << "the colour held, not the first one";
-    colour.SetValue(RGB(192, 192, 192));
-    EXPECT_EQ(colour.FormatProperty(), "White") << "by name, though only two are offered";
-    auto& fill = Add<CMFCPropertyGridFillStyleProperty>(kFillSolid, 1u, 4u);
-    fill.SetColour(7u);
-    EXPECT_EQ(fill.GetColour(), 7u);
 }
 
 TEST_F(PropertyRows, ButtonsTellWhichWasPressed) {

@@ -16,12 +16,6 @@ int Distance(COLORREF a, COLORREF b) {
         {apart(GetRValue(a), GetRValue(b)), apart(GetGValue(a), GetGValue(b)), apart(GetBValue(a), GetBValue(b))});
 }
 
-TEST(ChartColours, TheContrastIsThatOfTheGuidelines) {
-    EXPECT_DOUBLE_EQ(ContrastOf(RGB(255, 255, 255), RGB(0, 0, 0)), 21.0);
-    EXPECT_NEAR(ContrastOf(RGB(0x77, 0x77, 0x77), RGB(255, 255, 255)), 4.48, 0.005);
-    EXPECT_NEAR(ContrastOf(RGB(0, 0, 255), RGB(255, 255, 255)), 8.59, 0.005);
-}
-
 /// What a filled area of a colour makes of the ground.
 COLORREF AreaOf(COLORREF colour, bool night) {
     const double part = AreaAlpha(night) / 255.0;

@@ -45,17 +45,6 @@ TEST(ChartGrid, LinesStandWhereTheirFiguresSay) {
     for (const ChartGridLine& line : grid.northings) EXPECT_NEAR(view.ToWorld({0, line.pixel}).y, line.value, 1e-6);
 }
 
-TEST(ChartGrid, HasFewLinesAtAnyScale) {
-    ChartView view;
-    view.SetSize(1600, 1000);
-    for (double scale = 1e-4; scale < 1e5; scale *= 1.7) {
-        view.SetScale(scale);
-        const ChartGrid grid = GridOf(view);
-        EXPECT_GE(grid.eastings.size(), 5u) << scale;
-        EXPECT_LE(grid.eastings.size(), 15u) << scale;
-    }
-}
-
 TEST(ChartGrid, TheScaleBarIsRoundAndFitsItsRoom) {
     struct Row {
         double scale;

@@ -52,13 +52,6 @@ TEST(HitPath, NamesTheVertexOrTheBeginOfTheSegment) {
     EXPECT_FALSE(HitPath(PathLod(), {0, 0}, 5).has_value());
 }
 
-TEST(HitPath, AVertexComesBeforeANearerSegment) {
-    const PathHit vertex{3, true, {}, 4.0}, segment{9, false, {}, 1.0}, nearer{4, true, {}, 2.0};
-    EXPECT_TRUE(IsBetterHit(vertex, segment));
-    EXPECT_FALSE(IsBetterHit(segment, vertex));
-    EXPECT_TRUE(IsBetterHit(nearer, vertex));
-}
-
 TEST(AreaHolds, WhatLookingAtEveryEdgeFinds) {
     std::mt19937 random(3);
     const std::vector<tagXY> coast = Coast(5000, 20);

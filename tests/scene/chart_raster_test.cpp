@@ -50,14 +50,5 @@ TEST(ChartRaster, CoarserLevelsHoldTheMeansOfTheirCells) {
     }
 }
 
-TEST(ChartColourScale, SpreadsItsColoursEvenly) {
-    const ChartColourScale scale{-100, 100, {1, 2, 3}};
-    const std::pair<std::int32_t, COLORREF> rows[] = {{-500, 1}, {-100, 1}, {-51, 1}, {-49, 2},
-                                                      {0, 2},    {51, 3},   {900, 3}};
-    for (const auto& [value, colour] : rows) EXPECT_EQ(scale.Of(value), colour) << value;
-    EXPECT_EQ((ChartColourScale{5, 5, {7}}).Of(5), 7u);
-    EXPECT_EQ(ChartColourScale().Of(5), 0u);
-}
-
 }  // namespace
 }  // namespace quillon

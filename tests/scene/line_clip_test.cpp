@@ -42,18 +42,6 @@ TEST(ClipSegment, KeepsWhatLiesInsideAndNothingElse) {
     EXPECT_GT(cut, 1000);
 }
 
-TEST(ClipSegment, TakesSegmentsWithoutLengthAndAlongTheBorder) {
-    PixelPoint a{0, 0}, b{0, 0};
-    EXPECT_TRUE(ClipSegment(kBox, a, b, nullptr, nullptr));
-    a = b = {100, 0};
-    EXPECT_FALSE(ClipSegment(kBox, a, b, nullptr, nullptr));
-    a = {-50, -5};
-    b = {50, -5};
-    EXPECT_TRUE(ClipSegment(kBox, a, b, nullptr, nullptr));
-    EXPECT_EQ(a, (PixelPoint{-10, -5}));
-    EXPECT_EQ(b, (PixelPoint{30, -5}));
-}
-
 /// How often a ring goes round a place.
 int Winding(const std::vector<PixelPoint>& ring, double x, double y) {
     int winding = 0;

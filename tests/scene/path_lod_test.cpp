@@ -153,14 +153,6 @@ TEST(PathLod, OfManySmallPartsTogetherOneIsKept) {
     EXPECT_EQ(single.LevelCount(), 1u) << "no lines, so nothing to thin";
 }
 
-TEST(PathLod, TakesSomeOfThePointsAlone) {
-    const std::vector<tagXY> points = Points("0,0 1,0 2,0 3,0 4,0 5,5");
-    const PathLod lod(ChartPoints::Lent(points), {1, 3, 5}, {.starts = {1}});
-    EXPECT_EQ(VerticesOf(lod.Full()), (std::vector<std::uint32_t>{1, 3, 5}));
-    EXPECT_EQ(lod.Full().PartCount(), 2u);
-    EXPECT_EQ(lod.Box(), (ChartBox{1, 0, 5, 5}));
-}
-
 TEST(PathLod, ASketchHasFewOfThePointsInTheirParts) {
     struct Row {
         const char* what;

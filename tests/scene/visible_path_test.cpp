@@ -60,16 +60,6 @@ TEST(VisibleLine, IsTrueToThePathBothWaysAtEveryScale) {
     }
 }
 
-TEST(VisibleLine, ReachesAcrossTheViewWithoutAPointInIt) {
-    const std::vector<tagXY> points = Points("-1e6,0 1e6,0 1e6,1e6");
-    const PathLod lod = LodOf(points, false);
-    PixelLines lines;
-    VisibleLine(lod, ViewOf({0, 10}, 1.0), {.margin = 0}, lines);
-    ASSERT_EQ(lines.runs.size(), 1u);
-    EXPECT_EQ(lines.points, (std::vector<PixelPoint>{{0, 160}, {400, 160}}));
-    EXPECT_DOUBLE_EQ(lines.runs[0].distance, 1e6 - 200);  // where the dashes of the line have got to
-}
-
 TEST(VisibleLine, PartsAreNotJoined) {
     const std::vector<tagXY> points = Points("0,0 10,0 10,10 50,50 60,50 60,60");
     const std::vector<std::uint32_t> starts = {3};
@@ -206,16 +196,6 @@ TEST(VisibleMarks, PanningDoesNotChangeTheChoice) {
     const std::set<std::uint32_t> before = chosen(0);
     EXPECT_FALSE(before.empty());
     for (const double shift : {1.0, 7.5, 30.0}) EXPECT_EQ(chosen(shift), before);
-}
-
-TEST(VisibleLegs, AreThoseLongEnoughForAText) {
-    const std::vector<tagXY> points = Points("0,0 100,0 110,0 110,1000 5000,1000");
-    std::vector<PixelLeg> legs;
-    VisibleLegs(LodOf(points, false), ViewOf({100, 0}, 1.0), 60, legs);
-    ASSERT_EQ(legs.size(), 2u);
-    EXPECT_EQ(legs[0].point, 0u);
-    EXPECT_EQ(legs[1].point, 2u);
-    EXPECT_EQ(legs[1].to, (PixelPoint{210, 0}));  // up to the upper edge
 }
 
 }  // namespace

@@ -179,11 +179,5 @@ TEST_P(PlatformContract, TheClipboardKeepsTheLibrarysText) {
     }
 }
 
-TEST_P(PlatformContract, LongerTextsAreWider) {
-    EXPECT_GT(Get().TextWidth("512300.250"), Get().TextWidth("512"));
-    EXPECT_EQ(Get().TextWidth(""), 0);
-    EXPECT_GT(Get().GetMetric(SYSTEM_METRIC::COMBO_HEIGHT), Get().GetMetric(SYSTEM_METRIC::ROW_HEIGHT) / 2);
-}
-
 }  // namespace
 }  // namespace quillon

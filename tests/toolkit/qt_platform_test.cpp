@@ -80,13 +80,6 @@ TEST_F(QtPlatformTest, ChosenFilesComeBackAsDrivePathsAndTheFolderIsRemembered) 
     EXPECT_EQ(platform->GetProfile().GetText("Files", "LastFolder", ""), "C:\\Job");
 }
 
-TEST_F(QtPlatformTest, ACancelLeavesNothing) {
-    std::vector<std::string> paths = {"left over"};
-    WhenOpen<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
-    EXPECT_FALSE(platform->ChooseFiles(question, paths));
-    EXPECT_TRUE(paths.empty());
-}
-
 TEST_F(QtPlatformTest, BoxesShowTheTextAsItIs) {
     WhenOpen<QMessageBox>([](QMessageBox& box) {
         EXPECT_EQ(box.text(), "Requires a <b>file</b> name");
