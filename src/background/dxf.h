@@ -83,6 +83,7 @@ public:
     bool readOnly = false;
     std::string dateText;
     std::string timeText;
+    KindReport report;  ///< of the last load, where the loader asked for one
 
     // How it is placed when it is drawn; degrees, clockwise.
     double offsetEasting = 0.0;
