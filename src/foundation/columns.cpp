@@ -14,6 +14,7 @@ std::string_view UnitOf(CELL cell) {
             return "m";
         case CELL::BEARING:
         case CELL::PLAIN_BEARING:
+        case CELL::FULL_BEARING:
         case CELL::ANGLE:
             return "rad";
         case CELL::DEGREES:
@@ -46,6 +47,8 @@ std::string CellText(CELL cell, double number) {
             return Format("%.1lf\xB0", number * kDegreesPerRadian);
         case CELL::PLAIN_BEARING:
             return Format("%.1lf", number * kDegreesPerRadian);
+        case CELL::FULL_BEARING:
+            return Format("%06.2lf", number * kDegreesPerRadian);
         case CELL::DEGREES:
             return Format("%.1lf", number);
         case CELL::ANGLE:

@@ -21,6 +21,7 @@ enum class CELL : std::uint8_t {
     RANGE,          ///< the length of a leg in metres; "12.34m"
     BEARING,        ///< radians clockwise from north; "12.3" and a degree sign
     PLAIN_BEARING,  ///< the same without the sign
+    FULL_BEARING,   ///< radians clockwise from north; "012.34"
     DEGREES,        ///< degrees of any angle, one decimal
     ANGLE,          ///< radians of any other angle; degrees with 4 decimals
     KP_KM,          ///< a KP in kilometres, 6 decimals

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "panes/boundary_pane.h"
+#include "panes/listing_pane.h"
 #include "panes/pipe_route_pane.h"
 #include "panes/pipeline_pane.h"
 #include "panes/route_pane.h"
@@ -36,8 +37,14 @@ std::unique_ptr<CMyDockablePane> CreatePipelinePane(Platform& platform, CWnd* pa
     return pane;
 }
 
+std::unique_ptr<CMyDockablePane> CreateListingPane(Platform& platform, CWnd* parent, JobRecord& job) {
+    auto pane = std::make_unique<CListingPane>(platform);
+    if (!pane->Create(parent, CListingPane::kTitleId, job)) return nullptr;
+    return pane;
+}
+
 // clang-format off
-constexpr std::array<PaneEntry, 8> kPanes = {{
+constexpr std::array<PaneEntry, 9> kPanes = {{
     {KIND::BOUNDARY,   CBoundaryPane::kTitleId,        CBoundaryPane::kTitle,             CreateOver<CBoundaryPane, &JobRecord::boundaries>},
     {KIND::WAYPOINT,   CGridWaypointPane::kPlainId,    CGridWaypointPane::kPlainTitle,    CreateWaypointPane<false>},
     {KIND::WAYPOINT,   CGridWaypointPane::kCatenaryId, CGridWaypointPane::kCatenaryTitle, CreateWaypointPane<true>},
@@ -46,6 +53,7 @@ constexpr std::array<PaneEntry, 8> kPanes = {{
     {KIND::PIPELINE,   CPipelinePane::kTitleId,        CPipelinePane::kTitle,             CreatePipelinePane},
     {KIND::PIPE_ROUTE, CPipeRoutePane::kTitleId,       CPipeRoutePane::kTitle,            CreateOver<CPipeRoutePane, &JobRecord::pipeRoute>},
     {KIND::STRUCTURE,  CStructurePane::kTitleId,       CStructurePane::kTitle,            CreateOver<CStructurePane, &JobRecord::structures>},
+    {KIND::NONE,       CListingPane::kTitleId,         CListingPane::kTitle,              CreateListingPane},
 }};
 // clang-format on
 static_assert(HasEveryKind(kPanes), "every kind has a pane");

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/errors.h"
+#include "platform/platform.h"
 
 namespace quillon {
 
@@ -100,6 +101,7 @@ void CListCtrl::SetColumnWidth(int column, int width) {
 void CListCtrl::SetRows(TableRows newRows) {
     rows = std::move(newRows);
     selection = -1;
+    selected.clear();
     Changed(CONTROL_CHANGE::CONTENT);
 }
 
@@ -116,7 +118,23 @@ std::vector<std::string> CListCtrl::GetWidestTexts(int column) const {
 
 void CListCtrl::SetSelection(int row) {
     selection = row >= 0 && row < rows.count ? row : -1;
+    selected.clear();
+    if (selection >= 0) selected.push_back(selection);
     Changed(CONTROL_CHANGE::SELECTION);
+}
+
+void CListCtrl::SetSelectedRows(std::vector<int> chosen, int last) {
+    std::sort(chosen.begin(), chosen.end());
+    std::erase_if(chosen, [this](int row) { return row < 0 || row >= rows.count; });
+    if (!multiple || chosen.size() < 2) return SetSelection(chosen.empty() ? -1 : chosen.front());
+    selected = std::move(chosen);
+    selection = std::binary_search(selected.begin(), selected.end(), last) ? last : selected.front();
+    Changed(CONTROL_CHANGE::SELECTION);
+}
+
+void CListCtrl::SetImageList(const CImageList* pictures) {
+    images = pictures;
+    Changed(CONTROL_CHANGE::CONTENT);
 }
 
 void CListCtrl::SetColours(COLORREF newBackground, COLORREF newText) {
@@ -132,5 +150,9 @@ void CListCtrl::SetHeaderColours(COLORREF newBackground, COLORREF newText) {
 }
 
 void CListCtrl::OnItemClick(int) {}
+
+void CListCtrl::OnRightClick(int) {
+    if (const Platform::TableMenu& open = GetOwner().GetPlatform().GetTableMenu()) open(*this);
+}
 
 }  // namespace quillon

@@ -122,6 +122,10 @@ struct TableRows {
     std::function<std::string(int row, int column)> cell;
     /// Texts among which the widest of a column is sure to be; the columns are sized by these.
     std::function<std::vector<std::string>(int column)> widest;
+    /// The tick before a row. Without it there are no boxes; what a click does to a tick is the owner's affair.
+    std::function<bool(int row)> checked = {};
+    /// The picture before a row, of the table's image list; -1 for none.
+    std::function<int(int row)> image = {};
 };
 
 /// A report-style table with full-row selection and grid lines. A click on a row reaches `OnItemClick`.
@@ -148,8 +152,25 @@ public:
     std::string GetItemText(int row, int column) const;
     std::vector<std::string> GetWidestTexts(int column) const;
 
+    /// Whether a row has a box with a tick, or a picture.
+    bool HasChecks() const { return rows.checked != nullptr; }
+    bool IsChecked(int row) const { return rows.checked && rows.checked(row); }
+    int GetImage(int row) const { return rows.image ? rows.image(row) : -1; }
+    /// The pictures are lent and outlive the control.
+    void SetImageList(const CImageList* pictures);
+    const CImageList* GetImageList() const { return images; }
+    /// A tick or a cell shows something else in the same rows.
+    void RedrawItems() { Changed(CONTROL_CHANGE::VALUE); }
+
+    /// The row that is selected, of several the one selected last; -1 for none.
     int GetSelection() const { return selection; }
     void SetSelection(int row);
+    /// Several rows at once, where the table takes that.
+    void SetMultipleSelection(bool allow) { multiple = allow; }
+    bool IsMultipleSelection() const { return multiple; }
+    /// All selected rows from the top down.
+    const std::vector<int>& GetSelectedRows() const { return selected; }
+    void SetSelectedRows(std::vector<int> chosen, int last);
 
     COLORREF GetBkColor() const { return background; }
     COLORREF GetTextColor() const { return text; }
@@ -159,11 +180,17 @@ public:
     void SetHeaderColours(COLORREF newBackground, COLORREF newText);
 
     virtual void OnItemClick(int row);
+    /// A right click on a row, which is among the selected ones, or beside the rows (-1). Opens the platform's menu of
+    /// tables.
+    virtual void OnRightClick(int row);
 
 private:
     std::vector<Column> columns;
     TableRows rows;
+    const CImageList* images = nullptr;
     int selection = -1;
+    std::vector<int> selected;
+    bool multiple = false;
     COLORREF background = RGB(255, 255, 255);
     COLORREF text = 0;
     COLORREF headerBackground = RGB(240, 240, 240);

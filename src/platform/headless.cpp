@@ -1,5 +1,6 @@
 #include "platform/headless.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "platform/dialog.h"
@@ -74,6 +75,37 @@ bool HeadlessPlatform::ChooseFolder(std::string_view title, std::string& folder)
     if (answer.empty()) return false;
     folder = std::move(answer);
     return true;
+}
+
+bool HeadlessPlatform::ChooseSaveFile(const SaveQuestion& question, SaveChoice& choice) {
+    calls.push_back("save: " + question.title + " " + question.start);
+    choice = Take(saveAnswers, calls.back());
+    return !choice.path.empty();
+}
+
+int HeadlessPlatform::TrackPopupMenu(const PopupMenu& menu) {
+    std::string texts;
+    for (const PopupMenu::Entry& entry : menu.entries) {
+        if (!texts.empty()) texts += '/';
+        texts += entry.kind == MENU_ENTRY::HEADING ? "[" + entry.text + "]" : entry.text;
+    }
+    calls.push_back("menu: " + texts);
+    const int id = Take(menuAnswers, calls.back());
+    const auto offered = [id](const PopupMenu::Entry& entry) { return entry.id == id; };
+    if (id != 0 && std::none_of(menu.entries.begin(), menu.entries.end(), offered)) {
+        throw std::logic_error("the menu has no such entry: " + texts);
+    }
+    return id;
+}
+
+void HeadlessPlatform::SetPrinter(CPrinter* newPrinter, const PrintJob& job) {
+    printer = newPrinter;
+    printJob = job;
+}
+
+bool HeadlessPlatform::Print(std::string_view document, const PrintPages& print) {
+    calls.push_back("print: " + std::string(document));
+    return !printer || print(*printer, printJob);
 }
 
 std::unique_ptr<DialogView> HeadlessPlatform::ShowDialog(CDialog& dialog) {

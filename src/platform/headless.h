@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/platform.h"
+#include "platform/printer.h"
 
 namespace quillon {
 
@@ -34,8 +35,16 @@ public:
     /// What the operator does in the next modal dialog once it is shown. Without it the dialog must end by itself.
     void AnswerDialog(std::function<void(CDialog&)> act) { dialogAnswers.push_back(std::move(act)); }
 
+    /// The next menu is answered with this id; 0 leaves it without a choice.
+    void AnswerMenu(int id) { menuAnswers.push_back(id); }
+    /// The next question where to save is answered with this path and form; an empty path is a cancel.
+    void AnswerSave(std::string path, int form = 0) { saveAnswers.push_back({std::move(path), form}); }
+    /// What is printed goes to this printer, as this job says. Without one the operator leaves the preview.
+    void SetPrinter(CPrinter* newPrinter, const PrintJob& job = {});
+
     /// Every question and message shown, in order: "files: <title>", "folder: <title>", "dialog: <title>",
-    /// "warning: <text>", "information: <text>" with "<title>: " ahead of the text if it has one, "beep".
+    /// "warning: <text>", "information: <text>" with "<title>: " ahead of the text if it has one, "beep",
+    /// "save: <title> <path proposed>", "menu: <texts with / between>" with headings in brackets, "print: <document>".
     const std::vector<std::string>& Calls() const { return calls; }
     const std::vector<FileQuestion>& FileQuestions() const { return fileQuestions; }
 
@@ -46,6 +55,9 @@ public:
     bool ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) override;
     /// An answer prepared as empty is a cancel.
     bool ChooseFolder(std::string_view title, std::string& folder) override;
+    bool ChooseSaveFile(const SaveQuestion& question, SaveChoice& choice) override;
+    int TrackPopupMenu(const PopupMenu& menu) override;
+    bool Print(std::string_view document, const PrintPages& print) override;
     void WarningMessage(std::string_view text) override;
     void InformationBox(std::string_view text, std::string_view title = {}) override;
     void Beep() override;
@@ -79,6 +91,10 @@ private:
     std::deque<FileAnswer> fileAnswers;
     std::deque<std::string> folderAnswers;
     std::deque<std::function<void(CDialog&)>> dialogAnswers;
+    std::deque<int> menuAnswers;
+    std::deque<SaveChoice> saveAnswers;
+    CPrinter* printer = nullptr;
+    PrintJob printJob;
     std::vector<FileQuestion> fileQuestions;
     std::vector<std::string> calls;
 };

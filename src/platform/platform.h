@@ -11,11 +11,15 @@
 #include "platform/message_queue.h"
 #include "platform/palette.h"
 #include "platform/password.h"
+#include "platform/popup_menu.h"
 
 namespace quillon {
 
 class CDialog;
+class CListCtrl;
+class CPrinter;
 class DialogView;
+struct PrintJob;
 
 /// What an open-file dialogue asks.
 struct FileQuestion {
@@ -27,6 +31,27 @@ struct FileQuestion {
     std::string start = {};
     friend bool operator==(const FileQuestion&, const FileQuestion&) = default;
 };
+
+/// What a save-file dialogue asks.
+struct SaveQuestion {
+    std::string title;
+    /// "Label|pattern|Label|pattern||": the forms that the file can be saved in.
+    std::string filter;
+    /// The path proposed; a folder alone, with its separator, proposes no name.
+    std::string start = {};
+    /// What a name without an extension gets, without its point.
+    std::string extension = {};
+    friend bool operator==(const SaveQuestion&, const SaveQuestion&) = default;
+};
+
+/// The operator's answer to it.
+struct SaveChoice {
+    std::string path;
+    int form = 0;  ///< which of the forms, from 0
+};
+
+/// Draws all pages that are asked for; false if a step of the printer failed.
+using PrintPages = std::function<bool(CPrinter& printer, const PrintJob& job)>;
 
 /// Parts of a local clock reading, as the system's time zone gives them.
 struct LocalClock {
@@ -71,6 +96,13 @@ public:
     virtual bool ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) = 0;
     /// The folder chosen, without a separator at its end. `folder` is where the choice opens.
     virtual bool ChooseFolder(std::string_view title, std::string& folder) = 0;
+    /// True if the operator chose where to save. Whether a file that is there may be replaced was asked then.
+    virtual bool ChooseSaveFile(const SaveQuestion& question, SaveChoice& choice) = 0;
+    /// Opens a menu at the cursor; the id of what was chosen, 0 for nothing.
+    virtual int TrackPopupMenu(const PopupMenu& menu) = 0;
+    /// Shows the operator the pages of a document and prints them where he says: `print` runs for each look at them and
+    /// for each printing. True unless a step of the printer failed; leaving without printing is no failure.
+    virtual bool Print(std::string_view document, const PrintPages& print) = 0;
     virtual void WarningMessage(std::string_view text) = 0;
     virtual void InformationBox(std::string_view text, std::string_view title = {}) = 0;
     virtual void Beep() = 0;
@@ -94,6 +126,15 @@ public:
     /// calls this by itself.
     virtual std::unique_ptr<DialogView> ShowDialog(CDialog& dialog) = 0;
 
+    /// What a right click opens on a table that has no menu of its own. The host's.
+    using TableMenu = std::function<void(CListCtrl& table)>;
+    void SetTableMenu(TableMenu menu) { tableMenu = std::move(menu); }
+    const TableMenu& GetTableMenu() const { return tableMenu; }
+
+    /// What stands at the top of every printed page: the job and its grid. Asked at each printing.
+    void SetPrintHeading(std::function<std::string()> heading) { printHeading = std::move(heading); }
+    std::string PrintHeading() const { return printHeading ? printHeading() : std::string(); }
+
     /// Whether new dialogs are made in the colours of the night.
     bool IsNight() const { return night; }
     void SetNight(bool on) { night = on; }
@@ -108,6 +149,8 @@ private:
     MessageQueue messages;
     CWnd* mainWindow = nullptr;
     bool night = false;
+    TableMenu tableMenu;
+    std::function<std::string()> printHeading;
     std::unique_ptr<PasswordLock> passwords;  // made when first asked for: the profile belongs to the derived class
 };
 

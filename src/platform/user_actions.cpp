@@ -1,5 +1,6 @@
 #include "platform/user_actions.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace quillon::user {
@@ -51,6 +52,18 @@ void Click(CListCtrl& table, int row) {
     if (row < 0 || row >= table.GetItemCount()) return;
     table.SetSelection(row);
     table.OnItemClick(row);
+}
+
+void SelectRows(CListCtrl& table, std::vector<int> rows, int last) {
+    if (CanUse(table)) table.SetSelectedRows(std::move(rows), last);
+}
+
+void RightClick(CListCtrl& table, int row) {
+    if (!CanUse(table)) return;
+    const bool isRow = row >= 0 && row < table.GetItemCount();
+    const std::vector<int>& selected = table.GetSelectedRows();
+    if (isRow && !std::binary_search(selected.begin(), selected.end(), row)) table.SetSelection(row);
+    table.OnRightClick(isRow ? row : -1);
 }
 
 void ClickAt(CView& view, tagPOINT pixel) {

@@ -28,6 +28,10 @@ void Type(CEdit& edit, std::string_view text);
 void Select(CMFCTabCtrl& tabs, int tab);
 /// A click on a row; -1 is a click below the rows. The row becomes the selected one.
 void Click(CListCtrl& table, int row);
+/// Selects rows of a table, `last` of them at the end, without clicking any.
+void SelectRows(CListCtrl& table, std::vector<int> rows, int last);
+/// A click with the right button; a row that isn't selected becomes the only selected one. -1 is beside the rows.
+void RightClick(CListCtrl& table, int row);
 /// A click with the left button on a pixel of a view.
 void ClickAt(CView& view, tagPOINT pixel);
 

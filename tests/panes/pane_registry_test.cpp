@@ -108,6 +108,7 @@ protected:
                      "HEADING 90.0\nLENGTH 20.00\n");
         EXPECT_TRUE(job->structures.Add("C:\\Jobs\\Field.dat"));
         job->structures.SetEditCursor(0, 0);
+        job->waypoints.SetEditCursor(0, 0);
         job->pipeRoute.Load("C:\\Jobs\\Pipe.csv");
         job->pipeRoute.WriteActive();
     }
@@ -146,7 +147,7 @@ TEST_F(PaneRegistryTest, PanesHaveIdsOfTheirOwn) {
         Open(entry);
         std::set<UINT> rows;
         for (const UINT id : RowIds()) EXPECT_TRUE(rows.insert(id).second) << id;
-        EXPECT_GE(rows.size(), 4u);
+        EXPECT_GE(rows.size(), ListsOf(*pane).empty() ? 0u : 4u);
     }
 }
 
@@ -247,7 +248,10 @@ TEST_F(PaneRegistryTest, AFileThatTheHostRemovedLeavesEmptyCells) {
         LoadJob();
         Open(entry);
         const CListCtrl* const found = TableOf(*pane);
-        if (!found) continue;
+        if (!found) {
+            pane.reset();
+            continue;
+        }
         const CListCtrl& table = *found;
         ASSERT_GT(table.GetItemCount(), 0);
         for (CFileListBase* list : std::initializer_list<CFileListBase*>{

@@ -5,6 +5,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "bindings/list_image.h"
 #include "platform/platform.h"
 #include "platform/user_actions.h"
 #include "toolkit/colours.h"
@@ -16,16 +17,7 @@ namespace {
 constexpr int kVisibleItems = 20;
 
 QIcon IconOf(const CImageList& images, int image) {
-    const tagSIZE size = images.GetImageSize();
-    QImage picture(size.width, size.height, QImage::Format_ARGB32);
-    const std::vector<COLORREF>& pixels = images.GetPixels(image);
-    for (int y = 0; y < size.height; ++y) {
-        for (int x = 0; x < size.width; ++x) {
-            const COLORREF pixel = pixels[static_cast<std::size_t>(y * size.width + x)];
-            picture.setPixelColor(x, y, pixel == images.GetMask() ? QColor(Qt::transparent) : QColorOf(pixel));
-        }
-    }
-    return QIcon(QPixmap::fromImage(picture));
+    return QIcon(QPixmap::fromImage(ToQImage(images, image)));
 }
 
 }  // namespace

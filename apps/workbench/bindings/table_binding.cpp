@@ -1,11 +1,14 @@
 #include "bindings/table_binding.h"
 
 #include <QAbstractItemDelegate>
+#include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <algorithm>
 
 #include "platform/platform.h"
 #include "platform/user_actions.h"
@@ -56,13 +59,37 @@ public:
         painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
         painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
         painter->setPen(text);
-        const QRect room = option.rect.adjusted(kCellInset, 0, -kCellInset - 1, -1);
+        QRect room = option.rect.adjusted(kCellInset, 0, -kCellInset - 1, -1);
+        room.setLeft(room.left() + DrawTick(*painter, room, index, text) + DrawImage(*painter, room, index));
         const QString whole = index.data(Qt::DisplayRole).toString();
         const QString fitting = option.fontMetrics.elidedText(whole, Qt::ElideRight, room.width());
         painter->drawText(room, index.data(Qt::TextAlignmentRole).toInt(), fitting);
     }
 
 private:
+    /// The box before the first cell of a row that has one; the width that it takes.
+    static int DrawTick(QPainter& painter, const QRect& room, const QModelIndex& index, const QColor& ink) {
+        const QVariant tick = index.data(Qt::CheckStateRole);
+        if (!tick.isValid()) return 0;
+        const int side = std::min(room.height() - 4, 13);
+        const QRect box(room.left(), room.center().y() - side / 2, side, side);
+        painter.setPen(ink);
+        painter.drawRect(box);
+        if (tick.toInt() == Qt::Checked) {
+            painter.setPen(QPen(ink, 2));
+            const QPointF corner(box.left() + side * 0.42, box.bottom() - side * 0.2);
+            painter.drawLine(QPointF(box.left() + side * 0.2, box.top() + side * 0.55), corner);
+            painter.drawLine(corner, QPointF(box.right() - side * 0.12, box.top() + side * 0.22));
+        }
+        return side + kCellInset * 2;
+    }
+    static int DrawImage(QPainter& painter, const QRect& room, const QModelIndex& index) {
+        const QImage image = index.data(Qt::DecorationRole).value<QImage>();
+        if (image.isNull()) return 0;
+        painter.drawImage(room.left(), room.center().y() - image.height() / 2, image);
+        return image.width() + kCellInset;
+    }
+
     static constexpr int kCellInset = 4;
 };
 
@@ -80,7 +107,8 @@ TableBinding::TableBinding(CListCtrl& bound, QWidget* parent)
     setModel(&rows);
     setFrameShape(QFrame::NoFrame);
     setSelectionBehavior(QAbstractItemView::SelectRows);
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionMode(bound.IsMultipleSelection() ? QAbstractItemView::ExtendedSelection
+                                                 : QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
     setWordWrap(false);
@@ -91,9 +119,20 @@ TableBinding::TableBinding(CListCtrl& bound, QWidget* parent)
     connect(captions, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
         if (!syncing && table && column < table->GetColumnCount()) table->SetColumnWidth(column, width);
     });
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { KeepSelection(); });
     ApplyColours();
     ApplyColumns();
     ApplySelection();
+}
+
+void TableBinding::KeepSelection() {
+    if (syncing || !table || !table->IsMultipleSelection()) return;
+    const QScopedValueRollback<bool> quiet(syncing, true);
+    std::vector<int> chosen;
+    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) chosen.push_back(row);
+    }
+    user::SelectRows(*table, std::move(chosen), currentIndex().row());
 }
 
 void TableBinding::ApplyColumns() {
@@ -105,9 +144,14 @@ void TableBinding::ApplyColumns() {
 }
 
 void TableBinding::ApplySelection() {
+    if (syncing) return;
     const QScopedValueRollback<bool> quiet(syncing, true);
     const int row = table->GetSelection();
-    if (row < 0) {
+    if (table->GetSelectedRows().size() > 1) {
+        QItemSelection chosen;
+        for (const int each : table->GetSelectedRows()) chosen.select(rows.index(each, 0), rows.index(each, 0));
+        selectionModel()->select(chosen, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    } else if (row < 0) {
         clearSelection();
         setCurrentIndex({});
     } else if (row != currentIndex().row() || !selectionModel()->hasSelection()) {
@@ -138,8 +182,10 @@ void TableBinding::Refresh(CONTROL_CHANGE change) {
             ApplyColumns();
             break;
         case CONTROL_CHANGE::CONTENT: {
-            const QScopedValueRollback<bool> quiet(syncing, true);
-            rows.Reset();
+            {
+                const QScopedValueRollback<bool> quiet(syncing, true);
+                rows.Reset();
+            }
             ApplyColumns();
             ApplySelection();
             break;
@@ -183,7 +229,15 @@ void TableBinding::mousePressEvent(QMouseEvent* event) {
         return;
     }
     QTableView::mousePressEvent(event);
-    ClickCurrent();
+    // With Shift or Ctrl rows join the selection; the click is that of the row alone.
+    const bool joins = table->IsMultipleSelection() && event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier);
+    if (!joins) ClickCurrent();
+}
+
+void TableBinding::contextMenuEvent(QContextMenuEvent* event) {
+    if (!table) return;
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    user::RightClick(*table, byKey ? currentIndex().row() : indexAt(event->pos()).row());
 }
 
 void TableBinding::mouseMoveEvent(QMouseEvent* event) {
@@ -207,7 +261,8 @@ void TableBinding::keyPressEvent(QKeyEvent* event) {
     } else {
         QTableView::keyPressEvent(event);
     }
-    if (currentIndex().row() != before) ClickCurrent();
+    const bool joins = table && table->IsMultipleSelection() && event->modifiers() & Qt::ShiftModifier;
+    if (currentIndex().row() != before && !joins) ClickCurrent();
 }
 
 }  // namespace quillon

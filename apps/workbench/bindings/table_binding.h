@@ -9,7 +9,8 @@ namespace quillon {
 
 /// A report table: whole rows are selected, lines stand between the cells. A click on a row, and the keyboard moving to
 /// one, is a click of the operator in the model; the space bar and Return click the current row again. Ctrl+C copies
-/// the row, its cells parted by tabs.
+/// the row, its cells parted by tabs. The right button, and the menu key, are a right click. Where the table takes
+/// several rows, Shift and Ctrl select them.
 ///
 /// Only the rows in sight are ever asked for.
 class TableBinding : public QTableView, public ControlBinding {
@@ -24,6 +25,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     /// Typing would search the table, and so make a row of every point.
     void keyboardSearch(const QString&) override {}
 
@@ -33,6 +35,8 @@ private:
     void ApplyColours();
     void ClickCurrent();
     void CopyCurrent();
+    /// Tells the model which rows the operator has selected.
+    void KeepSelection();
 
     CListCtrl* table;
     TableModel rows;

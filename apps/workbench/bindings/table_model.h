@@ -22,6 +22,8 @@ public:
     void Forget();
 
 private:
+    QVariant ImageOf(int row) const;
+
     CListCtrl* table;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "display/list_export.h"
 #include "platform/platform.h"
 #include "platform/user_actions.h"
 
@@ -18,9 +19,11 @@ KIND KindOfMessage(const MSG& message) {
 
 Job::Job(Platform& owner) : CWnd(owner), record(owner.Files()) {
     owner.SetMainWindow(this);
+    owner.SetTableMenu(OpenExportMenu);
 }
 
 Job::~Job() {
+    GetPlatform().SetTableMenu({});
     GetPlatform().SetMainWindow(nullptr);
 }
 

@@ -8,10 +8,13 @@
 #include <QEvent>
 #include <QFileDialog>
 #include <QFontMetrics>
+#include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QStandardPaths>
 #include <QTimeZone>
 #include <QUrl>
+#include <QWidgetAction>
 #include <algorithm>
 #include <stdexcept>
 
@@ -49,6 +52,32 @@ QList<QUrl> SidebarPlaces(const FileSystem& files) {
     places.push_back(QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)));
     places.push_back(QUrl::fromLocalFile(QDir::homePath()));
     return places;
+}
+
+struct tagPlace {
+    std::string folder;
+    std::string name;
+};
+
+tagPlace PlaceOf(std::string_view path) {
+    const std::size_t cut = path.find_last_of("\\/");
+    if (cut == std::string_view::npos) return {{}, std::string(path)};
+    return {std::string(path.substr(0, cut + 1)), std::string(path.substr(cut + 1))};
+}
+
+/// A heading in a menu: white on dark grey by day and by night. It can't be chosen.
+QAction* MakeHeading(std::string_view text, QMenu& menu) {
+    auto* const label = new QLabel(ToQString(text), &menu);
+    label->setAutoFillBackground(true);
+    label->setMargin(4);
+    QPalette colours;
+    colours.setColor(QPalette::Window, QColor(0x40, 0x40, 0x40));
+    colours.setColor(QPalette::WindowText, Qt::white);
+    label->setPalette(colours);
+    auto* const action = new QWidgetAction(&menu);
+    action->setDefaultWidget(label);
+    action->setEnabled(false);
+    return action;
 }
 
 }  // namespace
@@ -168,8 +197,53 @@ bool QtPlatform::ChooseFiles(const FileQuestion& question, std::vector<std::stri
     dialog.setSidebarUrls(SidebarPlaces(Files()));
     if (dialog.exec() != QDialog::Accepted) return false;
     for (const QString& file : dialog.selectedFiles()) paths.push_back(Files().LibraryPath(file.toStdString()));
-    profile.SetText(kFolderSection, kFolderKey, Files().LibraryPath(dialog.directory().absolutePath().toStdString()));
+    KeepFolder(dialog);
     return true;
+}
+
+void QtPlatform::KeepFolder(const QFileDialog& dialog) {
+    profile.SetText(kFolderSection, kFolderKey, Files().LibraryPath(dialog.directory().absolutePath().toStdString()));
+}
+
+bool QtPlatform::ChooseSaveFile(const SaveQuestion& question, SaveChoice& choice) {
+    QFileDialog dialog(DialogParent(), ToQString(question.title));
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setDefaultSuffix(ToQString(question.extension));
+    const QStringList forms = ToQtFilter(question.filter).split(";;");
+    dialog.setNameFilters(forms);
+    dialog.resize(kFileDialogSize);
+    dialog.setSidebarUrls(SidebarPlaces(Files()));
+    const tagPlace start = PlaceOf(question.start);
+    const std::string folder = start.folder.empty() ? LastFolder() : start.folder;
+    dialog.setDirectory(QString::fromStdString(Files().Native(folder).string()));
+    if (!start.name.empty()) dialog.selectFile(ToQString(start.name));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
+    choice.path = Files().LibraryPath(dialog.selectedFiles().front().toStdString());
+    choice.form = std::max(0, static_cast<int>(forms.indexOf(dialog.selectedNameFilter())));
+    KeepFolder(dialog);
+    return true;
+}
+
+int QtPlatform::TrackPopupMenu(const PopupMenu& menu) {
+    QMenu popup(DialogParent());
+    popup.setSeparatorsCollapsible(false);
+    for (const PopupMenu::Entry& entry : menu.entries) {
+        if (entry.kind == MENU_ENTRY::SEPARATOR) {
+            popup.addSeparator();
+        } else if (entry.kind == MENU_ENTRY::HEADING) {
+            popup.addAction(MakeHeading(entry.text, popup));
+        } else {
+            popup.addAction(ToQString(entry.text))->setData(entry.id);
+        }
+    }
+    const QAction* const chosen = popup.exec(QCursor::pos());
+    return chosen ? chosen->data().toInt() : 0;
+}
+
+bool QtPlatform::Print(std::string_view document, const PrintPages& print) {
+    return !showPrint || showPrint(document, print, DialogParent());
 }
 
 void QtPlatform::ShowBox(bool warning, std::string_view text, std::string_view title) {

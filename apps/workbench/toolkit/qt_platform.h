@@ -7,6 +7,7 @@
 #include "platform/platform.h"
 #include "toolkit/qt_profile.h"
 
+class QFileDialog;
 class QWidget;
 
 namespace quillon {
@@ -31,8 +32,15 @@ public:
     using DialogMaker = std::function<std::unique_ptr<DialogView>(CDialog& dialog, QWidget* parent)>;
     void SetDialogMaker(DialogMaker maker) { makeDialog = std::move(maker); }
 
+    /// Shows a document's pages and prints them, over a window. Until it is set nothing can be printed.
+    using PrintView = std::function<bool(std::string_view document, const PrintPages& print, QWidget* parent)>;
+    void SetPrintView(PrintView view) { showPrint = std::move(view); }
+
     bool ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) override;
     bool ChooseFolder(std::string_view title, std::string& folder) override;
+    bool ChooseSaveFile(const SaveQuestion& question, SaveChoice& choice) override;
+    int TrackPopupMenu(const PopupMenu& menu) override;
+    bool Print(std::string_view document, const PrintPages& print) override;
     void WarningMessage(std::string_view text) override;
     void InformationBox(std::string_view text, std::string_view title) override;
     void Beep() override;
@@ -63,6 +71,7 @@ private:
     void ArmTimer();
     QWidget* DialogParent() const;
     std::string LastFolder() const;
+    void KeepFolder(const QFileDialog& dialog);
     void ShowBox(bool warning, std::string_view text, std::string_view title = {});
 
     QtProfile profile;
@@ -71,6 +80,7 @@ private:
     std::atomic<bool> awake{false};  // a wake-up is on its way
     QWidget* parentWindow = nullptr;
     DialogMaker makeDialog;
+    PrintView showPrint;
 };
 
 /// "Label|pattern;pattern|Label|pattern||" in the form the toolkit's file choice takes: "Label (pattern pattern);;..."

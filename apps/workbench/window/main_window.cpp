@@ -22,6 +22,7 @@
 #include "window/keyboard_help.h"
 #include "window/password_dialog.h"
 #include "window/picture.h"
+#include "window/print_preview.h"
 
 namespace quillon {
 namespace {
@@ -33,6 +34,13 @@ constexpr double kZoomStep = 1.5;
 constexpr double kMetresPerInch = 0.0254;
 /// Pixels of an exported picture to one of the chart: lines and letters come out sharp in a report.
 constexpr double kExportScale = 2.0;
+
+std::string_view TitleOfPane(const CMyDockablePane& pane) {
+    for (const PaneEntry& entry : PaneRegistry()) {
+        if (entry.id == pane.GetDlgCtrlID()) return entry.title;
+    }
+    return pane.GetWindowText();
+}
 
 }  // namespace
 
@@ -53,6 +61,7 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
     setCentralWidget(chart);
     platform.SetWindow(this);
     ShowDialogsBy(platform, factory);
+    ShowPrintingBy(platform);
     job.SetObserver(this);
     MakeActions();
     ConnectChart();
@@ -63,6 +72,7 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
 MainWindow::~MainWindow() {
     job.SetObserver(nullptr);
     platform.SetDialogMaker({});
+    platform.SetPrintView({});
     platform.SetWindow(nullptr);
 }
 
@@ -238,7 +248,11 @@ void MainWindow::MakePaneActions(QMenu& menu) {
         QAction* const action = dock->toggleViewAction();
         ++number;
         if (number <= 9) action->setShortcut(QKeySequence(QString("Ctrl+%1").arg(number)));
-        action->setToolTip("Show or put away " + dock->windowTitle());
+        // The title of a listing tells what is listed; its name in the menu stays.
+        const QString name = ToQString(TitleOfPane(*job.Panes()[static_cast<std::size_t>(number - 1)]));
+        action->setText(name);
+        connect(dock, &QWidget::windowTitleChanged, action, [action, name] { action->setText(name); });
+        action->setToolTip("Show or put away " + name);
         // Not `toggled`, which comes also when the pane is put away by itself or with the window.
         connect(action, &QAction::triggered, this, [this, dock](bool shown) {
             if (shown) docks.BringToFront(*dock);

@@ -1,0 +1,39 @@
+#include "panes/listing_pane.h"
+
+#include "support/job_fixture.h"
+
+namespace quillon {
+namespace {
+
+class ListingPaneTest : public JobFixture {};
+
+TEST_F(ListingPaneTest, FollowsTheCursorAndMovesIt) {
+    drives.Write("C:\\Jobs\\A.csv", "1,2\r\n3,4\r\n");
+    drives.Write("C:\\Jobs\\B.csv", "5,6\r\n7,8\r\n");
+    job->waypoints.Add("C:\\Jobs\\A.csv");
+    job->waypoints.Add("C:\\Jobs\\B.csv");
+    job->waypoints.SetEditCursor(0, 0);
+    CListingPane pane(*platform);
+    ASSERT_TRUE(pane.Create(log.get(), CListingPane::kTitleId, *job));
+    EXPECT_EQ(pane.GetWindowText(), "Waypoint - A");
+    job->waypoints.SetEditCursor(1, 0);
+    pane.RefreshRows();
+    EXPECT_EQ(pane.GetWindowText(), "Waypoint - B");
+    user::Click(pane.GetView(), 1);
+    EXPECT_EQ(Messages(), RedrawPair("7.000, 8.000"));
+    EXPECT_EQ(job->waypoints.editState.editPointIndex, 1);
+
+    drives.Write("C:\\Jobs\\B.csv", "5,6\r\n7,8\r\n9,10\r\n");
+    job->waypoints.ReadAgain(1);
+    pane.RefreshRows();
+    EXPECT_EQ(pane.GetView().GetItemCount(), 3) << "the same file, other records";
+    job->sailLines.Add("C:\\Jobs\\A.csv");
+    user::Select(pane.GetTypeCombo(), 1);
+    EXPECT_EQ(pane.GetView().GetColumn(1).header, "SOL Easting");
+    CListingPane next(*platform);
+    ASSERT_TRUE(next.Create(log.get(), CListingPane::kTitleId, *job));
+    EXPECT_EQ(next.GetTypeCombo().GetCurSel(), 1) << "the choice is kept";
+}
+
+}  // namespace
+}  // namespace quillon
