@@ -28,6 +28,24 @@ tagXY PositionOf(const StructureDef& structure) {
     return structure.position;
 }
 
+template <class Point>
+std::string_view NameOf(const Point& point) {
+    if constexpr (requires { point.name; }) return point.name;
+    return {};
+}
+
+template <class Point>
+double KpOf(const Point&) {
+    return MISSING_VALUE;
+}
+double KpOf(const PipelineDef& point) {
+    return point.kp;
+}
+/// Routes hold theirs in metres.
+double KpOf(const RouteDef& point) {
+    return point.kp / 1000.0;
+}
+
 bool IsShown(const CFeatureCommon& feature) {
     return feature.Status;
 }
@@ -113,7 +131,7 @@ bool FollowStored(JobRecord& job, int file) {
 /// A row of the table. The functions are named here once; a kind gives the overloads above and says where its files
 /// are.
 template <class Files>
-constexpr JobKind MakeKind(KIND id, FEATURE_TYPES type, std::string_view name) {
+constexpr JobKind MakeKind(KIND id, FEATURE_TYPES type, std::string_view name, std::string_view pointWord = "point") {
     using Record = const JobRecord&;
     return {.id = id,
             .type = type,
@@ -124,6 +142,9 @@ constexpr JobKind MakeKind(KIND id, FEATURE_TYPES type, std::string_view name) {
             .path = [](Record job, int file) -> const std::string& { return Files::At(job, file).GetPath(); },
             .pointCount = [](Record job, int file) { return static_cast<int>(Files::At(job, file).GetSize()); },
             .point = [](Record job, int file, int point) { return PositionOf(Files::At(job, file)[point]); },
+            .pointName = [](Record job, int file, int point) { return NameOf(Files::At(job, file)[point]); },
+            .pointWord = pointWord,
+            .pointKp = [](Record job, int file, int point) { return KpOf(Files::At(job, file)[point]); },
             .report = [](Record job, int file) -> const ReadReport& { return Files::At(job, file).GetReport(); },
             .isDisplayed = [](Record job, int file) { return IsShown(Files::At(job, file)); },
             .look = [](Record job, int file) { return LookOf(Files::At(job, file)); },
@@ -135,7 +156,7 @@ constexpr std::array<JobKind, kKindCount> kKinds = {
     MakeKind<ListFiles<&JobRecord::boundaries>>(KIND::BOUNDARY, FEATURE_TYPES::BOUNDARY, "Boundary"),
     MakeKind<ListFiles<&JobRecord::waypoints>>(KIND::WAYPOINT, FEATURE_TYPES::WAYPOINT, "Waypoint"),
     MakeKind<ListFiles<&JobRecord::routes>>(KIND::ROUTE, FEATURE_TYPES::ROUTE, "Route"),
-    MakeKind<ListFiles<&JobRecord::sailLines>>(KIND::SAIL_LINE, FEATURE_TYPES::SAIL_LINE, "Sail Line"),
+    MakeKind<ListFiles<&JobRecord::sailLines>>(KIND::SAIL_LINE, FEATURE_TYPES::SAIL_LINE, "Sail Line", "line"),
     MakeKind<ListFiles<&JobRecord::pipelines>>(KIND::PIPELINE, FEATURE_TYPES::PIPELINE, "Pipeline"),
     MakeKind<PipeRouteFile>(KIND::PIPE_ROUTE, FEATURE_TYPES::NONE, "Pipe Route"),
     MakeKind<StructureFiles>(KIND::STRUCTURE, FEATURE_TYPES::STRUCTURE, "Structure"),

@@ -42,6 +42,12 @@ struct JobKind {
     const std::string& (*path)(const JobRecord& job, int file);
     int (*pointCount)(const JobRecord& job, int file);
     tagXY (*point)(const JobRecord& job, int file, int point);
+    /// What a point goes by; empty where points have no names.
+    std::string_view (*pointName)(const JobRecord& job, int file, int point);
+    /// What a point without a name is called by its place in the file: "point", "line".
+    std::string_view pointWord;
+    /// How far along the feature a point lies, kilometres; MISSING_VALUE for kinds without KPs.
+    double (*pointKp)(const JobRecord& job, int file, int point);
     /// What the last reading made of the file.
     const ReadReport& (*report)(const JobRecord& job, int file);
     bool (*isDisplayed)(const JobRecord& job, int file);

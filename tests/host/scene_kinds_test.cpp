@@ -196,11 +196,13 @@ TEST_F(SceneKindsTest, KpsStandAcrossTheirLineOnItsStarboardSide) {
     EXPECT_THAT(Layer(KIND::PIPELINE).texts, IsEmpty());
 }
 
-TEST_F(SceneKindsTest, TheActivePipeRouteIsDrawnButCannotBeChosen) {
+TEST_F(SceneKindsTest, ThePipeRouteStandsBackBehindThePipelineThatItIs) {
     const SceneItems layer = Layer(KIND::PIPE_ROUTE);
     ASSERT_THAT(layer.paths, SizeIs(2));
-    EXPECT_FALSE(layer.paths[1].canBeHit) << "or it would hide what lies below it from the pointer";
+    EXPECT_FALSE(layer.paths[1].canBeHit) << "one would point at the same line twice";
     EXPECT_EQ(layer.texts.size(), 6u);
+    job->Record().pipelines[0].use = false;
+    EXPECT_TRUE(Layer(KIND::PIPE_ROUTE).paths[1].canBeHit);
     job->Record().pipeRoute.Clear();
     EXPECT_THAT(Layer(KIND::PIPE_ROUTE).paths, IsEmpty());
 }

@@ -52,6 +52,27 @@ TEST(HitPath, NamesTheVertexOrTheBeginOfTheSegment) {
     EXPECT_FALSE(HitPath(PathLod(), {0, 0}, 5).has_value());
 }
 
+TEST(NearestOnLines, FindsWhatLookingAtEverySegmentFinds) {
+    std::mt19937 random(5);
+    const std::vector<tagXY> walk = Walk(20000, 10, 5);
+    const PathLod lod = LodOf(walk, false);
+    for (int i = 0; i < 100; ++i) {
+        const tagXY near = walk[random() % walk.size()];
+        const double reach = i % 2 ? 10.0 : 3000.0;
+        const tagXY place{near.x + reach * (static_cast<double>(random() % 100) / 50.0 - 1.0), near.y + reach};
+        double least = 1e300;
+        for (std::size_t k = 0; k + 1 < walk.size(); ++k) {
+            least = std::min(least, std::sqrt(SquaredDistance(place.x, place.y, walk[k].x, walk[k].y, walk[k + 1].x,
+                                                              walk[k + 1].y)));
+        }
+        const std::optional<PathHit> hit = NearestOnLines(lod, place);
+        ASSERT_TRUE(hit);
+        EXPECT_NEAR(hit->distance, least, 1e-9) << i;
+        EXPECT_EQ(hit->next, hit->point + 1);
+    }
+    EXPECT_FALSE(NearestOnLines(PathLod(ChartPoints(Points("0,0 5,5")), {.every = 1}), {0, 0}));
+}
+
 TEST(AreaHolds, WhatLookingAtEveryEdgeFinds) {
     std::mt19937 random(3);
     const std::vector<tagXY> coast = Coast(5000, 20);
@@ -75,6 +96,20 @@ TEST(AreaHolds, WhatLookingAtEveryEdgeFinds) {
     const std::vector<tagXY> parts = Points("0,0 10,0 10,10 0,10 50,0 60,0 60,10");
     EXPECT_TRUE(AreaHolds(LodOf(parts, true, {4}), {58, 3}));
     EXPECT_FALSE(AreaHolds(LodOf(parts, true, {4}), {30, 5})) << "between the parts";
+}
+
+/// A click must be able to reach each of the symbols that lie over one another, but not a million of them.
+TEST(HitsOf, LonePointsComeOneByOneTheNearestFirst) {
+    std::vector<tagXY> points;
+    for (int i = 0; i < 1000; ++i) points.push_back({0.01 * (999 - i), 0.0});
+    ChartScene scene;
+    scene.layers.push_back({.items = {ChartPath{.path = MakePath(points, {.every = 1})}}});
+    ChartView view;
+    view.SetSize(100, 100);
+    view.SetScale(1.0);
+    const std::vector<ChartHit> hits = HitsOf(scene, view, {50, 50}, 8);
+    ASSERT_EQ(hits.size(), kMostLonePoints);
+    for (std::size_t i = 0; i < hits.size(); ++i) EXPECT_EQ(hits[i].hit.point, 999 - i);
 }
 
 TEST(HitsOf, ComeInTheOrderThatOneWouldMeanThemIn) {

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QScreen>
 #include <QTableView>
@@ -21,6 +22,7 @@
 #include "host/startup.h"
 #include "panes/boundary_pane.h"
 #include "support/comma_locale.h"
+#include "toolkit/text_edge.h"
 
 namespace quillon {
 namespace {
@@ -242,6 +244,52 @@ TEST_F(MainWindowTest, AClickOnTheChartFindsFileAndRow) {
     EXPECT_EQ(run.job.Record().boundaries.editState.editPointIndex, 9);
     const QTableView& table = run.WidgetOf<QTableView>(run.Pane().GetTable());
     EXPECT_EQ(table.selectionModel()->selectedRows().value(0).row(), 9);
+}
+
+/// An area is chosen by a click into it, its pane comes up though it was put away; what is found is marked in the
+/// middle of the chart; the keys R and Esc take up and put away the measure.
+TEST_F(MainWindowTest, TheChartNamesFindsAndMeasures) {
+    Program run(Drives(), Profile());
+    ChartWidget& chart = run.window.Chart();
+    run.job.Record().boundaries[8].pen.fill = kFillSolid;
+    run.Dock().hide();
+    chart.SetView(run.job.Record().boundaries[8][0], 2.0);
+    run.window.Settle();
+    QTest::mouseClick(&chart, Qt::LeftButton, {}, chart.rect().center());
+    run.window.Settle();
+    EXPECT_TRUE(run.Dock().isVisible());
+    EXPECT_EQ(run.Pane().GetCombo().GetCurSel(), 8);
+
+    run.Key(QKeySequence("Ctrl+F"));
+    QLineEdit& find = run.window.Acts().Find().Edit();
+    EXPECT_TRUE(find.isVisible());
+    const JobRecord& record = run.job.Record();
+    QTest::keyClicks(&find, ToQString(record.routes[0][1].name));
+    QTest::keyClick(&find, Qt::Key_Return);
+    run.window.Settle();
+    ASSERT_TRUE(run.job.ShownPoint());
+    EXPECT_EQ(chart.View().Centre(), *run.job.ShownPoint());
+    find.setText("KP 2");
+    QTest::keyClick(&find, Qt::Key_Return);
+    const tagXY first = *run.job.ShownPoint();
+    QTest::keyClick(&find, Qt::Key_Return);
+    run.window.Settle();
+    EXPECT_NE(run.job.ShownPoint(), first) << run.window.Acts().Find().State().toStdString();
+    EXPECT_TRUE(run.window.Acts().Find().State().startsWith("2 of "));
+    QTest::keyClick(&find, Qt::Key_Escape);
+    EXPECT_FALSE(find.isVisible());
+
+    chart.setFocus();
+    QTest::keyClick(&chart, Qt::Key_R);
+    ASSERT_NE(chart.Tool(), nullptr);
+    QTest::mouseClick(&chart, Qt::LeftButton, {}, {100, 200});
+    QTest::mouseMove(&chart, {300, 120});
+    run.window.Settle();
+    const auto& measure = dynamic_cast<const MeasureTool&>(*chart.Tool());
+    EXPECT_NE(measure.Text().find(" grid"), std::string::npos) << measure.Text();
+    QTest::keyClick(&chart, Qt::Key_Escape);
+    EXPECT_EQ(chart.Tool(), nullptr);
+    EXPECT_TRUE(run.job.ShownPoint()) << "Esc ends one thing at a time";
 }
 
 /// The whole job is in view at the start and stays so while the window changes its size, until the operator looks

@@ -142,6 +142,7 @@ void ChartWidget::paintEvent(QPaintEvent*) {
     PaintFurniture(target, view, scene->shown, isNight);
     target.setRenderHint(QPainter::Antialiasing, false);
     if (drag == DRAG::BOX) PaintBox(target);
+    if (tool) tool->Paint(target, view, isNight);
     if (hasFocus()) {
         target.setPen(ToQColor(ColoursOf(isNight).gridText));
         target.setBrush(Qt::NoBrush);
@@ -166,7 +167,10 @@ void ChartWidget::wheelEvent(QWheelEvent* event) {
 void ChartWidget::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton && event->button() != Qt::MiddleButton) return event->ignore();
     pressedAt = cursorAt = event->position();
-    drag = DRAG::PRESSED;
+    const bool isTools =
+        tool && event->button() == Qt::LeftButton && tool->OnPress(PixelOf(pressedAt), event->modifiers());
+    drag = isTools ? DRAG::TOOL : DRAG::PRESSED;
+    if (isTools) ShowCursorShape();
     event->accept();
 }
 
@@ -185,14 +189,18 @@ void ChartWidget::mouseMoveEvent(QMouseEvent* event) {
     } else if (drag == DRAG::PAN) {
         PanBy(cursorAt.x() - before.x(), cursorAt.y() - before.y());
     }
-    if (drag == DRAG::BOX) update();
+    if (drag == DRAG::TOOL) tool->OnDrag(PixelOf(cursorAt), event->modifiers());
+    if (drag == DRAG::BOX || drag == DRAG::TOOL) update();
     TellCursor();
 }
 
 void ChartWidget::mouseReleaseEvent(QMouseEvent* event) {
     const DRAG ended = drag;
     const QPointF from = pressedAt, to = event->position();
-    EndDrag();
+    if (ended == DRAG::TOOL) tool->OnRelease();
+    drag = DRAG::NONE;
+    ShowCursorShape();
+    update();
     if (ended == DRAG::PRESSED && event->button() == Qt::LeftButton) Click(to);
     if (ended == DRAG::BOX && std::abs(to.x() - from.x()) + std::abs(to.y() - from.y()) >= kDragPixels) {
         view.ZoomToPixels(PixelOf(from), PixelOf(to));
@@ -201,14 +209,32 @@ void ChartWidget::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ChartWidget::EndDrag() {
-    drag = DRAG::NONE;
-    setCursor(Qt::CrossCursor);
+    if (std::exchange(drag, DRAG::NONE) == DRAG::TOOL) tool->OnDrop();
+    ShowCursorShape();
     update();
 }
 
+void ChartWidget::ShowCursorShape() {
+    if (drag != DRAG::PAN) setCursor(tool ? tool->CursorAt(PixelOf(cursorAt)) : Qt::CrossCursor);
+}
+
+void ChartWidget::SetTool(ChartTool* newTool) {
+    if (drag == DRAG::TOOL) EndDrag();
+    if (ChartTool* const before = std::exchange(tool, nullptr)) before->OnEnd();
+    tool = newTool;
+    if (tool) tool->OnBegin();
+    ShowCursorShape();
+    TellCursor();
+    update();
+}
+
+std::vector<ChartHit> ChartWidget::HitsAt(PixelPoint at) const {
+    return HitsOf(*scene, view, at, kHitRadius);
+}
+
 void ChartWidget::Click(QPointF at) {
-    if (!onClick) return;
-    onClick(view.ToWorld(PixelOf(at)), HitScene(*scene, view, PixelOf(at), kHitRadius));
+    if (tool && tool->OnClick(PixelOf(at))) return update();
+    if (onClick) onClick(PixelOf(at));
 }
 
 void ChartWidget::keyPressEvent(QKeyEvent* event) {
@@ -246,6 +272,11 @@ void ChartWidget::leaveEvent(QEvent* event) {
 }
 
 void ChartWidget::TellCursor() {
+    if (tool && drag == DRAG::NONE) {
+        tool->OnMove(isCursorInside ? std::optional(PixelOf(cursorAt)) : std::nullopt);
+        ShowCursorShape();
+        update();
+    }
     if (!onCursor) return;
     onCursor(isCursorInside ? std::optional(view.ToWorld(PixelOf(cursorAt))) : std::nullopt);
 }

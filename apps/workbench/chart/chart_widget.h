@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "chart/chart_frames.h"
+#include "chart/chart_tool.h"
 #include "scene/chart_hit.h"
 
 namespace quillon {
@@ -15,8 +16,8 @@ namespace quillon {
 /// hand, and is refined a moment later.
 ///
 /// The wheel zooms at the cursor, dragging pans, dragging with Shift or Ctrl zooms to a box. With the keyboard: plus
-/// and minus zoom, the arrows pan (with Shift by less), Home shows everything, Escape drops a drag. A click reports
-/// what lies under it.
+/// and minus zoom, the arrows pan (with Shift by less), Home shows everything, Escape drops a drag. A tool may take the
+/// mouse over.
 class ChartWidget : public QWidget {
 public:
     explicit ChartWidget(QWidget* parent = nullptr);
@@ -39,9 +40,18 @@ public:
 
     /// The position under the cursor; nothing when the cursor leaves.
     std::function<void(std::optional<tagXY>)> onCursor;
-    /// A click, and the point or segment that it hit.
-    std::function<void(tagXY, const std::optional<ChartHit>&)> onClick;
+    /// A click that no tool has taken.
+    std::function<void(PixelPoint)> onClick;
     std::function<void()> onViewChanged;
+
+    /// All that lies within reach of the mouse there, what one would mean first.
+    std::vector<ChartHit> HitsAt(PixelPoint at) const;
+
+    /// Null for none. The tool is lent; one that is put away loses its drag first.
+    void SetTool(ChartTool* newTool);
+    ChartTool* Tool() const { return tool; }
+    /// Whether the mouse pans, draws a box or serves a tool.
+    bool IsDragging() const { return drag > DRAG::PRESSED; }
 
     /// Waits until what is on the screen is what the scene and the view are.
     void Settle();
@@ -59,7 +69,7 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
-    enum class DRAG { NONE, PRESSED, PAN, BOX };
+    enum class DRAG { NONE, PRESSED, PAN, BOX, TOOL };
 
     void Redraw();
     void ViewChanged();
@@ -69,6 +79,7 @@ private:
     void EndDrag();
     void Click(QPointF at);
     void TellCursor();
+    void ShowCursorShape();
 
     std::shared_ptr<const ChartScene> scene = std::make_shared<const ChartScene>();
     ChartView view;
@@ -78,6 +89,7 @@ private:
     bool isNight = false;
     bool waitsForFirstView = true;
     DRAG drag = DRAG::NONE;
+    ChartTool* tool = nullptr;
     QPointF pressedAt;
     QPointF cursorAt;
     bool isCursorInside = false;

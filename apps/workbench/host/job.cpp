@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "display/list_export.h"
+#include "panes/pipe_route_pane.h"
 #include "platform/platform.h"
 #include "platform/user_actions.h"
 
@@ -86,22 +87,52 @@ void Job::SetNightMode(bool night) {
     for (const auto& pane : panes) pane->SetNightMode(night);
 }
 
-bool Job::SelectPoint(const JobPoint& chosen) {
-    CFileListBase* const list = ListOf(chosen.kind);
-    if (!list || !list->IsValidIndex(chosen.file)) return false;
-    if (chosen.point < 0 || chosen.point >= list->GetPointCount(chosen.file)) return false;
-    const FeatureEditState before = list->editState;
-    list->SetEditCursor(chosen.file, chosen.point);
-    if (list->editState != before) list->Save();
-    for (const auto& pane : panes) {
-        auto* const files = dynamic_cast<CFeaturePane*>(pane.get());
-        if (!files || KindOfPane(pane->GetDlgCtrlID()) != chosen.kind) continue;
+/// The pane comes to the file, and its table to the row of the point; without a point the table stays.
+void Job::ShowInPane(CMyDockablePane& pane, const JobPoint& chosen) {
+    CFeatureListCtrl* table = nullptr;
+    if (auto* const files = dynamic_cast<CFeaturePane*>(&pane)) {
         if (files->GetCombo().GetCurSel() != chosen.file) user::Select(files->GetCombo(), chosen.file);
-        files->GetTable().SetSelection(chosen.point);
+        table = &files->GetTable();
+    } else if (auto* const route = dynamic_cast<CPipeRoutePane*>(&pane)) {
+        table = &route->GetTable();
+    } else {
+        // It shows what the cursor names.
+        BringUpToDate(pane);
     }
-    shownPoint = KindOf(chosen.kind).point(record, chosen.file, chosen.point);
-    if (observer) observer->OnPointShown(*shownPoint);
+    if (table && chosen.point >= 0) table->SetSelection(chosen.point);
+}
+
+bool Job::SelectPoint(const JobPoint& chosen) {
+    if (chosen.kind == KIND::NONE) return false;
+    const JobKind& kind = KindOf(chosen.kind);
+    if (chosen.file < 0 || chosen.file >= kind.fileCount(record)) return false;
+    if (chosen.point < 0 || chosen.point >= kind.pointCount(record, chosen.file)) return false;
+    if (CFileListBase* const list = kind.list(record)) {
+        const FeatureEditState before = list->editState;
+        list->SetEditCursor(chosen.file, chosen.point);
+        if (list->editState != before) list->Save();
+    }
+    for (const auto& pane : panes) {
+        if (KindOfPane(pane->GetDlgCtrlID()) == chosen.kind) ShowInPane(*pane, chosen);
+    }
+    ShowPlace(kind.point(record, chosen.file, chosen.point));
     return true;
+}
+
+bool Job::SelectFile(KIND kind, int file) {
+    if (kind == KIND::NONE || file < 0 || file >= KindOf(kind).fileCount(record)) return false;
+    CFileListBase* const list = ListOf(kind);
+    if (list && list->editState.editFileIndex != file) {
+        list->SetEditCursor(file, 0);
+        list->Save();
+    }
+    if (CMyDockablePane* const pane = PaneOf(kind)) ShowInPane(*pane, {kind, file, -1});
+    return true;
+}
+
+void Job::ShowPlace(tagXY place) {
+    shownPoint = place;
+    if (observer) observer->OnPointShown(place);
 }
 
 void Job::ClearShownPoint() {

@@ -66,6 +66,10 @@ public:
     /// The operator chose a point on the chart: the list's edit cursor goes to it, the pane shows its file, and its row
     /// becomes the selected one. False, and nothing done, if there is no such point.
     bool SelectPoint(const JobPoint& chosen);
+    /// The operator chose a file on the chart: its pane shows it. False, and nothing done, if there is no such file.
+    bool SelectFile(KIND kind, int file);
+    /// Marks a place that is no point of a file.
+    void ShowPlace(tagXY place);
 
     /// The point that the chart marks.
     const std::optional<tagXY>& ShownPoint() const { return shownPoint; }
@@ -85,6 +89,7 @@ private:
     using FlagsByPath = std::map<std::pair<KIND, std::string>, Flags>;
 
     void OpenPanes();
+    void ShowInPane(CMyDockablePane& pane, const JobPoint& chosen);
     /// Null for NONE and for a kind that is in no list.
     CFileListBase* ListOf(KIND kind);
     void OnFeatureUpdate(KIND kind);

@@ -109,22 +109,57 @@ PathPtr SceneBuilder::KeepPath(const std::string& name, std::uint64_t stamp, con
     return path;
 }
 
-void SceneBuilder::Add(int file, ChartItem item, int pointsPerRecord) {
-    if (file < 0) {
+void SceneBuilder::AddShown(ChartItem item, Shown shown) {
+    if (shown.file < 0 && !shown.textOf) {
         if (auto* const path = std::get_if<ChartPath>(&item)) path->canBeHit = false;
     }
-    recordOf[layer->id].push_back({file, pointsPerRecord});
+    recordOf[layer->id].push_back(std::move(shown));
     layer->items.push_back(std::move(item));
 }
 
-JobPoint SceneBuilder::PointOf(const ChartHit& hit) const {
+void SceneBuilder::Add(int file, ChartItem item, int pointsPerRecord) {
+    AddShown(std::move(item), {.file = file, .pointsPerRecord = pointsPerRecord});
+}
+
+void SceneBuilder::AddRecord(int file, int record, ChartItem item) {
+    AddShown(std::move(item), {.file = file, .pointsPerRecord = 1, .record = record});
+}
+
+void SceneBuilder::AddBackground(ChartItem item, HitText textOf) {
+    AddShown(std::move(item), {.file = -1, .pointsPerRecord = 1, .textOf = std::move(textOf)});
+}
+
+const SceneBuilder::Shown* SceneBuilder::ShownBy(const ChartHit& hit) const {
     const auto records = recordOf.find(hit.layer);
-    if (records == recordOf.end() || hit.item >= records->second.size()) return {};
-    const Shown& shown = records->second[hit.item];
+    return records == recordOf.end() || hit.item >= records->second.size() ? nullptr : &records->second[hit.item];
+}
+
+std::string SceneBuilder::TextOf(const ChartHit& hit) const {
+    const Shown* const shown = ShownBy(hit);
+    return shown && shown->textOf ? shown->textOf(hit) : std::string();
+}
+
+PathPtr SceneBuilder::PathOf(const ChartScene& scene, KIND kind, int file) const {
+    for (const ChartLayer& shownLayer : scene.layers) {
+        if (shownLayer.id != static_cast<std::uint64_t>(kind)) continue;
+        for (std::size_t i = 0; i < shownLayer.items.size(); ++i) {
+            const auto* const path = std::get_if<ChartPath>(&shownLayer.items[i]);
+            const Shown* const shown = ShownBy({.layer = shownLayer.id, .item = i});
+            if (path && shown && shown->file == file && shown->record < 0) return path->path;
+        }
+    }
+    return nullptr;
+}
+
+JobPoint SceneBuilder::PointOf(const ChartHit& hit) const {
+    const Shown* const found = ShownBy(hit);
+    if (!found) return {};
+    const Shown& shown = *found;
     const JobKind& kind = KindOf(static_cast<KIND>(hit.layer));
     if (shown.file < 0 || shown.file >= kind.fileCount(record)) return {};
     if (hit.kind == HIT_KIND::AREA) return {kind.id, shown.file, -1};
     const int count = kind.pointCount(record, shown.file);
+    if (shown.record >= 0) return shown.record < count ? JobPoint{kind.id, shown.file, shown.record} : JobPoint();
     const JobPoint first{kind.id, shown.file, static_cast<int>(hit.hit.point) / shown.pointsPerRecord};
     if (first.point >= count) return {};
     if (hit.kind != HIT_KIND::SEGMENT || shown.pointsPerRecord > 1) return first;

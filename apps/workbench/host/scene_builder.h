@@ -34,10 +34,14 @@ public:
     /// The point of the job behind a hit in the scene last built; of a line between two points its nearer one. Of an
     /// area the file alone.
     JobPoint PointOf(const ChartHit& hit) const;
+    /// What a background says about a hit in the scene last built; empty for nothing.
+    std::string TextOf(const ChartHit& hit) const;
+    /// The path through the points of a file in the scene last built; null if it isn't shown.
+    PathPtr PathOf(const ChartScene& scene, KIND kind, int file) const;
+    const JobRecord& Record() const { return record; }
 
     // For the functions of the kinds, while a scene is built. Names are unique within a layer.
 
-    const JobRecord& Record() const { return record; }
     /// What `make` gives, made anew only when the stamp is another.
     template <class T>
     std::shared_ptr<const T> Keep(const std::string& name, std::uint64_t stamp,
@@ -56,15 +60,24 @@ public:
     }
     /// An item that shows the file with that index, with so many points a record.
     void Add(int file, ChartItem item, int pointsPerRecord = 1);
+    /// An item that shows one record of a file.
+    void AddRecord(int file, int record, ChartItem item);
     /// An item that shows nothing that could be chosen.
     void AddBackground(ChartItem item) { Add(-1, std::move(item)); }
+    /// One of those that says what lies at a place of it: a depth, an attribute. Empty for nothing.
+    using HitText = std::function<std::string(const ChartHit& hit)>;
+    void AddBackground(ChartItem item, HitText textOf);
 
 private:
     /// What of the job an item shows.
     struct Shown {
         int file;  ///< -1: nothing that could be chosen
         int pointsPerRecord;
+        int record = -1;  ///< the only one that it shows; -1 for one after the other
+        HitText textOf = {};
     };
+    const Shown* ShownBy(const ChartHit& hit) const;
+    void AddShown(ChartItem item, Shown shown);
     using Data = std::shared_ptr<const void>;
     struct Kept {
         std::uint64_t stamp = 0;  ///< of the data, or of those that are being made

@@ -210,9 +210,11 @@ void AddPipelines(SceneBuilder& scene) {
     for (int i = 0; i < list.GetCount(); ++i) AddPipeline(scene, list[i], i);
 }
 
-/// It is in no list, so no point of it can be chosen.
+/// Where it is one of the pipelines too, that one is what one points at.
 void AddPipeRoute(SceneBuilder& scene) {
-    AddPipeline(scene, scene.Record().pipeRoute, -1);
+    const JobRecord& record = scene.Record();
+    const int twin = record.pipelines.Find(record.pipeRoute.GetPath());
+    AddPipeline(scene, record.pipeRoute, twin >= 0 && record.pipelines[twin].use ? -1 : 0);
 }
 
 // ---- Routes ----
@@ -364,7 +366,7 @@ void AddShapes(SceneBuilder& scene, const CStructureList& list, int file) {
             path.path = scene.KeepPath(name + Format("|%u", colour), structures.GetStamp(), {.starts = drawn.starts},
                                        [&drawn = drawn] { return ChartPoints(drawn.points); });
             path.line = {colour, 1, PS_SOLID};
-            scene.AddBackground(std::move(path));
+            scene.AddRecord(file, static_cast<int>(i), std::move(path));
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace quillon {
@@ -45,7 +46,7 @@ private:
             const tagXY p = path.Points()[index];
             TakeVertex(p, index);
             const std::uint32_t next = i + 1 < run.first + run.count ? level.PointOf(i + 1) : run.next;
-            if (!hasVertex && next != PathLod::kNone) TakeSegment(p, path.Points()[next], index);
+            if (!hasVertex && next != PathLod::kNone) TakeSegment(p, path.Points()[next], index, next);
         }
     }
     void TakeVertex(tagXY p, std::uint32_t index) {
@@ -53,14 +54,14 @@ private:
         if (d2 > vertexBest || (hasVertex && d2 == vertexBest)) return;
         vertexBest = d2;
         hasVertex = true;
-        vertex = {index, true, p, std::sqrt(d2)};
+        vertex = {index, true, p, std::sqrt(d2), index};
     }
-    void TakeSegment(tagXY a, tagXY b, std::uint32_t index) {
+    void TakeSegment(tagXY a, tagXY b, std::uint32_t index, std::uint32_t next) {
         const double d2 = SquaredDistance(place.x, place.y, a.x, a.y, b.x, b.y);
         if (d2 > segmentBest || (hasSegment && d2 == segmentBest)) return;
         segmentBest = d2;
         hasSegment = true;
-        segment = {index, false, NearestOf(a, b, place), std::sqrt(d2)};
+        segment = {index, false, NearestOf(a, b, place), std::sqrt(d2), next};
     }
 
     const PathLod& path;
@@ -77,6 +78,34 @@ std::optional<PathHit> HitPath(const PathLod& path, tagXY place, double radius) 
     Search search(path, place, radius);
     for (const PathLod::Chunk& chunk : path.Full().Chunks()) search.LookAt(chunk);
     return search.Result();
+}
+
+std::optional<PathHit> NearestOnLines(const PathLod& path, tagXY place) {
+    const PathLod::Level& level = path.Full();
+    std::optional<PathHit> best;
+    double best2 = std::numeric_limits<double>::infinity();
+    const auto look = [&](const PathLod::Run& run) {
+        for (std::uint32_t i = run.first; i < run.first + run.count; ++i) {
+            const std::uint32_t index = level.PointOf(i);
+            const std::uint32_t next = i + 1 < run.first + run.count ? level.PointOf(i + 1) : run.next;
+            if (next == PathLod::kNone) continue;
+            const tagXY at = NearestOf(path.Points()[index], path.Points()[next], place);
+            const double d2 = (at.x - place.x) * (at.x - place.x) + (at.y - place.y) * (at.y - place.y);
+            if (!(d2 < best2)) continue;
+            best2 = d2;
+            best = {index, false, at, std::sqrt(d2), next};
+        }
+    };
+    // The chunk whose box is nearest comes first: few others can hold anything nearer than what is found there.
+    const auto nearest =
+        std::min_element(level.Chunks().begin(), level.Chunks().end(), [&](const auto& a, const auto& b) {
+            return SquaredDistanceToBox(a.box, place) < SquaredDistanceToBox(b.box, place);
+        });
+    if (nearest != level.Chunks().end()) level.EachRun(*nearest, look);
+    for (const PathLod::Chunk& chunk : level.Chunks()) {
+        if (SquaredDistanceToBox(chunk.box, place) < best2) level.EachRun(chunk, look);
+    }
+    return best;
 }
 
 bool AreaHolds(const PathLod& path, tagXY place) {
@@ -112,29 +141,53 @@ namespace {
 /// What of one item lies near a place.
 class ItemHit {
 public:
+    using Hits = std::vector<ChartHit>;
+
     ItemHit(tagXY where, double metres) : place(where), radius(metres) {}
 
-    std::optional<ChartHit> operator()(const ChartPath& path) const {
-        if (!path.canBeHit) return std::nullopt;
+    Hits operator()(const ChartPath& path) const {
+        if (!path.canBeHit) return {};
+        const PathLod::Level& level = path.path->Full();
+        if (level.PartCount() == level.VertexCount()) return LonePoints(*path.path);
         if (const auto hit = HitPath(*path.path, place, radius)) {
-            return ChartHit{.kind = hit->isVertex ? HIT_KIND::VERTEX : HIT_KIND::SEGMENT, .hit = *hit};
+            return {ChartHit{.kind = hit->isVertex ? HIT_KIND::VERTEX : HIT_KIND::SEGMENT, .hit = *hit}};
         }
-        if (path.fill.style == kFillNone || !AreaHolds(*path.path, place)) return std::nullopt;
-        return ChartHit{.kind = HIT_KIND::AREA, .hit = {.at = place}};
+        if (path.fill.style == kFillNone || !AreaHolds(*path.path, place)) return {};
+        return {ChartHit{.kind = HIT_KIND::AREA, .hit = {.at = place}}};
     }
-    std::optional<ChartHit> operator()(const ChartRings& rings) const {
+    Hits operator()(const ChartRings& rings) const {
         std::optional<ChartHit> best;
         for (const ChartRings::Ring& ring : rings.rings) EachNear(rings, ring, best);
-        return best;
+        return best ? Hits{*best} : Hits{};
     }
-    std::optional<ChartHit> operator()(const ChartImage& image) const {
+    Hits operator()(const ChartImage& image) const {
         const std::int32_t value = image.raster->ValueAt(place);
-        if (value == ChartRaster::kNone) return std::nullopt;
-        return ChartHit{.kind = HIT_KIND::VALUE, .hit = {.at = place}, .value = value};
+        if (value == ChartRaster::kNone) return {};
+        return {ChartHit{.kind = HIT_KIND::VALUE, .hit = {.at = place}, .value = value}};
     }
-    std::optional<ChartHit> operator()(const ChartTexts&) const { return std::nullopt; }
+    Hits operator()(const ChartTexts&) const { return {}; }
 
 private:
+    /// Symbols that lie over one another are all of them under the place.
+    Hits LonePoints(const PathLod& path) const {
+        Hits hits;
+        const auto isNearer = [](const ChartHit& a, const ChartHit& b) { return a.hit.distance < b.hit.distance; };
+        const PathLod::Level& level = path.Full();
+        for (const PathLod::Chunk& chunk : level.Chunks()) {
+            if (!chunk.box.Grown(radius).Contains(place.x, place.y)) continue;
+            for (std::uint32_t i = chunk.first; i < chunk.first + chunk.count; ++i) {
+                const std::uint32_t index = level.PointOf(i);
+                const tagXY at = path.Points()[index];
+                const double off = std::hypot(at.x - place.x, at.y - place.y);
+                if (off > radius) continue;
+                const ChartHit hit{.kind = HIT_KIND::VERTEX, .hit = {index, true, at, off, index}};
+                if (hits.size() == kMostLonePoints && !isNearer(hit, hits.back())) continue;
+                hits.insert(std::upper_bound(hits.begin(), hits.end(), hit, isNearer), hit);
+                if (hits.size() > kMostLonePoints) hits.pop_back();
+            }
+        }
+        return hits;
+    }
     /// The ring whose line is nearest to the place.
     void EachNear(const ChartRings& rings, const ChartRings::Ring& ring, std::optional<ChartHit>& best) const {
         const double reach = ring.radius + (rings.own ? rings.own->greatest : 0.0) + radius;
@@ -147,7 +200,7 @@ private:
                 const double wanted = rings.RadiusOf(ring, index);
                 const double off = std::abs(std::hypot(place.x - centre.x, place.y - centre.y) - wanted);
                 if (!(wanted > 0) || off > radius || (best && best->hit.distance <= off)) continue;
-                best = ChartHit{.kind = HIT_KIND::RING, .hit = {index, false, place, off}};
+                best = ChartHit{.kind = HIT_KIND::RING, .hit = {index, false, place, off, index}};
             }
         }
     }
@@ -163,11 +216,11 @@ std::vector<ChartHit> HitsOf(const ChartScene& scene, const ChartView& view, Pix
     std::vector<ChartHit> hits;
     for (std::size_t layer = scene.layers.size(); layer-- > 0;) {
         for (std::size_t item = scene.layers[layer].items.size(); item-- > 0;) {
-            std::optional<ChartHit> hit = std::visit(hitOf, scene.layers[layer].items[item]);
-            if (!hit) continue;
-            hit->layer = scene.layers[layer].id;
-            hit->item = item;
-            hits.push_back(*hit);
+            for (ChartHit& hit : std::visit(hitOf, scene.layers[layer].items[item])) {
+                hit.layer = scene.layers[layer].id;
+                hit.item = item;
+                hits.push_back(hit);
+            }
         }
     }
     std::stable_sort(hits.begin(), hits.end(), [](const ChartHit& a, const ChartHit& b) {

@@ -13,13 +13,17 @@ namespace quillon {
 struct PathHit {
     std::uint32_t point = 0;  ///< the vertex, or the one that the segment leads on from
     bool isVertex = false;
-    tagXY at = {};          ///< the nearest place of the path
-    double distance = 0.0;  ///< metres
+    tagXY at = {};           ///< the nearest place of the path
+    double distance = 0.0;   ///< metres
+    std::uint32_t next = 0;  ///< the point that the segment leads to; of a vertex itself
 };
 
 /// The nearest vertex within so many metres, or, if there is none, the nearest segment. Looks only at stretches whose
 /// boxes are near enough.
 std::optional<PathHit> HitPath(const PathLod& path, tagXY place, double radius);
+
+/// The nearest place on the lines of a path, however far off; nothing for a path without lines.
+std::optional<PathHit> NearestOnLines(const PathLod& path, tagXY place);
 
 /// True if `other` is a better answer: a vertex before a segment, then the nearer.
 bool IsBetterHit(const PathHit& other, const PathHit& than);
@@ -44,7 +48,9 @@ struct ChartHit {
 std::optional<ChartHit> HitScene(const ChartScene& scene, const ChartView& view, PixelPoint at, double radius);
 
 /// All that lies under a pixel, what one would mean first: points, lines, rings, areas, values; within each the
-/// nearest, of equals the one that is drawn last. An item comes once.
+/// nearest, of equals the one that is drawn last. An item comes once, but one of lone points comes with each of its
+/// nearest points, as far as kMostLonePoints.
+inline constexpr std::size_t kMostLonePoints = 16;
 std::vector<ChartHit> HitsOf(const ChartScene& scene, const ChartView& view, PixelPoint at, double radius);
 
 }  // namespace quillon

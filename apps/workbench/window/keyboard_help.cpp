@@ -15,8 +15,12 @@ struct KeyLine {
 };
 
 constexpr KeyLine kChartKeys[] = {
-    {"Arrow keys", "Move the chart"}, {"+  -", "Zoom in, zoom out"}, {"Esc", "Take the mark off the point shown"},
-    {"Wheel", "Zoom at the pointer"}, {"Drag", "Move the chart"},    {"Click", "Choose the point in its pane"},
+    {"Arrow keys", "Move the chart"},
+    {"+  -", "Zoom in, zoom out"},
+    {"Esc", "Take the mark off the point shown"},
+    {"Wheel", "Zoom at the pointer"},
+    {"Drag", "Move the chart"},
+    {"Click", "Choose what lies there in its pane; again: the next that lies there"},
 };
 constexpr KeyLine kPropertyKeys[] = {
     {"Up  Down  Home  End", "Move from row to row"},

@@ -55,7 +55,8 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
       scenes(shownJob.Record(), &itemMaker),
       chart(new ChartWidget(this)),
       docks(*this, shownJob, factory),
-      status(*statusBar()) {
+      status(*statusBar()),
+      acts(job, scenes, *chart, docks, status) {
     setWindowTitle("Quillon");
     setWindowIcon(MakeIcon(ICON::APPLICATION));
     setCentralWidget(chart);
@@ -94,13 +95,12 @@ void MainWindow::SetNight(bool night) {
 // ---- The chart ----
 
 void MainWindow::ConnectChart() {
-    chart->onCursor = [this](const std::optional<tagXY>& position) { status.SetPosition(position); };
-    chart->onViewChanged = [this] { FollowView(); };
-    chart->onClick = [this](tagXY, const std::optional<ChartHit>& hit) {
-        if (!hit) return;
-        const JobPoint point = scenes.PointOf(*hit);
-        if (job.SelectPoint(point)) docks.Raise(point.kind);
+    chart->onCursor = [this](const std::optional<tagXY>& position) {
+        status.SetPosition(position);
+        acts.OnCursor(position);
     };
+    chart->onViewChanged = [this] { FollowView(); };
+    chart->onClick = [this](PixelPoint at) { acts.OnClick(at); };
 }
 
 void MainWindow::RebuildScene() {
@@ -109,6 +109,7 @@ void MainWindow::RebuildScene() {
     scene.shown = job.ShownPoint();
     const bool isFirst = std::exchange(sceneEmpty, scenes.IsEmpty()) && !sceneEmpty;
     chart->SetScene(std::move(scene));
+    acts.OnSceneChanged();
     if (isFirst) ZoomToAll();
 }
 
@@ -170,6 +171,7 @@ QAction* MainWindow::MakeAction(const QString& text, const QKeySequence& key, co
 void MainWindow::MakeActions() {
     MakeFileMenu();
     MakeViewMenu();
+    MakeChartMenu();
     MakeHelpMenu();
     MakeToolBar();
 }
@@ -240,6 +242,15 @@ void MainWindow::MakeViewMenu() {
         MakeAction("Next Area", QKeySequence("F6"), "Take the keyboard from the chart to the panes and on");
     connect(next, &QAction::triggered, this, [this] { NextArea(); });
     menu.addAction(next);
+}
+
+void MainWindow::MakeChartMenu() {
+    QMenu& menu = *menuBar()->addMenu("&Chart");
+    for (const ChartActs::Act& act : acts.Acts()) {
+        QAction* const action = MakeAction(act.text, act.key, act.tip);
+        acts.Connect(*action, act);
+        menu.addAction(action);
+    }
 }
 
 void MainWindow::MakePaneActions(QMenu& menu) {
@@ -360,6 +371,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && acts.Escape()) return;
     if (event->key() == Qt::Key_Escape && job.ShownPoint()) return job.ClearShownPoint();
     QMainWindow::keyPressEvent(event);
 }

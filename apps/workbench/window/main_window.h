@@ -9,6 +9,7 @@
 #include "host/scene_builder.h"
 #include "toolkit/qt_platform.h"
 #include "toolkit/theme.h"
+#include "window/chart_acts.h"
 #include "window/pane_docks.h"
 #include "window/status_line.h"
 #include "window/view_binding.h"
@@ -33,6 +34,7 @@ public:
 
     ChartWidget& Chart() { return *chart; }
     PaneDocks& Docks() { return docks; }
+    ChartActs& Acts() { return acts; }
 
     /// What is to be done before a picture of the window is taken: everything posted is delivered, the chart is drawn
     /// from the job as it stands.
@@ -54,6 +56,7 @@ private:
     void MakeActions();
     void MakeFileMenu();
     void MakeViewMenu();
+    void MakeChartMenu();
     void MakeHelpMenu();
     void MakeToolBar();
     void MakePaneActions(QMenu& menu);
@@ -79,6 +82,7 @@ private:
     ChartWidget* chart;  // the central widget
     PaneDocks docks;
     StatusLine status;
+    ChartActs acts;
     QAction* exportAction = nullptr;
     QAction* addFirstAction = nullptr;
     QAction* nightAction = nullptr;

@@ -110,7 +110,9 @@ void PaneDocks::BringToFront(QDockWidget& dock) {
 
 void PaneDocks::Raise(KIND kind) {
     QDockWidget* const dock = DockOf(kind);
-    if (dock && IsShown(*dock)) dock->raise();
+    if (!dock) return;
+    dock->show();
+    dock->raise();
 }
 
 }  // namespace quillon

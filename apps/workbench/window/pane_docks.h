@@ -29,7 +29,7 @@ public:
     QDockWidget* DockOf(KIND kind) const;
     /// Shown, in front of its neighbours, with the keyboard in it.
     void BringToFront(QDockWidget& dock);
-    /// In front of its neighbours, if it is shown at all.
+    /// Shown, in front of its neighbours; the keyboard stays where it is.
     void Raise(KIND kind);
 
     /// Whether the dock wasn't put away; one behind another counts as shown.

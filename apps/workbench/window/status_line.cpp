@@ -37,6 +37,12 @@ QString ScaleText(double denominator) {
 }
 
 StatusLine::StatusLine(QStatusBar& statusBar) : bar(statusBar) {
+    under = new QLabel;
+    under->setTextFormat(Qt::PlainText);
+    under->setContentsMargins(8, 0, 8, 0);
+    // As wide as there is room: a long name doesn't push the numbers about.
+    under->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    bar.addWidget(under, 1);
     note = new QLabel;
     note->setContentsMargins(8, 0, 8, 0);
     note->hide();

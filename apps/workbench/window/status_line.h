@@ -17,6 +17,8 @@ public:
     void ShowMessage(const QString& text) { bar.showMessage(text, kMessageMs); }
     /// Stands until the program ends.
     void SetNote(const QString& text);
+    /// What lies under the cursor, at the left where passing messages go, which hide it for as long as they stand.
+    void SetUnderCursor(const QString& text) { under->setText(text); }
     /// Without a position under the cursor the field is empty.
     void SetPosition(const std::optional<tagXY>& position);
     /// The scale is 1 : `denominator`; 0 is none.
@@ -28,6 +30,7 @@ private:
     QLabel* AddField(const QString& widest, const QString& tip);
 
     QStatusBar& bar;
+    QLabel* under;
     QLabel* note;
     QLabel* position;
     QLabel* scale;
