@@ -41,18 +41,25 @@ protected:
     double FromDegrees(double degrees) const override;
 };
 
-/// Of an angle row in degrees: the decimals of the settings, or two at most.
-enum AS_MODE : std::int32_t { AS_FULL = 0, AS_SHORT = 1 };
+/// Of an angle row in degrees: a bearing with the decimals of the settings, or with two at most; a convergence, which
+/// has a sign.
+enum AS_MODE : std::int32_t { AS_FULL = 0, AS_SHORT = 1, AS_CONVERGENCE = 5 };
 
-/// A heading or bearing in degrees, 0 to 360.
+/// A heading or bearing in degrees, 0 to 360, or a convergence.
 class CMFCPropertyGridAngleDouble : public CAngleRow {
 public:
     CMFCPropertyGridAngleDouble(std::string_view name, double degrees, int mode, std::string_view description, UINT id)
-        : CAngleRow(name, degrees, mode == AS_SHORT ? ANGLE_BEARING_SHORT : ANGLE_BEARING, description, id) {}
+        : CAngleRow(name, degrees, TypeOf(mode), description, id) {}
 
 protected:
     double Radians() const override;
     double FromDegrees(double degrees) const override { return degrees; }
+
+private:
+    static int TypeOf(int mode) {
+        if (mode == AS_CONVERGENCE) return ANGLE_SIGNED_180_SHORT;
+        return mode == AS_SHORT ? ANGLE_BEARING_SHORT : ANGLE_BEARING;
+    }
 };
 
 }  // namespace quillon

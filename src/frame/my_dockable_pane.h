@@ -43,6 +43,8 @@ protected:
     /// Creates the pane, hidden if the host has never said otherwise in the profile.
     bool CreatePane(CWnd* parentWindow, UINT paneId, std::string_view paneTitle);
     void OnSize(tagSIZE) override { AdjustLayout(); }
+    /// Notes day or night and colours nothing.
+    void NoteNightMode(bool on) { night = on; }
 
     /// Posts to the receiver, in this order.
     void BroadcastAll(const Posts& posts);

@@ -26,6 +26,13 @@ std::string SettingsName(std::string_view name) {
     return settingsName;
 }
 
+/// Of a plot's centre, as receivers give it.
+CEllipsoid WorldEllipsoid() {
+    CEllipsoid ellipsoid;
+    ellipsoid.SetEllipsoid(CEllipsoid::kWgs84);
+    return ellipsoid;
+}
+
 /// The name of the data files whose settings a file may hold; empty if it is no settings file.
 std::string SettingsOwner(const std::string& path) {
     const tagPathParts parts = SplitPath(path);
@@ -48,7 +55,11 @@ JobRecord::JobRecord(FileSystem& files)
       pipeRoute(files),
       routes(files),
       sailLines(files),
-      structures(files) {
+      structures(files),
+      geodesy(files),
+      vessels(files, "Vessel List", {waypoints, sailLines, geodesy}),
+      templates(files, "Template List", {waypoints, sailLines, geodesy}),
+      targetPlot(WorldEllipsoid()) {
     boundaries.SetSettingsName("Boundary List");
     routes.SetSettingsName("Route List");
     sailLines.SetSettingsName("Sail Line List");
@@ -61,7 +72,11 @@ JobRecord::~JobRecord() {
 }
 
 void JobRecord::Load() {
+    geodesy.Load();
     for (const JobKind& kind : JobKinds()) kind.load(*this);
+    vessels.Load();
+    templates.Load();
+    targetPlot.Load(routes.GetFiles());
 }
 
 void JobRecord::OnFileWritten(const std::string& path) {
@@ -77,7 +92,7 @@ void JobRecord::OnFileWritten(const std::string& path) {
 std::size_t JobRecord::ClearLeftovers() {
     FileSystem& files = routes.GetFiles();
     std::set<std::string> folders = {FolderOfPath(GetSettingsPath(files, ""))};
-    for (const char* const data : {"Boundaries", "Routes"}) folders.insert(GetDataFolder(files, data));
+    for (const char* const data : {"Boundaries", "Routes", "Vessel"}) folders.insert(GetDataFolder(files, data));
     for (const JobKind& kind : JobKinds()) {
         for (int i = 0; i < kind.fileCount(*this); ++i) folders.insert(FolderOfPath(kind.path(*this, i)));
     }

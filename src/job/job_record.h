@@ -9,6 +9,9 @@
 #include "features/route.h"
 #include "features/sail_line.h"
 #include "features/structure.h"
+#include "geodesy/job_geodesy.h"
+#include "job/outline_list.h"
+#include "target/target_plot.h"
 
 namespace quillon {
 
@@ -37,6 +40,12 @@ struct JobRecord : private FileWatcher {
     CRouteList routes;
     CSailLineList sailLines;
     CStructureList structures;  ///< with the drawings that serve as shapes
+
+    CJobGeodesy geodesy;  ///< which grid the job is on
+    CVesselList vessels;
+    CTemplateList templates;
+    CTargetPlot targetPlot;
+    bool plotFollowsVessel = false;  ///< the target plot's centre is where the current vessel stands
 
 private:
     void OnFileWritten(const std::string& path) override;

@@ -10,6 +10,9 @@
 #include "panes/route_pane.h"
 #include "panes/sail_line_pane.h"
 #include "panes/structure_pane.h"
+#include "panes/target_pane.h"
+#include "panes/target_plot_pane.h"
+#include "panes/target_plot_window.h"
 #include "panes/waypoint_pane.h"
 
 namespace quillon {
@@ -43,8 +46,27 @@ std::unique_ptr<CMyDockablePane> CreateListingPane(Platform& platform, CWnd* par
     return pane;
 }
 
+template <UINT Id, auto List>
+std::unique_ptr<CMyDockablePane> CreateTargetPane(Platform& platform, CWnd* parent, JobRecord& job) {
+    auto pane = std::make_unique<CTargetPane>(platform);
+    if (!pane->Create(parent, Id, (job.*List).GetCurrent())) return nullptr;
+    return pane;
+}
+
+std::unique_ptr<CMyDockablePane> CreateTargetPlotPane(Platform& platform, CWnd* parent, JobRecord& job) {
+    auto pane = std::make_unique<CTargetPlotPane>(platform);
+    if (!pane->Create(parent, CTargetPlotPane::kTitleId, &job.targetPlot, &job.plotFollowsVessel)) return nullptr;
+    return pane;
+}
+
+std::unique_ptr<CMyDockablePane> CreateTargetPlotWindow(Platform& platform, CWnd* parent, JobRecord& job) {
+    auto window = std::make_unique<CTargetPlotWindow>(platform);
+    if (!window->Create(parent, CTargetPlotWindow::kTitleId, job.targetPlot)) return nullptr;
+    return window;
+}
+
 // clang-format off
-constexpr std::array<PaneEntry, 9> kPanes = {{
+constexpr std::array<PaneEntry, 13> kPanes = {{
     {KIND::BOUNDARY,   CBoundaryPane::kTitleId,        CBoundaryPane::kTitle,             CreateOver<CBoundaryPane, &JobRecord::boundaries>},
     {KIND::WAYPOINT,   CGridWaypointPane::kPlainId,    CGridWaypointPane::kPlainTitle,    CreateWaypointPane<false>},
     {KIND::WAYPOINT,   CGridWaypointPane::kCatenaryId, CGridWaypointPane::kCatenaryTitle, CreateWaypointPane<true>},
@@ -54,6 +76,10 @@ constexpr std::array<PaneEntry, 9> kPanes = {{
     {KIND::PIPE_ROUTE, CPipeRoutePane::kTitleId,       CPipeRoutePane::kTitle,            CreateOver<CPipeRoutePane, &JobRecord::pipeRoute>},
     {KIND::STRUCTURE,  CStructurePane::kTitleId,       CStructurePane::kTitle,            CreateOver<CStructurePane, &JobRecord::structures>},
     {KIND::NONE,       CListingPane::kTitleId,         CListingPane::kTitle,              CreateListingPane},
+    {KIND::NONE,       CTargetPane::kVesselId,         CTargetPane::kVesselTitle,         CreateTargetPane<CTargetPane::kVesselId, &JobRecord::vessels>},
+    {KIND::NONE,       CTargetPane::kTemplateId,       CTargetPane::kTemplateTitle,       CreateTargetPane<CTargetPane::kTemplateId, &JobRecord::templates>},
+    {KIND::NONE,       CTargetPlotPane::kTitleId,      CTargetPlotPane::kTitle,           CreateTargetPlotPane},
+    {KIND::NONE,       CTargetPlotWindow::kTitleId,    CTargetPlotWindow::kTitle,         CreateTargetPlotWindow},
 }};
 // clang-format on
 static_assert(HasEveryKind(kPanes), "every kind has a pane");

@@ -2,9 +2,12 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <vector>
 
 #include "platform/property_grid.h"
 #include "platform/property_rows.h"
@@ -47,6 +50,25 @@ void AddOrderRow(CMFCPropertyGridProperty& group, const std::array<std::string_v
     for (const std::string_view text : texts) row.AddOption(text);
     row.AllowEdit(false);
 }
+
+/// A row of fixed choices, chosen and not typed.
+CMFCPropertyGridProperty& AddChoice(CMFCPropertyGridProperty& group, std::string_view name,
+                                    std::span<const std::string_view> texts, std::string_view chosen,
+                                    std::string_view description, UINT id);
+void AddColour(CMFCPropertyGridProperty& group, std::string_view name, COLORREF colour, std::string_view description,
+               UINT id);
+
+/// What a row of choices offers and which of it holds. A choice that isn't there, -1 say, shows "n/a".
+struct Choices {
+    std::vector<std::string> texts;
+    int chosen = -1;
+    std::optional<std::string> shown = {};  ///< in place of the text chosen
+};
+/// An empty text is offered as "n/a", and each that an earlier one has with its number behind it, so that a text names
+/// one choice.
+Choices DistinctChoices(std::vector<std::string> texts, int chosen);
+std::string ChosenText(const Choices& choices);
+void SetChoices(CMFCPropertyGridProperty& row, const Choices& choices);
 
 /// The place of the row's text among its options; -1 if it is none of them.
 int ChosenOption(const CMFCPropertyGridProperty& row);

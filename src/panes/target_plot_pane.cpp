@@ -1,7 +1,7 @@
 #include "panes/target_plot_pane.h"
 
 #include "foundation/angle_rows.h"
-#include "panes/row_values.h"
+#include "panes/target_display_rows.h"
 #include "platform/platform.h"
 
 namespace quillon {
@@ -11,7 +11,6 @@ using enum EQUAL_VALUE;
 using enum POST;
 
 constexpr std::uint8_t kSaveSettings = 1;
-constexpr int kMostRingsOffered = 25;
 constexpr double kFullTurn = 360.0;
 
 // clang-format off
@@ -31,18 +30,6 @@ constexpr std::array<RowEffect, 19> kEffects = {{
 /// A notification of any other row saves and redraws all the same.
 constexpr RowEffect kAnyRow = Plain(0);
 // clang-format on
-
-void AddChoice(CMFCPropertyGridProperty& group, std::string_view name, const std::array<std::string_view, 2>& texts,
-               bool second, std::string_view description, UINT id) {
-    auto& row = group.Add<CMFCPropertyGridProperty>(name, std::string(texts[second ? 1 : 0]), description, id);
-    for (const std::string_view text : texts) row.AddOption(text);
-    row.AllowEdit(false);
-}
-
-void AddColour(CMFCPropertyGridProperty& group, std::string_view name, COLORREF colour, std::string_view description,
-               UINT id) {
-    group.Add<CMFCPropertyGridPrimaryColourProperty>(name, colour, kPaletteCount, description, id);
-}
 
 /// A bearing from 0 up to but not with a full turn; others are left alone.
 bool TakeZone(double& zone, const CMFCPropertyGridProperty& row) {
@@ -71,7 +58,7 @@ bool CTargetPlotPane::Create(CWnd* parent, UINT id, CTargetPlot* targetPlot, boo
 void CTargetPlotPane::BuildPropertyRows() {
     auto& location = GetPropertyList().AddGroup("Location");
     if (followsVessel) {
-        AddChoice(location, "Mode", m_ModeTxt, *followsVessel,
+        AddChoice(location, "Mode", m_ModeTxt, m_ModeTxt[*followsVessel ? 1 : 0],
                   "Position of target based on a fixed position or the vessel position", PLOT_MODE);
     }
     location.Add<CMFCPropertyGridAngleProperty>("Latitude", plot->centre.y, ANGLE_LATITUDE,
@@ -81,7 +68,8 @@ void CTargetPlotPane::BuildPropertyRows() {
     BuildDrawingRows();
     BuildRingRows();
     BuildZoneRows();
-    BuildLabelRows();
+    BuildLabelRows(GetPropertyList().AddGroup("Labels"), "Cardinal Points", "Range Rings", plot->display,
+                   {PLOT_CARDINALS, PLOT_CARDINAL_COLOUR, PLOT_RING_LABELS, PLOT_TEXT_COLOUR});
 }
 
 void CTargetPlotPane::BuildDrawingRows() {
@@ -89,8 +77,8 @@ void CTargetPlotPane::BuildDrawingRows() {
     drawing.Add<CMFCPropertyGridBool>("Display", plot->display.drawRings, "Determine whether to display Range Rings",
                                       PLOT_DISPLAY);
     if (!followsVessel) return;
-    AddChoice(drawing, "Heading Mode", m_OrientationTxt, !plot->display.northUp, "Orientation of the Target Plot",
-              PLOT_HEADING_MODE);
+    AddChoice(drawing, "Heading Mode", m_OrientationTxt, m_OrientationTxt[plot->display.northUp ? 0 : 1],
+              "Orientation of the Target Plot", PLOT_HEADING_MODE);
     drawing.Add<CMFCPropertyGridAngleInteger>("Orientation", plot->orientation, "Orientation of the Target Plot",
                                               PLOT_ORIENTATION);
 }
@@ -98,19 +86,20 @@ void CTargetPlotPane::BuildDrawingRows() {
 void CTargetPlotPane::BuildRingRows() {
     const TargetDisplay& display = plot->display;
     auto& rings = GetPropertyList().AddGroup("Rings");
-    AddChoice(rings, "Units", m_UnitsTxt, display.nauticalMiles, "Units for the range rings", PLOT_UNITS);
+    AddChoice(rings, "Units", m_UnitsTxt, m_UnitsTxt[display.nauticalMiles ? 1 : 0], "Units for the range rings",
+              PLOT_UNITS);
     rings
         .Add<CMFCPropertyGridInteger>("Number of Rings", display.ringCount, "", "Number of Range rings to display",
                                       PLOT_RING_COUNT)
         .EnableSpinControl(true, 0, kMostRingsOffered);
-    rings
-        .Add<CMFCPropertyGridDouble>("Ring Size", display.ringRadiusMetres, "%4.0lfm", "Ring size in metres",
-                                     PLOT_RING_METRES)
-        .Show(!display.nauticalMiles);
-    rings
-        .Add<CMFCPropertyGridDouble>("Ring Size", display.ringRadiusNauticalMiles, "%7.3lfNm",
-                                     "Ring size in nautical miles", PLOT_RING_NAUTICAL_MILES)
-        .Show(display.nauticalMiles);
+    auto& metres = rings.Add<CMFCPropertyGridDouble>("Ring Size", display.ringRadiusMetres, "%4.0lfm",
+                                                     "Ring size in metres", PLOT_RING_METRES);
+    metres.SetRange(kMetresRange);
+    metres.Show(!display.nauticalMiles);
+    auto& miles = rings.Add<CMFCPropertyGridDouble>("Ring Size", display.ringRadiusNauticalMiles, "%7.3lfNm",
+                                                    "Ring size in nautical miles", PLOT_RING_NAUTICAL_MILES);
+    miles.SetRange(kNauticalMilesRange);
+    miles.Show(display.nauticalMiles);
     AddColour(rings, "Ring Colour", display.ringColour, "Specifies the pen color of the range rings", PLOT_RING_COLOUR);
 }
 
@@ -124,20 +113,6 @@ void CTargetPlotPane::BuildZoneRows() {
     zones.Add<CMFCPropertyGridAngleDouble>("Stop Bearing", display.stopZone, AS_FULL, "Stop bearing of zone",
                                            PLOT_STOP_ZONE);
     AddColour(zones, "Zone Colour", display.zoneColour, "Specifies the pen color of the range rings", PLOT_ZONE_COLOUR);
-}
-
-void CTargetPlotPane::BuildLabelRows() {
-    const TargetDisplay& display = plot->display;
-    auto& labels = GetPropertyList().AddGroup("Labels");
-    auto& cardinals = labels.Add<CMFCPropertyGridProperty>("Cardinal Points");
-    cardinals.Add<CMFCPropertyGridBool>("Show", display.displayLabels, "Label Cardinal points around the range rings",
-                                        PLOT_CARDINALS);
-    AddColour(cardinals, "Colour", display.cardinalColour, "Specifies the pen color of the range rings",
-              PLOT_CARDINAL_COLOUR);
-    auto& rings = labels.Add<CMFCPropertyGridProperty>("Range Rings");
-    rings.Add<CMFCPropertyGridBool>("Show", display.labelRings, "Label the range rings", PLOT_RING_LABELS);
-    AddColour(rings, "Colour", display.textColour, "Specifies the pen color of the range rings Label",
-              PLOT_TEXT_COLOUR);
 }
 
 // ---- Changes ----

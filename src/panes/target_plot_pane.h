@@ -56,7 +56,6 @@ private:
     void BuildDrawingRows();
     void BuildRingRows();
     void BuildZoneRows();
-    void BuildLabelRows();
     bool StoreRow(CMFCPropertyGridProperty& row) override;
     void StoreHeadingMode(const CMFCPropertyGridProperty& row);
     void StoreOrientation(const CMFCPropertyGridProperty& row);

@@ -118,26 +118,52 @@ bool COutline::Load(std::string_view settingsName) {
     name = settingsName;
     if (!ReadSettings(SettingsPath())) return false;
     LoadOutline();
-    SetWaypoint(-1, -1);
-    SetSailLine(-1, -1);
+    waypointFileIndex < 0 ? ClearWaypoint() : SetWaypoint(-1, -1);
+    sailLineFileIndex < 0 ? ClearSailLine() : SetSailLine(-1, -1);
     UpdateAlignment();
     UpdateBox();
     TrackedPosition();
     return true;
 }
 
+/// The drawing's settings are the object's, and not those of a file beside the drawing.
+bool COutline::LoadDrawing() {
+    if (!dxf.Open(outlineFile)) return false;
+    while (dxf.ReadSection()) {
+    }
+    dxf.Close();
+    points = OutlineOfDrawing(dxf);
+    const double scale = DrawingScale();
+    for (OutlinePoint& point : points) point.position = {point.position.x * scale, point.position.y * scale};
+    return true;
+}
+
+double COutline::DrawingScale() const {
+    return dxf.scale > 0.0 && !IsMissing(dxf.scale) ? dxf.scale : 1.0;
+}
+
 bool COutline::LoadOutline(ReadReport* report) {
     points.clear();
+    outlineStamp.Renew();
+    dxf.OpenBytes({});
+    dxf.Close();
     if (outlineFile.empty()) return true;
-    if (IsDrawingPath(outlineFile)) {
-        if (!dxf.Read(outlineFile)) return false;
-        points = OutlineOfDrawing(dxf);
-        return true;
-    }
+    if (IsDrawingPath(outlineFile)) return LoadDrawing();
     CStdioFile file(files);
     if (!file.OpenForReading(outlineFile)) return false;
     points = ReadOutlineText(file, report);
     return true;
+}
+
+void COutline::TakeExtent() {
+    if (points.empty()) return;
+    lengthA = lengthB = widthA = widthB = 0.0;
+    for (const OutlinePoint& point : points) {
+        lengthA = std::max(lengthA, point.position.y);
+        lengthB = std::max(lengthB, -point.position.y);
+        widthA = std::max(widthA, -point.position.x);
+        widthB = std::max(widthB, point.position.x);
+    }
 }
 
 // ---- The tracked point ----
@@ -178,6 +204,15 @@ std::string COutline::TrackedName() const {
 // ---- The target ----
 
 void COutline::SetWaypoint(int fileIndex, int index) {
+    TakeWaypoint(fileIndex, index);
+    if (geodesy) {
+        UpdateConvergence();
+        UpdateAlignment();
+    }
+    if (waypointValid) UpdateBox();
+}
+
+void COutline::TakeWaypoint(int fileIndex, int index) {
     const int wantedFile = fileIndex < 0 ? waypointFileIndex : fileIndex;
     const int wanted = index < 0 ? waypointIndex : index;
     waypoint = {};
@@ -191,9 +226,7 @@ void COutline::SetWaypoint(int fileIndex, int index) {
     if (place < 0) return;
     waypointIndex = place;
     waypoint = (*waypointFiles)[file][place];
-    if (waypoint.easting == 0.0 && waypoint.northing == 0.0) return;
-    waypointValid = true;
-    UpdateBox();
+    waypointValid = waypoint.easting != 0.0 || waypoint.northing != 0.0;
 }
 
 void COutline::SetSailLine(int fileIndex, int lineIndex) {
@@ -213,6 +246,22 @@ void COutline::SetSailLine(int fileIndex, int lineIndex) {
     sailLineValid = sailLine.sol != sailLine.eol;
 }
 
+void COutline::ClearWaypoint() {
+    waypoint = {};
+    waypointValid = false;
+    waypointFileIndex = waypointIndex = -1;
+    if (geodesy) {
+        UpdateConvergence();
+        UpdateAlignment();
+    }
+}
+
+void COutline::ClearSailLine() {
+    sailLine = {};
+    sailLineValid = false;
+    sailLineFileIndex = sailLineIndex = -1;
+}
+
 std::string COutline::WaypointFileName() const {
     const bool there = waypointFiles && waypointFiles->IsValidIndex(waypointFileIndex);
     return there ? NameOfPath(waypointFiles->GetPath(waypointFileIndex)) : std::string();
@@ -224,6 +273,23 @@ std::string COutline::SailLineFileName() const {
 }
 
 // ---- What hangs on the alignment ----
+
+std::optional<double> COutline::GridConvergence() const {
+    if (!geodesy || !waypointValid) return std::nullopt;
+    const auto there = geodesy->ScaleAt({waypoint.easting, waypoint.northing});
+    if (!there) return std::nullopt;
+    return there->convergence / kRadiansPerDegree;
+}
+
+void COutline::UpdateConvergence() {
+    if (geodesy) convergence = GridConvergence().value_or(0.0);
+}
+
+std::string_view COutline::ConvergenceNote() const {
+    if (!geodesy || GridConvergence()) return {};
+    if (!geodesy->IsChosen()) return "no grid";
+    return waypointValid ? "outside the grid" : "no target";
+}
 
 void COutline::UpdateAlignment() {
     if (trueAlignment < 0.0 || trueAlignment > kFullTurn) {

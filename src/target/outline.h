@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,8 @@
 #include "features/grid_waypoint.h"
 #include "features/sail_line.h"
 #include "foundation/config_file.h"
+#include "geodesy/job_geodesy.h"
+#include "platform/array_stamp.h"
 #include "target/offset_point.h"
 #include "target/outline_file.h"
 #include "target/section_file.h"
@@ -98,17 +101,26 @@ public:
     /// The name of the tracked point, "n/a" if there is none.
     std::string TrackedName() const;
 
-    /// Takes a copy of a waypoint. A negative index keeps the one held; one past the end takes the last.
+    /// Takes a copy of a waypoint, with the convergence there. A negative index keeps the one held; one past the end
+    /// takes the last.
     void SetWaypoint(int fileIndex, int index);
     /// The same of a sail line.
     void SetSailLine(int fileIndex, int lineIndex);
-    /// The path of the list's file; empty if there is none.
+    /// No target, also not at the next start: the index of the file becomes -1.
+    void ClearWaypoint();
+    void ClearSailLine();
+    /// The name of the list's file; empty if there is none.
     std::string WaypointFileName() const;
     std::string SailLineFileName() const;
 
     /// From the true alignment and the convergence. A true alignment outside 0 to 360 leaves the object without one:
     /// sine and cosine become 0.
     void UpdateAlignment();
+    /// The convergence of the job's grid at the waypoint; 0 where there is none. Nothing without a geodesy. Call
+    /// UpdateAlignment after it.
+    void UpdateConvergence();
+    /// Why the convergence is none; empty where it is the grid's, or its owner's.
+    std::string_view ConvergenceNote() const;
     /// The corners of the tolerance box, in whole metres from the waypoint.
     void UpdateBox();
     /// The zone lines: the grid alignment less and plus the heading tolerance.
@@ -121,6 +133,10 @@ public:
     bool ReadSettings(std::string_view path);
     /// Reads the outline file anew, a text or a drawing. False if it can't be read; nothing to read is no fault.
     bool LoadOutline(ReadReport* report = nullptr);
+    /// Metres to a unit of the drawing.
+    double DrawingScale() const;
+    /// Takes the lengths and widths from the outline; they stay where it has no points.
+    void TakeExtent();
     /// The settings alone, from an opened file, without outline and drawing.
     void ReadFrom(SectionFile& file);
     /// Skipped if the file can't be written; false then.
@@ -133,6 +149,7 @@ public:
 
     std::string name;  ///< of the settings file, without folder and extension
     std::vector<OutlinePoint> points;
+    ArrayStamp outlineStamp;  ///< of the points and the drawing
     tagXY trackedPosition;
     double gridAlignment = 0.0;  ///< true alignment less convergence, 0 to 360
     double convergence = 0.0;    ///< of the grid at the target; degrees
@@ -143,6 +160,7 @@ public:
     OffsetPoints antennas;
     OffsetPoints offsets;
 
+    const CJobGeodesy* geodesy = nullptr;  ///< of the job; null where the owner sets the convergence by itself
     CGridWaypointList* waypointFiles = nullptr;
     bool waypointValid = false;  ///< the target has a position
     GridWaypointDef waypoint;
@@ -158,6 +176,10 @@ protected:
     virtual void WriteSections(CConfigFile& file) const = 0;
 
 private:
+    bool LoadDrawing();
+    void TakeWaypoint(int fileIndex, int index);
+    std::optional<double> GridConvergence() const;
+
     FileSystem& files;
 };
 

@@ -7,11 +7,14 @@ namespace quillon {
 /// A template that is set down on the sea bed.
 class CTemplate : public COutline {
 public:
+    static constexpr std::string_view kExtension = "TPL";
+    static constexpr std::string_view kLabel = "Template";
+
     using COutline::COutline;
 
     const OffsetPoints* OffsetsOf(std::int32_t type) const override;
     std::vector<std::int32_t> OfferedTrackTypes() const override;
-    std::string_view Extension() const override { return "TPL"; }
+    std::string_view Extension() const override { return kExtension; }
 
     OffsetPoints reflectors;
     OffsetPoints beacons;

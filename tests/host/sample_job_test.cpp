@@ -53,6 +53,13 @@ TEST_F(SampleFilesTest, SettingsAreAsTheProgramWritesThem) {
     }
     for (int i = 0; i < features.waypoints.GetCount(); ++i) features.waypoints[i].SaveSettings();
     for (int i = 0; i < features.pipelines.GetCount(); ++i) features.pipelines[i].WriteSettings();
+    for (const COutlineList* const list :
+         std::initializer_list<const COutlineList*>{&features.vessels, &features.templates}) {
+        ASSERT_NE(list->GetCurrent(), nullptr);
+        EXPECT_TRUE(list->GetCurrent()->waypointValid && list->Save() && list->GetCurrent()->Save());
+        EXPECT_FALSE(list->GetCurrent()->points.empty());
+    }
+    EXPECT_TRUE(features.targetPlot.Save(platform.Files()));
     features.pipeRoute.WriteSettings();
     features.pipeRoute.WriteActive();
     for (int i = 0; i < features.routes.GetCount(); ++i) {

@@ -9,6 +9,8 @@
 #include "panes/boundary_pane.h"
 #include "panes/route_pane.h"
 #include "panes/sail_line_pane.h"
+#include "panes/target_pane.h"
+#include "panes/target_plot_pane.h"
 #include "platform/tab_ctrl.h"
 #include "support/job_fixture.h"
 
@@ -78,7 +80,17 @@ std::string AnotherText(const CMFCPropertyGridProperty& row) {
 bool HoldsForTheRun(const PaneEntry& entry, UINT id) {
     return (entry.id == CBoundaryPane::kTitleId && (id == BOUNDARY_DISPLAY || id == BOUNDARY_HIGHLIGHT)) ||
            (entry.id == CRoutePane::kTitleId && id == ROUTE_DISPLAY) ||
-           (entry.id == CSailLinePane::kTitleId && id == SAIL_LINE_DISPLAY);
+           (entry.id == CSailLinePane::kTitleId && id == SAIL_LINE_DISPLAY) ||
+           (entry.id == CTargetPlotPane::kTitleId && id == PLOT_MODE);  // the host's
+}
+
+bool IsOfTarget(const PaneEntry& entry) {
+    return entry.id == CTargetPane::kVesselId || entry.id == CTargetPane::kTemplateId;
+}
+
+/// Rows with an id that are worked out and can't be typed.
+bool ShowsOnly(const PaneEntry& entry, UINT id) {
+    return IsOfTarget(entry) && (id == SHADOW_X || id == SHADOW_Y);
 }
 
 class PaneRegistryTest : public JobFixture {
@@ -109,8 +121,24 @@ protected:
         EXPECT_TRUE(job->structures.Add("C:\\Jobs\\Field.dat"));
         job->structures.SetEditCursor(0, 0);
         job->waypoints.SetEditCursor(0, 0);
+        LoadTargets();
         job->pipeRoute.Load("C:\\Jobs\\Pipe.csv");
         job->pipeRoute.WriteActive();
+    }
+    /// A vessel and a template with a target, and two of all that can be chosen.
+    void LoadTargets() {
+        drives.MakeFolder("C:\\MyData\\Vessel");
+        drives.Write("C:\\Jobs\\B.csv", "500000,6000000,500100,6000100\r\n500300,6000400,500500,6000800\r\n");
+        EXPECT_TRUE(job->waypoints.Add("C:\\Jobs\\B.csv") && job->sailLines.Add("C:\\Jobs\\B.csv"));
+        std::string fault;
+        for (COutlineList* const list : std::initializer_list<COutlineList*>{&job->vessels, &job->templates}) {
+            if (list->Find("Own") < 0) list->AddNew("Own", "", fault);
+            COutline& object = (*list)[list->Find("Own")];
+            object.antennas = {{.name = "Bow"}, {.name = "Stern"}};
+            object.SetWaypoint(0, 0);
+            object.SetSailLine(0, 0);
+            EXPECT_TRUE(object.Save());
+        }
     }
     void Open(const PaneEntry& entry) {
         pane = entry.create(*platform, log.get(), *job);
@@ -129,10 +157,23 @@ protected:
     }
     ListRow Row(UINT id) {
         for (const ListRow& r : AllRows(*pane)) {
-            if (r.row->GetData() == id) return r;
+            if (r.row->GetData() != id) continue;
+            BringToFront(*r.list);
+            r.row->Show();
+            return r;
         }
         ADD_FAILURE() << "no row " << id;
         return {};
+    }
+
+    /// The tab that a list stands on.
+    void BringToFront(const CControl& list) {
+        for (CControl* const control : pane->GetControls()) {
+            auto* const tabs = dynamic_cast<CMFCTabCtrl*>(control);
+            for (int i = 0; tabs && i < tabs->GetTabsNum(); ++i) {
+                if (&tabs->GetTabWnd(i) == &list) user::Select(*tabs, i);
+            }
+        }
     }
 
     std::unique_ptr<CMyDockablePane> pane;
@@ -160,6 +201,7 @@ TEST_F(PaneRegistryTest, EveryRowTakesAnotherValueAndKeepsIt) {
             const auto [list, row] = Row(id);
             ASSERT_NE(row, nullptr);
             if (row->GetKind() == ROW_KIND::DUAL_BUTTON) continue;  // acts, and holds nothing
+            if (ShowsOnly(entry, id)) continue;
             const std::string before = row->FormatProperty();
             const std::string chosen = AnotherText(*row);
             EXPECT_TRUE(user::Type(*list, *row, chosen)) << chosen;
@@ -183,6 +225,7 @@ TEST_F(PaneRegistryTest, RowsWithoutAnIdOnlyShow) {
     int count = 0;
     for (const PaneEntry& entry : PaneRegistry()) {
         Open(entry);
+        if (IsOfTarget(entry)) continue;  // their rows without an id redraw, see target_pane_test.cpp
         for (const auto& [list, row] : AllRows(*pane)) {
             if (row->GetData() != 0) continue;
             ++count;
@@ -230,6 +273,7 @@ TEST_F(PaneRegistryTest, EveryListAndTableTurnsWithTheNight) {
             pane->Refresh();
             EXPECT_EQ(pane->GetNightMode(), night);
             for (const CMyMFCPropertyGridCtrl* const list : ListsOf(*pane)) {
+                if (IsOfTarget(entry)) continue;  // theirs are those of the frame of the tabs
                 EXPECT_EQ(list->GetCustomColors(), SchemeColours(list->colourScheme, night));
             }
             if (const CListCtrl* const table = TableOf(*pane)) {
@@ -256,7 +300,7 @@ TEST_F(PaneRegistryTest, AFileThatTheHostRemovedLeavesEmptyCells) {
         ASSERT_GT(table.GetItemCount(), 0);
         for (CFileListBase* list : std::initializer_list<CFileListBase*>{
                  &job->boundaries, &job->waypoints, &job->routes, &job->pipelines, &job->sailLines}) {
-            list->RemoveAt(0);
+            while (!list->IsEmpty()) list->RemoveAt(0);
         }
         job->pipeRoute.Clear();
         pane->Resize({400, 900});

@@ -117,6 +117,12 @@ TEST_F(OutlineTest, TrackedPointAndBoxOverTheWholeCircle) {
         barge.trueAlignment = degrees;
         barge.UpdateAlignment();
         barge.UpdateBox();
+        barge.headingTolerance = degrees / 2.0;
+        barge.UpdateZones();
+        for (const auto& [zone, side] : {std::pair(barge.target.startZone, -1), {barge.target.stopZone, 1}}) {
+            EXPECT_TRUE(zone >= 0 && zone <= 360) << degrees;
+            EXPECT_NEAR(std::remainder(zone - (degrees - 2 + side * degrees / 2.0), 360), 0, 1e-9) << degrees;
+        }
         const double turn = -(degrees - 2) * std::numbers::pi / 180;
         const auto turned = [&](double x, double y) { return std::complex(x, y) * std::polar(1.0, turn); };
         const tagXY tracked = barge.TrackedPosition();

@@ -18,9 +18,13 @@ KIND KindOfMessage(const MSG& message) {
 
 }  // namespace
 
-Job::Job(Platform& owner) : CWnd(owner), record(owner.Files()) {
+Job::Job(Platform& owner) : CWnd(owner), record(owner.Files()), targets(owner, record) {
     owner.SetMainWindow(this);
     owner.SetTableMenu(OpenExportMenu);
+    targets.onChanged = [this] {
+        RefreshRows();
+        if (observer) observer->OnDrawingChanged();
+    };
 }
 
 Job::~Job() {
@@ -32,6 +36,7 @@ void Job::Open() {
     record.Load();
     record.ClearLeftovers();
     OpenPanes();
+    targets.SetPanes(panes);
     countedFiles = CountFiles();
     KeepFlags();
 }
@@ -162,13 +167,14 @@ LRESULT Job::OnMessage(const MSG& message) {
 }
 
 void Job::OnRedraw(WPARAM point) {
-    if (point != 0) {
+    if (point != 0 && !targets.IsPlotCentre(*reinterpret_cast<const tagXY*>(point))) {
         // The pair carries the address of one point, which the next broadcast overwrites: it is taken at once.
         shownPoint = *reinterpret_cast<const tagXY*>(point);
         if (observer) observer->OnPointShown(*shownPoint);
         return;
     }
     KeepFlags();
+    targets.Follow();
     RefreshRows();
     DropPointOfRemovedFile();
     for (const JobKind& kind : JobKinds()) {

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/job_targets.h"
 #include "job/kinds.h"
 #include "panes/feature_pane.h"
 #include "panes/pane_registry.h"
@@ -60,6 +61,9 @@ public:
     /// into sight.
     void BringUpToDate(CMyDockablePane& pane);
 
+    /// Vessels, templates and the target plot.
+    JobTargets& Targets() { return targets; }
+
     void SetObserver(JobObserver* newObserver) { observer = newObserver; }
     void SetNightMode(bool night);
 
@@ -101,6 +105,7 @@ private:
     int CountFiles();
 
     JobRecord record;
+    JobTargets targets;  // lends the panes
     std::vector<std::unique_ptr<CMyDockablePane>> panes;
     JobObserver* observer = nullptr;
     std::optional<tagXY> shownPoint;

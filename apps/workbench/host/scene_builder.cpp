@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "host/scene_kinds.h"
+#include "host/scene_targets.h"
 
 namespace quillon {
 namespace {
@@ -27,12 +28,14 @@ ChartScene SceneBuilder::Build() {
     TakeReady();
     recordOf.clear();
     before = std::exchange(kept, {});
-    for (const SceneKind& kind : SceneKinds()) {
+    const auto add = [&](std::uint64_t id, void (*items)(SceneBuilder&)) {
         layer = &scene.layers.emplace_back();
-        layer->id = static_cast<std::uint64_t>(kind.kind);
+        layer->id = id;
         layer->priority = static_cast<int>(scene.layers.size());
-        kind.add(*this);
-    }
+        items(*this);
+    };
+    for (const SceneKind& kind : SceneKinds()) add(static_cast<std::uint64_t>(kind.kind), kind.add);
+    add(kTargetLayer, AddTargets);
     layer = nullptr;
     DropUnused();
     return scene;
@@ -155,8 +158,9 @@ JobPoint SceneBuilder::PointOf(const ChartHit& hit) const {
     const Shown* const found = ShownBy(hit);
     if (!found) return {};
     const Shown& shown = *found;
+    if (shown.file < 0) return {};
     const JobKind& kind = KindOf(static_cast<KIND>(hit.layer));
-    if (shown.file < 0 || shown.file >= kind.fileCount(record)) return {};
+    if (shown.file >= kind.fileCount(record)) return {};
     if (hit.kind == HIT_KIND::AREA) return {kind.id, shown.file, -1};
     const int count = kind.pointCount(record, shown.file);
     if (shown.record >= 0) return shown.record < count ? JobPoint{kind.id, shown.file, shown.record} : JobPoint();

@@ -50,7 +50,8 @@ public:
     LocalClock GetLocalClock() const override;
     int GetMetric(SYSTEM_METRIC metric) const override;
     /// A middle grey: the grounds made from it carry black text by day and by night.
-    COLORREF GetTabFaceColour() const override { return RGB(0x80, 0x80, 0x80); }
+    /// By night lighter, as lists go a quarter darker then: their black letters stand off by 4.6 to 1.
+    COLORREF GetTabFaceColour() const override { return IsNight() ? RGB(0x9C, 0x9C, 0x9C) : RGB(0x80, 0x80, 0x80); }
     int TextWidth(std::string_view text) const override;
     void RunModal(const std::function<bool()>& ended) override;
     std::unique_ptr<DialogView> ShowDialog(CDialog& dialog) override;

@@ -23,6 +23,7 @@
 #include "window/password_dialog.h"
 #include "window/picture.h"
 #include "window/print_preview.h"
+#include "window/target_menu.h"
 
 namespace quillon {
 namespace {
@@ -172,6 +173,7 @@ void MainWindow::MakeActions() {
     MakeFileMenu();
     MakeViewMenu();
     MakeChartMenu();
+    menuBar()->addMenu(new TargetMenu(job, this));
     MakeHelpMenu();
     MakeToolBar();
 }
