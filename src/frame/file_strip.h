@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "frame/colour_button.h"
+#include "frame/my_dockable_pane.h"
 #include "platform/control_window.h"
 
 namespace quillon {
@@ -26,6 +27,7 @@ public:
     /// Fills the combo anew; nothing is selected then.
     void SetNames(const std::vector<std::string>& names);
 
+    FileControls Controls() { return {&add, &remove, &combo}; }
     CComboBox& GetCombo() { return combo; }
     const CComboBox& GetCombo() const { return combo; }
     CColourButton& GetAddButton() { return add; }

@@ -11,6 +11,13 @@
 
 namespace quillon {
 
+/// The controls of a pane by which files come, go and are chosen; null for what a pane doesn't have.
+struct FileControls {
+    CButton* add = nullptr;
+    CButton* remove = nullptr;    ///< removes the one that is chosen
+    CComboBox* choice = nullptr;  ///< an item per file, in their order
+};
+
 /// The base of all panes: what it shows goes to a parent window as messages, and its controls turn with day and night.
 /// What stands in it is put together by the pane itself, of a property list or several, and parts such as `CFileStrip`.
 class CMyDockablePane : public CDockablePane {
@@ -38,6 +45,8 @@ public:
     void OnSettingChange() override { AdjustLayout(); }
     /// The button that asks the operator for files, for a host that offers it elsewhere too; null where there is none.
     virtual CButton* GetFileButton() { return nullptr; }
+    /// The same for all that a pane offers for its files.
+    virtual FileControls GetFileControls() { return {.add = GetFileButton()}; }
 
 protected:
     /// Creates the pane, hidden if the host has never said otherwise in the profile.

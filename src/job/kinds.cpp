@@ -119,6 +119,34 @@ CFeatureCommon* CommonOf(JobRecord& job, int file) {
 }
 
 template <class Files>
+bool IsStub(const JobRecord& job, int file) {
+    const auto& member = Files::At(job, file);
+    if constexpr (requires { member.IsStub(); }) {
+        return member.IsStub();
+    } else {
+        return member.IsEmpty();
+    }
+}
+
+template <class Files>
+DISK_CHANGE ChangeOnDisk(const JobRecord& job, int file) {
+    const auto& member = Files::At(job, file);
+    if constexpr (std::is_base_of_v<CSourceFile, std::remove_cvref_t<decltype(member)>>) {
+        return member.ChangeOnDisk(job.routes.GetFiles(), member.GetPath());
+    } else {
+        return DISK_CHANGE::NONE;
+    }
+}
+
+template <class Files>
+bool ReadAgain(JobRecord& job, int file) {
+    if (CFileListBase* const list = Files::ListOf(job)) return list->ReadAgain(file);
+    auto& member = Files::At(job, file);
+    if constexpr (requires { member.ReadAgain(); }) return member.ReadAgain();
+    return false;
+}
+
+template <class Files>
 bool FollowStored(JobRecord& job, int file) {
     auto& member = Files::At(job, file);
     if constexpr (requires { member.FollowStored(); }) {
@@ -146,6 +174,9 @@ constexpr JobKind MakeKind(KIND id, FEATURE_TYPES type, std::string_view name, s
             .pointWord = pointWord,
             .pointKp = [](Record job, int file, int point) { return KpOf(Files::At(job, file)[point]); },
             .report = [](Record job, int file) -> const ReadReport& { return Files::At(job, file).GetReport(); },
+            .isStub = IsStub<Files>,
+            .changeOnDisk = ChangeOnDisk<Files>,
+            .readAgain = ReadAgain<Files>,
             .isDisplayed = [](Record job, int file) { return IsShown(Files::At(job, file)); },
             .look = [](Record job, int file) { return LookOf(Files::At(job, file)); },
             .followStored = FollowStored<Files>,

@@ -50,6 +50,13 @@ struct JobKind {
     double (*pointKp)(const JobRecord& job, int file, int point);
     /// What the last reading made of the file.
     const ReadReport& (*report)(const JobRecord& job, int file);
+    /// Whether the file was of no use, so that there is nothing to draw or measure.
+    bool (*isStub)(const JobRecord& job, int file);
+    /// What has become of the file on the disk since it was read.
+    DISK_CHANGE (*changeOnDisk)(const JobRecord& job, int file);
+    /// Reads the file anew, in its place; its display choices stay. False, with what was read before, if it can't be
+    /// opened.
+    bool (*readAgain)(JobRecord& job, int file);
     bool (*isDisplayed)(const JobRecord& job, int file);
     KindLook (*look)(const JobRecord& job, int file);
     /// Takes over what another feature has stored in settings files that they share; false if nothing.

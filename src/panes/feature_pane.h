@@ -67,6 +67,7 @@ public:
     CComboBox& GetCombo() { return strip.GetCombo(); }
     CColourButton& GetAddButton() { return strip.GetAddButton(); }
     CButton* GetFileButton() override { return &strip.GetAddButton(); }
+    FileControls GetFileControls() override { return strip.Controls(); }
     CColourButton& GetRemoveButton() { return strip.GetRemoveButton(); }
     CFeatureListCtrl& GetTable() { return table; }
     const CFeatureListCtrl& GetTable() const { return table; }

@@ -43,6 +43,7 @@ public:
     void OnSize(tagSIZE size) override;
 
     CButton* GetFileButton() override { return &selectButton; }
+    FileControls GetFileControls() override { return {.add = &selectButton, .remove = &clearButton}; }
     CColourButton& GetSelectButton() { return selectButton; }
     CColourButton& GetClearButton() { return clearButton; }
     CFeatureListCtrl& GetTable() { return table; }

@@ -71,6 +71,7 @@ public:
     void OnCommand(UINT control) override;
 
     CButton* GetFileButton() override { return &strip.GetAddButton(); }
+    FileControls GetFileControls() override { return strip.Controls(); }
     CComboBox& GetCombo() { return strip.GetCombo(); }
     CColourButton& GetAddButton() { return strip.GetAddButton(); }
     CColourButton& GetRemoveButton() { return strip.GetRemoveButton(); }
