@@ -2,6 +2,8 @@
 
 #include <ostream>
 
+#include "platform/text.h"
+
 namespace quillon {
 
 FileSystem& CliContext::Files(FILE_ACCESS access) {
@@ -15,6 +17,12 @@ FileSystem& CliContext::Files(FILE_ACCESS access) {
 void CliContext::Fail(std::string_view path, std::string_view why) {
     err << path << ": " << why << '\n';
     result = CLI_USELESS;
+}
+
+void CliContext::FailToRead(const std::string& path) {
+    CStdioFile file(Files());
+    const bool opened = file.OpenForReading(TextFromUtf8(path), FILE_MODE::BINARY);
+    Fail(path, opened ? "can't be read" : "can't be read: " + file.GetFault());
 }
 
 }  // namespace quillon

@@ -23,6 +23,9 @@ public:
 
     /// Names a file on the error stream, with what is wrong with it. The program will end with CLI_USELESS.
     void Fail(std::string_view path, std::string_view why);
+    /// The same for a file (UTF-8) that couldn't be read by a reader that doesn't say why: the reason that the system
+    /// gives.
+    void FailToRead(const std::string& path);
 
     std::istream& in;
     std::ostream& out;

@@ -23,7 +23,7 @@ struct DrawingOptions {
 void ShowDxf(CliContext& context, const DrawingOptions& options) {
     CDxf dxf(context.Files());
     KindReport report;
-    if (!dxf.Read(options.Path(), nullptr, &report)) return context.Fail(options.file, "can't be read");
+    if (!dxf.Read(options.Path(), nullptr, &report)) return context.FailToRead(options.file);
     context.err << ReportText(options.file, report, "entities");
     FillSheet(*options.MakeSheet(context.out), dxf, report, options.list);
     if (!dxf.hasSections) context.Fail(options.file, "no drawing");

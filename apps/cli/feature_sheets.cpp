@@ -68,6 +68,7 @@ void FillSheet(Sheet& sheet, const CBoundary& boundary) {
     PutDrawing(sheet, boundary);
     sheet.Bool("has_polygon", !boundary.GetPolygon().IsEmpty());
     PutTable(sheet, "points", boundary, kBoundaryColumns);
+    PutReportGroup(sheet, boundary.GetReport());
     sheet.Finish();
 }
 
@@ -89,6 +90,7 @@ void FillSheet(Sheet& sheet, const CGridWaypoint& waypoints) {
     sheet.Colour("ring_colour", waypoints.ringColour);
     sheet.Bool("catenary_mode", waypoints.catenaryMode);
     PutTable(sheet, "points", waypoints, kWaypointColumns);
+    PutReportGroup(sheet, waypoints.GetReport());
     sheet.Finish();
 }
 
@@ -110,6 +112,7 @@ void FillSheet(Sheet& sheet, const CPipeline& pipeline) {
     sheet.Kilometres("kp_interval", pipeline.kpInterval);
     PutTable(sheet, "points", pipeline, kPipelineColumns);
     PutTable(sheet, "kp_listing", pipeline.GetKpListing(), kKpListingColumns);
+    PutReportGroup(sheet, pipeline.GetReport());
     sheet.Finish();
 }
 
@@ -119,6 +122,7 @@ void FillSheet(Sheet& sheet, const CRoute& route) {
     PutDrawing(sheet, route);
     PutCorridor(sheet, route);
     PutTable(sheet, "points", route, kRouteColumns);
+    PutReportGroup(sheet, route.GetReport());
     sheet.Finish();
 }
 
@@ -127,6 +131,7 @@ void FillSheet(Sheet& sheet, const CSailLine& lines) {
     sheet.Choice("data_order", lines.dataOrder, kSailLineOrderTxt);
     PutDrawing(sheet, lines);
     PutTable(sheet, "lines", lines, kSailLineColumns);
+    PutReportGroup(sheet, lines.GetReport());
     sheet.Finish();
 }
 
@@ -145,6 +150,7 @@ void FillSheet(Sheet& sheet, const CRPL& rpl) {
     Put(sheet, "line_pen", rpl.linePen);
     const std::span<const Column<RPLDef>> columns(kRplColumns);
     PutTable(sheet, "records", rpl, rpl.HasCorridor() ? columns : columns.first(columns.size() - kRplCorridorColumns));
+    PutReportGroup(sheet, rpl.GetReport());
     sheet.Finish();
 }
 

@@ -194,7 +194,9 @@ void PrintGridInfo(CliContext& context, const GridChoice& choice) {
 
 void PrintGsbFile(CliContext& context, const std::string& path, bool headerOnly) {
     CStdioFile file(context.Files());
-    if (!file.OpenForReading(TextFromUtf8(path), FILE_MODE::BINARY)) return context.Fail(path, "can't be read");
+    if (!file.OpenForReading(TextFromUtf8(path), FILE_MODE::BINARY)) {
+        return context.Fail(path, "can't be read: " + file.GetFault());
+    }
     GSB_FAULT fault = GSB_FAULT::NONE;
     const std::shared_ptr<const GsbFile> gsb = ReadGsb(file, &fault);
     if (fault != GSB_FAULT::NONE || !gsb) return context.Fail(path, FaultText(fault));

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <istream>
 #include <limits>
 #include <memory>
 #include <ostream>
+#include <system_error>
 
 #include "platform/errors.h"
 #include "platform/text.h"
@@ -30,12 +32,19 @@ NumberLines::NumberLines(std::istream& lines, std::ostream& complaints, std::siz
 
 std::uint64_t NumberLines::Run(const Batch& batch) {
     const auto block = std::make_unique<char[]>(kBlock);
+    errno = 0;
     while (input) {
         input.read(block.get(), kBlock);
         Block({block.get(), static_cast<std::size_t>(input.gcount())}, batch);
     }
     if (!rest.empty()) Line(rest, batch);
     Flush(batch);
+    if (input.bad()) {
+        errors << "the input can't be read";
+        if (errno != 0) errors << ": " << std::generic_category().message(errno);
+        errors << '\n';
+        ++badLines;
+    }
     return badLines;
 }
 

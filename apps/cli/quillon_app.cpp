@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <exception>
 #include <ostream>
+#include <string>
+#include <vector>
 
 #include "angle_command.h"
 #include "dtm_commands.h"
@@ -37,11 +39,30 @@ void AddCommands(CLI::App& app, CliContext& context) {
     AddGeodesyCommands(app, context);
 }
 
+/// What the library says, but where a command is wanted: which one was given, and which there are.
+std::string FailureText(const CLI::App* app, const CLI::Error& error) {
+    const CLI::App* at = app;
+    while (!at->get_subcommands().empty()) at = at->get_subcommands().front();
+    const auto offered = at->get_subcommands([](const CLI::App*) { return true; });
+    std::string text = error.what();
+    if (error.get_name() == "RequiredError" && !offered.empty()) {
+        const std::vector<std::string> left = app->remaining(true);
+        std::string name = at->get_name();
+        for (const CLI::App* above = at->get_parent(); above; above = above->get_parent()) {
+            name = above->get_name() + " " + name;
+        }
+        text = left.empty() ? name + " needs a command" : "'" + left.front() + "' is no command of " + name;
+        for (std::size_t i = 0; i < offered.size(); ++i) text += (i == 0 ? "; there are " : ", ") + offered[i]->get_name();
+    }
+    return text + "\nRun with --help for more information.\n";
+}
+
 }  // namespace
 
 int RunQuillon(std::vector<std::string> arguments, CliContext& context) {
     CLI::App app("Quillon: reference data of an offshore positioning and navigation system", "quillon");
     AddCommands(app, context);
+    app.failure_message(FailureText);
     try {
         // The library takes them from the back.
         std::reverse(arguments.begin(), arguments.end());

@@ -14,5 +14,7 @@ std::string ReportText(std::string_view file, const ReadReport& report);
 
 /// The same as fields of the group that is open: what was taken, and a table of the lines that were passed over.
 void PutReport(Sheet& sheet, const ReadReport& report);
+/// As a group "report", with the lines that were taken in part, for programs; people read the text.
+void PutReportGroup(Sheet& sheet, const ReadReport& report);
 
 }  // namespace quillon

@@ -65,8 +65,8 @@ void ShowStructures(CliContext& context, const StructureOptions& options) {
     sheet->Text("path", structures.GetPath());
     sheet->Text("name", structures.GetName());
     sheet->Bool("status", structures.Status);
-    if (options.json) PutReport(*sheet, report);
     PutStructures(*sheet, structures, list);
+    PutReportGroup(*sheet, report);
     sheet->Finish();
 }
 

@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QDir>
 #include <QLocale>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <clocale>
 #include <cstdlib>
@@ -12,6 +15,8 @@
 #include "chart/chart_picture.h"
 #include "host/options.h"
 #include "host/startup.h"
+#include "platform/drives_lock.h"
+#include "toolkit/text_edge.h"
 #include "window/icons.h"
 #include "window/main_window.h"
 #include "window/picture.h"
@@ -68,11 +73,71 @@ int Screenshot(QtPlatform& platform, Theme& theme, const WorkbenchOptions& optio
     return Deliver(window.grab().toImage(), options.screenshot);
 }
 
+/// The folder as a title shows it: the home folder by its usual sign.
+QString FolderTitle(const std::filesystem::path& drives) {
+    const QString folder = QString::fromStdString(drives.string());
+    const QString home = QDir::homePath();
+    return folder.startsWith(home + '/') ? '~' + folder.mid(home.size()) : folder;
+}
+
+enum class OPENING { WRITE, READ_ONLY, QUIT };
+
+/// What to do with a folder that can't be had for writing: the operator says.
+OPENING AskHowToOpen(const DrivesLock& lock, DRIVES_HOLD hold, const QString& folder, QString& why) {
+    QMessageBox box(QMessageBox::Warning, "Quillon", {});
+    const QString holder = lock.Holder() ? ToQString(HolderText(*lock.Holder())) : QString("another program");
+    QPushButton* write = nullptr;
+    if (!lock.GetFault().empty()) {
+        why = folder + " can't be locked for writing: " + ToQString(lock.GetFault());
+        box.setText("The folder of this job can't be locked for writing.");
+        box.setInformativeText(folder + "\n" + ToQString(lock.GetFault()));
+    } else if (hold == DRIVES_HOLD::MAYBE_HELD) {
+        why = "Opened for reading only: " + holder + " may have this job open";
+        box.setText("Another program may have this job open.");
+        box.setInformativeText(folder + "\n" + holder +
+                               "\n\nNobody can tell from here whether it still runs. If it does, two programs that "
+                               "write to one job wipe out each other's lists.");
+        write = box.addButton("Open for &Writing", QMessageBox::DestructiveRole);
+    } else {
+        why = "Opened for reading only: " + holder + " has this job open";
+        box.setText("This job is open in another program.");
+        box.setInformativeText(folder + "\n" + holder + "\n\nIt can be looked at; what is changed is not saved.");
+    }
+    QPushButton* const look = box.addButton("Open &Read Only", QMessageBox::AcceptRole);
+    QPushButton* const quit = box.addButton("&Quit", QMessageBox::RejectRole);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(look);
+    box.setEscapeButton(quit);
+    box.exec();
+    if (write && box.clickedButton() == write) return OPENING::WRITE;
+    return box.clickedButton() == look ? OPENING::READ_ONLY : OPENING::QUIT;
+}
+
+/// Takes the folder for writing, or makes the platform read only; `why` says why, for people. False to quit.
+bool TakeDrives(QtPlatform& platform, DrivesLock& lock, QString& why) {
+    const DRIVES_HOLD hold = lock.Look();
+    if (lock.Take()) return true;
+    const OPENING opening = AskHowToOpen(lock, hold, FolderTitle(platform.Files().Drives()), why);
+    if (opening == OPENING::QUIT) return false;
+    if (opening == OPENING::WRITE && lock.Take(true)) {
+        why.clear();
+    } else {
+        platform.Files().SetAccess(FILE_ACCESS::READ_ONLY);
+    }
+    return true;
+}
+
 int Run(QtPlatform& platform, Theme& theme, const WorkbenchOptions& options) {
+    const bool night = options.night || MainWindow::WasNight(platform.GetProfile());
+    theme.SetNight(night);
+    DrivesLock lock(platform.Files().Drives(), "Quillon");
+    QString whyReadOnly;
+    if (!TakeDrives(platform, lock, whyReadOnly)) return 0;
     Job job(platform);
     job.Open();
     MainWindow window(job, platform, theme);
-    window.SetNight(options.night || MainWindow::WasNight(platform.GetProfile()));
+    window.SetNight(night);
+    window.SetFolder(options.sample ? "Sample Job" : FolderTitle(platform.Files().Drives()), whyReadOnly);
     if (options.sample) window.SetNote(kSampleNote);
     if (options.size) window.resize(options.size->width, options.size->height);
     const QuitSignals quitSignals([&window] {
@@ -132,6 +197,8 @@ int Start(int argc, char** argv, WorkbenchOptions options) {
     QtPlatform platform(std::filesystem::absolute(drives),
                         passing ? std::filesystem::path(passingFolder.filePath("profile.ini").toStdString())
                                 : QtPlatform::DefaultProfileFile());
+    // A picture is made without a word on the disk, so that it can be made of a job that is open elsewhere.
+    if (options.MakesPicture()) platform.Files().SetAccess(FILE_ACCESS::READ_ONLY);
     Theme theme(application);
     if (!options.render.empty()) return Render(platform, options);
     if (!options.screenshot.empty()) return Screenshot(platform, theme, options);

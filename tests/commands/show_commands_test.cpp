@@ -175,10 +175,9 @@ TEST_F(ShowFiles, PrintsLargeFilesWhole) {
                                          : "    2500      2500.000         7.000\n    2501      2501.000"));
         EXPECT_THAT(
             out,
-            EndsWith(
-                *form
-                    ? "{\"easting\": 5000, \"northing\": 7}\n], \"units\": {\"easting\": \"m\", \"northing\": \"m\"}}\n"
-                    : "    5000      5000.000         7.000\n"));
+            EndsWith(*form ? "\"taken_in_part_count\": 0, \"taken_in_part\": [], \"labels_cut\": false}, \"units\": "
+                             "{\"easting\": \"m\", \"northing\": \"m\"}}\n"
+                           : "    5000      5000.000         7.000\n"));
     }
 }
 
@@ -198,12 +197,14 @@ TEST_F(ShowFiles, EndsWithACodeThatSaysWhy) {
         {{"show", "route", "C:\\Job\\empty.csv"}, CLI_USELESS, "empty.csv: no usable point\n"},
         {{"show", "sail-line", "C:\\Job\\block.csv"}, CLI_USELESS, "line 1: unknown data order\n"},
         {{"show", "boundary"}, CLI_USAGE, "FILE is required"},
-        {{"show", "anchor", "C:\\Job\\area.csv"}, CLI_USAGE, "subcommand"},
-        {{"show"}, CLI_USAGE, "subcommand"},
+        {{"show", "anchor", "C:\\Job\\area.csv"},
+         CLI_USAGE,
+         "'anchor' is no command of quillon show; there are boundary, waypoint, "},
+        {{"show"}, CLI_USAGE, "quillon show needs a command; there are boundary, "},
         {{"show", "route", "C:\\Job\\transit.csv", "--order", "3"}, CLI_USAGE, "--order"},
         {{"show", "route", "C:\\Job\\transit.csv", "--port", "5,5"}, CLI_USAGE, "5,5 is not a number"},
         {{"show", "boundary", "C:\\Job\\area.csv", "--port", "5"}, CLI_USAGE, "--port"},
-        {{}, CLI_USAGE, "subcommand"},
+        {{}, CLI_USAGE, "quillon needs a command; there are show, "},
     };
     for (const Row& row : rows) {
         const CliOutcome run = Run(row.arguments);

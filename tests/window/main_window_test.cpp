@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QTreeView>
 #include <QtTest/QTest>
 #include <filesystem>
 #include <fstream>
@@ -21,6 +22,7 @@
 #include "chart/chart_picture.h"
 #include "host/startup.h"
 #include "panes/boundary_pane.h"
+#include "panes/route_pane.h"
 #include "support/comma_locale.h"
 #include "toolkit/text_edge.h"
 
@@ -356,6 +358,94 @@ TEST_F(MainWindowTest, PicturesShowTheJobByDayAndByNight) {
         }
         EXPECT_GT(colours.size(), 20u) << "there is something to see";
     }
+}
+
+/// A visible row of the job tree, by its text.
+QModelIndex RowOf(QTreeView& tree, const char* text) {
+    return tree.model()
+        ->match(tree.model()->index(0, 0), Qt::DisplayRole, text, 1, Qt::MatchExactly | Qt::MatchRecursive)
+        .value(0);
+}
+
+TEST_F(MainWindowTest, TheTreeShowsThePaneOfWhatIsChosenAndAPinKeepsOne) {
+    Program run(Drives(), Profile());
+    auto& tree = *run.window.Desk().Tree().findChild<QTreeView*>();
+    const auto click = [&](const char* file, int x) {
+        const QModelIndex row = RowOf(tree, file);
+        ASSERT_TRUE(row.isValid()) << file;
+        tree.scrollTo(row);
+        QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualRect(row).topLeft() + QPoint(x, 8));
+        QTest::qWait(1);
+        run.window.Settle();
+    };
+    PaneDocks& docks = run.window.Docks();
+    QDockWidget& routes = *docks.DockOf(KIND::ROUTE);
+    const int width = run.Dock().width();
+    click("Supply Route", 80);
+    EXPECT_TRUE(PaneDocks::IsInFront(routes));
+    EXPECT_FALSE(PaneDocks::IsShown(run.Dock())) << "one pane at the right";
+    EXPECT_NEAR(routes.width(), width, 2) << "the next pane takes the room of the one before";
+    EXPECT_EQ(run.job.PaneOf(KIND::ROUTE)->GetFileControls().choice->GetCurSel(),
+              run.job.Record().routes.Find("C:\\Jobs\\Northfield\\Routes\\Supply Route.csv"));
+    docks.SetPinned(routes, true);
+    click("East Anchorage", 80);
+    EXPECT_TRUE(PaneDocks::IsShown(routes));
+    EXPECT_TRUE(PaneDocks::IsInFront(run.Dock()));
+    EXPECT_EQ(run.Pane().GetCombo().GetLBText(run.Pane().GetCombo().GetCurSel()), "East Anchorage");
+
+    const auto anchorage = run.job.Record().boundaries.Find("C:\\Jobs\\Northfield\\Boundaries\\East Anchorage.csv");
+    EXPECT_TRUE(run.job.Record().boundaries[anchorage].Status);
+    QTest::keyClick(&tree, Qt::Key_Space);
+    QTest::qWait(1);
+    run.window.Settle();
+    EXPECT_FALSE(run.job.Record().boundaries[anchorage].Status);
+    EXPECT_EQ(RowOf(tree, "East Anchorage").data(Qt::CheckStateRole), Qt::Unchecked);
+    const int before = run.job.Record().boundaries.GetCount();
+    QTest::keyClick(&tree, Qt::Key_Delete);
+    QTest::qWait(1);
+    run.window.Settle();
+    EXPECT_EQ(run.job.Record().boundaries.GetCount(), before - 1);
+    EXPECT_FALSE(RowOf(tree, "East Anchorage").isValid());
+}
+
+TEST_F(MainWindowTest, AnotherProgramsFileIsOfferedForReadingAgain) {
+    Program run(Drives(), Profile());
+    using enum NoticeStrip::TOPIC;
+    run.window.Desk().LookAtDisk();
+    EXPECT_FALSE(run.window.Desk().Notices().isVisible());
+    const CBoundary& anchorage = run.job.Record().boundaries[6];
+    Write("c/Jobs/Northfield/Boundaries/East Anchorage.csv", "1,2\r\n3,4\r\n");
+    run.window.Desk().LookAtDisk();
+    EXPECT_TRUE(run.window.Desk().Notices().TextOf(CHANGED_ON_DISK).startsWith("East Anchorage.csv"));
+    EXPECT_TRUE(run.window.Desk().Notices().Press(CHANGED_ON_DISK, "Read Again"));
+    QTest::qWait(1);
+    run.window.Settle();
+    EXPECT_EQ(anchorage.GetSize(), 2);
+    EXPECT_FALSE(run.window.Desk().Notices().isVisible());
+}
+
+TEST_F(MainWindowTest, AValueInAnOpenEditAndTheViewOutliveTheEnd) {
+    const auto widthRow = [](Program& run) {
+        auto& pane = dynamic_cast<CFeaturePane&>(*run.job.PaneOf(KIND::ROUTE));
+        return pane.GetPropertyList().FindItemByData(ROUTE_PORT_WIDTH);
+    };
+    {
+        Program run(Drives(), Profile());
+        run.window.Docks().Raise(KIND::ROUTE);
+        run.window.Settle();
+        auto& pane = dynamic_cast<CFeaturePane&>(*run.job.PaneOf(KIND::ROUTE));
+        auto& binding = *static_cast<WindowBinding*>(run.window.Docks().DockOf(KIND::ROUTE)->widget());
+        PropertyListView& rows = dynamic_cast<PropertyListBinding&>(*binding.WidgetOf(pane.GetPropertyList())).View();
+        pane.GetPropertyList().SetCurSel(widthRow(run));
+        QTest::keyClick(&rows, Qt::Key_F2);
+        ASSERT_NE(rows.Editor(), nullptr);
+        rows.Editor()->setText("321.5");
+        run.window.Chart().SetView({500000, 5840000}, 12.5);
+    }
+    Program run(Drives(), Profile());
+    EXPECT_EQ(widthRow(run)->Get<double>(), 321.5);
+    EXPECT_EQ(run.window.Chart().View().Centre(), (tagXY{500000, 5840000}));
+    EXPECT_EQ(run.window.Chart().View().MetresPerPixel(), 12.5);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QPointer>
 
 namespace quillon {
 
@@ -58,6 +59,16 @@ void RowEdit::focusOutEvent(QFocusEvent* event) {
     // A menu over the edit, or another program in front, doesn't end it.
     const bool stays = event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
     if (!stays && onEnd) onEnd(END::FOCUS_LOST);
+}
+
+void TakeOpenEdits(const QWidget& window) {
+    // What one of them changes may take others away.
+    QList<QPointer<QLineEdit>> open;
+    for (QLineEdit* const edit : window.findChildren<QLineEdit*>()) open.push_back(edit);
+    for (const QPointer<QLineEdit>& edit : open) {
+        auto* const row = dynamic_cast<RowEdit*>(edit.data());
+        if (row && row->onEnd) row->onEnd(RowEdit::END::RETURN);
+    }
 }
 
 }  // namespace quillon

@@ -30,4 +30,8 @@ private:
     QString start;
 };
 
+/// Takes the values of all edits that are open below a window, as Return would; one that is no value stays as it is.
+/// Before the window closes.
+void TakeOpenEdits(const QWidget& window);
+
 }  // namespace quillon

@@ -34,7 +34,7 @@ Job::~Job() {
 
 void Job::Open() {
     record.Load();
-    record.ClearLeftovers();
+    if (GetPlatform().Files().Access() == FILE_ACCESS::READ_WRITE) record.ClearLeftovers();
     OpenPanes();
     targets.SetPanes(panes);
     countedFiles = CountFiles();

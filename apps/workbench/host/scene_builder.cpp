@@ -1,5 +1,6 @@
 #include "host/scene_builder.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 
@@ -174,6 +175,19 @@ JobPoint SceneBuilder::PointOf(const ChartHit& hit) const {
     // Behind the last point a segment leads back to the first, where the path is closed.
     const int next = first.point + 1 < count ? first.point + 1 : 0;
     return distance(next) < distance(first.point) ? JobPoint{first.kind, first.file, next} : first;
+}
+
+ChartBox SceneBuilder::BoxOf(const ChartScene& scene, KIND kind, int file) const {
+    ChartBox box;
+    const auto records = recordOf.find(static_cast<std::uint64_t>(kind));
+    if (records == recordOf.end() || file < 0) return box;
+    for (const ChartLayer& shown : scene.layers) {
+        if (shown.id != records->first) continue;
+        for (std::size_t item = 0; item < std::min(shown.items.size(), records->second.size()); ++item) {
+            if (records->second[item].file == file) box.Add(ExtentOf(shown.items[item]));
+        }
+    }
+    return box;
 }
 
 std::uint64_t MixedStamp(std::uint64_t stamp, double setting) {

@@ -40,6 +40,10 @@ public:
     PathPtr PathOf(const ChartScene& scene, KIND kind, int file) const;
     const JobRecord& Record() const { return record; }
 
+    /// What of the scene last built shows a file: the box of its paths, without what is worked out from them. Empty if
+    /// the file isn't in it.
+    ChartBox BoxOf(const ChartScene& scene, KIND kind, int file) const;
+
     // For the functions of the kinds, while a scene is built. Names are unique within a layer.
 
     /// What `make` gives, made anew only when the stamp is another.

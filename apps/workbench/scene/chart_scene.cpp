@@ -47,10 +47,14 @@ PathPtr MakePath(std::vector<tagXY> points, const PathParts& parts) {
     return std::make_shared<const PathLod>(std::move(points), parts);
 }
 
+ChartBox ExtentOf(const ChartItem& item) {
+    return std::visit(ItemExtent(), item);
+}
+
 ChartBox ExtentOf(const ChartScene& scene) {
     ChartBox box;
     for (const ChartLayer& layer : scene.layers) {
-        for (const ChartItem& item : layer.items) box.Add(std::visit(ItemExtent(), item));
+        for (const ChartItem& item : layer.items) box.Add(ExtentOf(item));
     }
     return box;
 }

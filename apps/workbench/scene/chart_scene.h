@@ -145,6 +145,8 @@ struct ChartScene {
 /// A path that is drawn as it is given, for what has few points.
 PathPtr MakePath(std::vector<tagXY> points, const PathParts& parts = {});
 
+/// What an item shows; empty for one that is worked out from others.
+ChartBox ExtentOf(const ChartItem& item);
 /// All that a scene shows.
 ChartBox ExtentOf(const ChartScene& scene);
 

@@ -8,11 +8,13 @@
 #include <QEvent>
 #include <QFileDialog>
 #include <QFontMetrics>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QStandardPaths>
 #include <QTimeZone>
+#include <QTreeView>
 #include <QUrl>
 #include <QWidgetAction>
 #include <algorithm>
@@ -78,6 +80,22 @@ QAction* MakeHeading(std::string_view text, QMenu& menu) {
     action->setDefaultWidget(label);
     action->setEnabled(false);
     return action;
+}
+
+/// The names get the room that size and date leave; what the kind of a file is called tells nothing here. The toolkit's
+/// own dialog, since it follows the night colours.
+void PrepareFileDialog(QFileDialog& dialog, const FileSystem& files) {
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.resize(kFileDialogSize);
+    dialog.setSidebarUrls(SidebarPlaces(files));
+    auto* const list = dialog.findChild<QTreeView*>("treeView");
+    if (!list) return;
+    constexpr int kName = 0, kSize = 1, kType = 2, kDate = 3;
+    QHeaderView& header = *list->header();
+    header.setStretchLastSection(false);
+    header.hideSection(kType);
+    header.setSectionResizeMode(kName, QHeaderView::Stretch);
+    for (const int column : {kSize, kDate}) header.setSectionResizeMode(column, QHeaderView::ResizeToContents);
 }
 
 }  // namespace
@@ -174,11 +192,9 @@ std::string QtPlatform::LastFolder() const {
 bool QtPlatform::ChooseFolder(std::string_view title, std::string& folder) {
     const QString start = QString::fromStdString(Files().Native(folder.empty() ? LastFolder() : folder).string());
     QFileDialog dialog(DialogParent(), ToQString(title), start);
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setFileMode(QFileDialog::Directory);
-    dialog.resize(kFileDialogSize);
-    dialog.setSidebarUrls(SidebarPlaces(Files()));
+    PrepareFileDialog(dialog, Files());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return false;
     folder = Files().LibraryPath(dialog.selectedFiles().front().toStdString());
     return true;
@@ -189,12 +205,9 @@ bool QtPlatform::ChooseFiles(const FileQuestion& question, std::vector<std::stri
     const std::string folder = question.start.empty() ? LastFolder() : question.start;
     QFileDialog dialog(DialogParent(), ToQString(question.title),
                        QString::fromStdString(Files().Native(folder).string()));
-    // The toolkit's own dialog: it follows the night colours.
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setNameFilter(ToQtFilter(question.filter));
     dialog.setFileMode(question.multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
-    dialog.resize(kFileDialogSize);
-    dialog.setSidebarUrls(SidebarPlaces(Files()));
+    PrepareFileDialog(dialog, Files());
     if (dialog.exec() != QDialog::Accepted) return false;
     for (const QString& file : dialog.selectedFiles()) paths.push_back(Files().LibraryPath(file.toStdString()));
     KeepFolder(dialog);
@@ -207,14 +220,12 @@ void QtPlatform::KeepFolder(const QFileDialog& dialog) {
 
 bool QtPlatform::ChooseSaveFile(const SaveQuestion& question, SaveChoice& choice) {
     QFileDialog dialog(DialogParent(), ToQString(question.title));
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setDefaultSuffix(ToQString(question.extension));
     const QStringList forms = ToQtFilter(question.filter).split(";;");
     dialog.setNameFilters(forms);
-    dialog.resize(kFileDialogSize);
-    dialog.setSidebarUrls(SidebarPlaces(Files()));
+    PrepareFileDialog(dialog, Files());
     const tagPlace start = PlaceOf(question.start);
     const std::string folder = start.folder.empty() ? LastFolder() : start.folder;
     dialog.setDirectory(QString::fromStdString(Files().Native(folder).string()));

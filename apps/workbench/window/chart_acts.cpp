@@ -54,8 +54,13 @@ void ChartActs::OnClick(PixelPoint at) {
 void ChartActs::Choose(const Identified& chosen) {
     const bool isShown =
         chosen.what.point >= 0 ? job.SelectPoint(chosen.what) : job.SelectFile(chosen.what.kind, chosen.what.file);
-    if (isShown) docks.Raise(chosen.what.kind);
+    if (isShown) Raise(chosen.what);
     status.ShowMessage(ToQString(chosen.text));
+}
+
+void ChartActs::Raise(const JobPoint& chosen) {
+    docks.Raise(chosen.kind);
+    if (onChosen) onChosen(chosen);
 }
 
 void ChartActs::OnSceneChanged() {
@@ -82,7 +87,7 @@ void ChartActs::Show(const FoundPlace& place) {
         if (place.what.kind != KIND::NONE) job.SelectFile(place.what.kind, place.what.file);
         job.ShowPlace(place.at);
     }
-    if (place.what.kind != KIND::NONE) docks.Raise(place.what.kind);
+    if (place.what.kind != KIND::NONE) Raise(place.what);
     chart.SetView(place.at, chart.View().MetresPerPixel());
 }
 

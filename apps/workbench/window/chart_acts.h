@@ -44,10 +44,15 @@ public:
 
     FindLine& Find() { return find; }
 
+    /// A file or a point of one was chosen on the chart, and its pane shows it.
+    std::function<void(const JobPoint& chosen)> onChosen;
+
 private:
     void UseTool(ChartTool* tool);
     void Choose(const Identified& chosen);
     void Show(const FoundPlace& place);
+    /// Shows the pane of what was chosen.
+    void Raise(const JobPoint& chosen);
 
     Job& job;
     const SceneBuilder& scenes;

@@ -6,6 +6,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "window/job_tree_dock.h"
+
 namespace quillon {
 namespace {
 
@@ -15,26 +17,46 @@ struct KeyLine {
 };
 
 constexpr KeyLine kChartKeys[] = {
-    {"Arrow keys", "Move the chart"},
+    {"Arrow keys", "Move the chart; with Shift by less"},
     {"+  -", "Zoom in, zoom out"},
-    {"Esc", "Take the mark off the point shown"},
+    {"Home", "Show the whole job"},
+    {"Esc", "Give a drag up; take the mark off the point shown"},
     {"Wheel", "Zoom at the pointer"},
-    {"Drag", "Move the chart"},
+    {"Drag", "Move the chart; with Shift or Ctrl zoom to a box"},
     {"Click", "Choose what lies there in its pane; again: the next that lies there"},
 };
 constexpr KeyLine kPropertyKeys[] = {
-    {"Up  Down  Home  End", "Move from row to row"},
-    {"Left  Right", "Fold and unfold a group"},
+    {"Up  Down  Page Up  Page Down", "Move from row to row"},
+    {"Home  End", "Go to the first row, to the last"},
+    {"Left  Right", "Fold and unfold a group; mark one of two buttons"},
     {"Space", "Check a box, open a list, press a button"},
     {"Return  F2", "Edit the value"},
+    {"Any letter or figure", "Type a new value"},
+    {"Return  Tab", "In an edit: take the value; Tab goes on to the next row"},
+    {"Up  Down", "In an edit of a whole number: one more, one less"},
     {"Esc", "Give the edit up"},
     {"F4  Alt+Down", "Open the list of choices"},
     {"Ctrl+C", "Copy the value"},
 };
 constexpr KeyLine kTableKeys[] = {
     {"Up  Down  Page Up  Page Down", "Move to a point and show it on the chart"},
+    {"Home  End", "Go to the first point, to the last"},
     {"Space  Return", "Show the point again"},
     {"Ctrl+C", "Copy the row"},
+};
+constexpr KeyLine kPaneKeys[] = {
+    {"Tab  Shift+Tab", "Go to the next control, to the one before"},
+    {"Alt+Down", "Open the list of files"},
+    {"Up  Down", "On the handle between properties and table: move it"},
+};
+constexpr KeyLine kReportKeys[] = {
+    {"Up  Down  Left  Right", "Move from line to line, fold and unfold a file"},
+    {"Return  Ctrl+C", "Copy the chosen lines"},
+};
+constexpr KeyLine kDialogKeys[] = {
+    {"Return", "Agree"},
+    {"Esc", "Leave without a change"},
+    {"Alt and the letter underlined", "Press a button, go to a control"},
 };
 
 QTreeWidgetItem* AddSection(QTreeWidget& tree, const QString& title) {
@@ -47,10 +69,16 @@ QTreeWidgetItem* AddSection(QTreeWidget& tree, const QString& title) {
     return section;
 }
 
-template <std::size_t Count>
-void AddLines(QTreeWidget& tree, const QString& title, const KeyLine (&lines)[Count]) {
+template <class Lines>
+void AddLines(QTreeWidget& tree, const QString& title, const Lines& lines) {
     QTreeWidgetItem* const section = AddSection(tree, title);
-    for (const KeyLine& line : lines) new QTreeWidgetItem(section, {line.keys, line.does});
+    for (const auto& line : lines) new QTreeWidgetItem(section, {line.keys, line.does});
+}
+
+QString KeysOf(const QAction& action) {
+    QStringList keys;
+    for (const QKeySequence& key : action.shortcuts()) keys += key.toString(QKeySequence::NativeText);
+    return keys.join("  ");
 }
 
 }  // namespace
@@ -66,12 +94,15 @@ void ShowKeyboardHelp(QWidget* parent, const QList<QAction*>& actions) {
     QTreeWidgetItem* const everywhere = AddSection(*tree, "Everywhere");
     for (const QAction* const action : actions) {
         if (action->shortcut().isEmpty()) continue;
-        new QTreeWidgetItem(everywhere,
-                            {action->shortcut().toString(QKeySequence::NativeText), action->text().remove('&')});
+        new QTreeWidgetItem(everywhere, {KeysOf(*action), action->text().remove('&').remove("...")});
     }
     AddLines(*tree, "Chart", kChartKeys);
+    AddLines(*tree, "Job tree", JobTreeDock::Keys());
+    AddLines(*tree, "Panes", kPaneKeys);
     AddLines(*tree, "Properties", kPropertyKeys);
     AddLines(*tree, "Points table", kTableKeys);
+    AddLines(*tree, "Read report", kReportKeys);
+    AddLines(*tree, "Dialogs", kDialogKeys);
     tree->resizeColumnToContents(0);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);

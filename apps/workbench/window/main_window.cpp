@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QProcess>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -13,10 +14,11 @@
 #include <utility>
 
 #include "bindings/dialog_binding.h"
+#include "bindings/row_edit.h"
 #include "chart/chart_picture.h"
 #include "chart/chart_symbols.h"
 #include "chart/chart_widget.h"
-#include "platform/user_actions.h"
+#include "platform/text.h"
 #include "toolkit/text_edge.h"
 #include "window/icons.h"
 #include "window/keyboard_help.h"
@@ -30,6 +32,8 @@ namespace {
 
 constexpr const char* kSection = "Workbench";
 constexpr const char* kNightKey = "Night";
+/// The view of the chart: easting and northing of its centre, metres to a pixel, and the job that it is of.
+constexpr const char* kViewKey = "View";
 constexpr QSize kToolIcons = {22, 22};
 constexpr double kZoomStep = 1.5;
 constexpr double kMetresPerInch = 0.0254;
@@ -57,7 +61,8 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
       chart(new ChartWidget(this)),
       docks(*this, shownJob, factory),
       status(*statusBar()),
-      acts(job, scenes, *chart, docks, status) {
+      acts(job, scenes, *chart, docks, status),
+      desk(*this, shownJob, docks, status) {
     setWindowTitle("Quillon");
     setWindowIcon(MakeIcon(ICON::APPLICATION));
     setCentralWidget(chart);
@@ -68,6 +73,12 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
     MakeActions();
     ConnectChart();
     docks.Restore();
+    desk.Notices().ShowOrHide();
+    acts.onChosen = [this](const JobPoint& chosen) { desk.Select(chosen); };
+    desk.onZoom = [this](const JobFile& file) { ZoomToFile(file); };
+    hint = new EmptyHint(*chart, {.add = [this] { addMenu->popup(QCursor::pos()); },
+                                  .sample = [this] { OpenSample(); },
+                                  .keyboard = [this] { ShowKeyboardHelp(this, actions()); }});
     RebuildScene();
 }
 
@@ -112,11 +123,65 @@ void MainWindow::RebuildScene() {
     chart->SetScene(std::move(scene));
     acts.OnSceneChanged();
     if (isFirst) ZoomToAll();
+    desk.Refresh();
+    ShowHint();
+}
+
+void MainWindow::ShowHint() {
+    const auto kinds = JobKinds();
+    const bool hasFiles = std::any_of(kinds.begin(), kinds.end(),
+                                      [this](const JobKind& kind) { return kind.fileCount(job.Record()) > 0; });
+    hint->SetState(!sceneEmpty ? EmptyHint::STATE::NONE
+                   : hasFiles  ? EmptyHint::STATE::HIDDEN
+                               : EmptyHint::STATE::NO_FILES);
 }
 
 void MainWindow::ZoomToAll() {
     chart->ZoomToAll();
     fitted = chart->View();
+}
+
+/// As it is drawn; a file that is hidden by its points.
+void MainWindow::ZoomToFile(const JobFile& file) {
+    const int index = FindFile(job.Record(), file);
+    if (index < 0) return;
+    ChartBox box = scenes.BoxOf(chart->Scene(), file.kind, index);
+    const JobKind& kind = KindOf(file.kind);
+    if (box.IsEmpty() && kind.point && !(kind.isStub && kind.isStub(job.Record(), index))) {
+        for (int i = 0; i < kind.pointCount(job.Record(), index); ++i) {
+            const tagXY point = kind.point(job.Record(), index, i);
+            if (IsPlace(point)) box.Add(point.x, point.y);
+        }
+    }
+    if (box.IsEmpty()) return status.ShowMessage("There is nothing in this file to zoom to");
+    chart->ZoomTo(box);
+}
+
+bool MainWindow::RestoreView() {
+    const Profile& profile = platform.GetProfile();
+    const std::string kept = profile.GetText(kSection, kViewKey, "");
+    double x = 0.0, y = 0.0, scale = 0.0;
+    const int end = static_cast<int>(kept.find('|'));
+    if (end < 0 || kept.substr(static_cast<std::size_t>(end) + 1) != platform.Files().Drives().string()) return false;
+    const QStringList numbers = QString::fromStdString(kept.substr(0, static_cast<std::size_t>(end))).split(' ');
+    if (numbers.size() != 3) return false;
+    x = numbers[0].toDouble();
+    y = numbers[1].toDouble();
+    scale = numbers[2].toDouble();
+    if (!IsPlace({x, y}) || !(scale > 0.0)) return false;
+    chart->SetView({x, y}, scale);
+    return true;
+}
+
+void MainWindow::KeepView() const {
+    const ChartView& view = chart->View();
+    const bool isWhole = view.Centre() == fitted.Centre() && view.MetresPerPixel() == fitted.MetresPerPixel();
+    std::string text;
+    if (!isWhole && !sceneEmpty) {
+        text = Format("%.3lf %.3lf %.9lg|", view.Centre().x, view.Centre().y, view.MetresPerPixel()) +
+               platform.Files().Drives().string();
+    }
+    platform.GetProfile().SetText(kSection, kViewKey, text);
 }
 
 void MainWindow::FollowView() {
@@ -180,18 +245,29 @@ void MainWindow::MakeActions() {
 
 void MainWindow::MakeFileMenu() {
     QMenu& menu = *menuBar()->addMenu("&File");
-    QMenu& add = *menu.addMenu(MakeIcon(ICON::ADD), "&Add");
+    addFirstAction = MakeAction("Add &Files...", QKeySequence("Ctrl+O"), "Add files of the kind in front to the job");
+    addFirstAction->setIcon(MakeIcon(ICON::ADD));
+    connect(addFirstAction, &QAction::triggered, this, [this] { desk.AddFilesOf(desk.FrontKind()); });
+    menu.addAction(addFirstAction);
+    addMenu = menu.addMenu(MakeIcon(ICON::ADD), "&Add");
     for (const JobKind& kind : JobKinds()) {
         CMyDockablePane* const pane = job.PaneOf(kind.id);
-        if (!pane || !pane->GetFileButton()) continue;
+        if (!pane || !pane->GetFileControls().add) continue;
         const QString name = ToQString(kind.name);
-        const QKeySequence key = addFirstAction ? QKeySequence() : QKeySequence("Ctrl+O");
-        QAction* const action = MakeAction(name + " Files...", key, "Add " + name.toLower() + " files to the job");
-        connect(action, &QAction::triggered, this, [this, id = kind.id] { AddFiles(id); });
-        add.addAction(action);
-        if (!addFirstAction) addFirstAction = action;
+        QAction* const action = MakeAction(name + " Files...", {}, "Add " + name.toLower() + " files to the job");
+        connect(action, &QAction::triggered, this, [this, id = kind.id] { desk.AddFilesOf(id); });
+        addMenu->addAction(action);
     }
-    addFirstAction->setIcon(MakeIcon(ICON::ADD));
+    menu.addSeparator();
+    QAction* const again =
+        MakeAction("&Read Again", QKeySequence("F5"), "Read the file in the job tree's cursor again");
+    connect(again, &QAction::triggered, this, [this] { desk.ReadCurrentAgain(); });
+    menu.addAction(again);
+    QAction* const changed = MakeAction("Read &Changed Files Again", QKeySequence("Shift+F5"),
+                                        "Read every file again that another program has changed");
+    connect(changed, &QAction::triggered, this, [this] { desk.ReadChangedAgain(); });
+    menu.addAction(changed);
+    menu.addSeparator();
     exportAction = MakeAction("&Export Picture...", QKeySequence("Ctrl+E"), "Save the chart as a picture");
     exportAction->setIcon(MakeIcon(ICON::EXPORT));
     connect(exportAction, &QAction::triggered, this, [this] { ExportPicture(); });
@@ -212,6 +288,25 @@ void MainWindow::MakeFileMenu() {
 void MainWindow::MakeViewMenu() {
     QMenu& menu = *menuBar()->addMenu("&View");
     MakePaneActions(*menu.addMenu(MakeIcon(ICON::PANES), "&Panes"));
+    QAction* const keep = MakeAction("&Keep Pane", QKeySequence("Ctrl+K"),
+                                     "Keep the pane in front, or no longer, when another one is chosen");
+    connect(keep, &QAction::triggered, this, [this] {
+        if (QDockWidget* const dock = docks.Current()) docks.SetPinned(*dock, !docks.IsPinned(*dock));
+    });
+    menu.addAction(keep);
+    QAction* const tree = MakeAction("&Job Tree", QKeySequence("Ctrl+T"), "Go to the job tree, or put it away");
+    connect(tree, &QAction::triggered, this, [this] { TogglePane(desk.Tree()); });
+    menu.addAction(tree);
+    QAction* const report =
+        MakeAction("Read Rep&ort", QKeySequence("Ctrl+I"), "What the readers passed over, by lines");
+    connect(report, &QAction::triggered, this, [this] {
+        if (PaneDocks::IsInFront(desk.Report()) && desk.Report().isAncestorOf(QApplication::focusWidget())) {
+            desk.Report().hide();
+        } else {
+            desk.ShowReport();
+        }
+    });
+    menu.addAction(report);
     QAction* const reset = MakeAction("&Reset Layout", QKeySequence("Ctrl+Shift+R"),
                                       "Put window and panes back where they were at the first start");
     connect(reset, &QAction::triggered, this, [this] { docks.Reset(); });
@@ -258,21 +353,32 @@ void MainWindow::MakeChartMenu() {
 void MainWindow::MakePaneActions(QMenu& menu) {
     int number = 0;
     for (QDockWidget* const dock : docks.Docks()) {
-        QAction* const action = dock->toggleViewAction();
         ++number;
-        if (number <= 9) action->setShortcut(QKeySequence(QString("Ctrl+%1").arg(number)));
         // The title of a listing tells what is listed; its name in the menu stays.
         const QString name = ToQString(TitleOfPane(*job.Panes()[static_cast<std::size_t>(number - 1)]));
-        action->setText(name);
-        connect(dock, &QWidget::windowTitleChanged, action, [action, name] { action->setText(name); });
-        action->setToolTip("Show or put away " + name);
-        // Not `toggled`, which comes also when the pane is put away by itself or with the window.
-        connect(action, &QAction::triggered, this, [this, dock](bool shown) {
-            if (shown) docks.BringToFront(*dock);
+        const QKeySequence key = number <= 9 ? QKeySequence(QString("Ctrl+%1").arg(number)) : QKeySequence();
+        QAction* const action = MakeAction(name, key, "Show or put away " + name);
+        action->setCheckable(true);
+        const auto follow = [action, dock] { action->setChecked(PaneDocks::IsShown(*dock)); };
+        connect(dock, &QDockWidget::visibilityChanged, action, follow);
+        connect(action, &QAction::triggered, this, [this, dock, follow] {
+            TogglePane(*dock);
+            follow();
         });
-        addAction(action);
         menu.addAction(action);
     }
+}
+
+void MainWindow::TogglePane(QDockWidget& dock) {
+    const QWidget* const focus = QApplication::focusWidget();
+    const bool isSide = &dock == &desk.Tree();
+    // A floating pane may lie behind any window. The keyboard comes to the tree first.
+    const bool isInFront = dock.isFloating() ? dock.isActiveWindow() : PaneDocks::IsInFront(dock);
+    if (isInFront && (!isSide || (focus && dock.isAncestorOf(focus)))) return dock.hide();
+    if (!isSide) return docks.BringToFront(dock);
+    dock.show();
+    dock.raise();
+    dock.widget()->setFocus(Qt::ShortcutFocusReason);
 }
 
 void MainWindow::MakeHelpMenu() {
@@ -300,9 +406,11 @@ void MainWindow::MakeToolBar() {
     addToolBar(bar);
 }
 
-void MainWindow::AddFiles(KIND kind) {
-    docks.BringToFront(*docks.DockOf(kind));
-    user::Press(*job.PaneOf(kind)->GetFileButton());
+/// In a program of its own, so that this job stays as it is.
+void MainWindow::OpenSample() {
+    if (!QProcess::startDetached(QApplication::applicationFilePath(), {"--sample"})) {
+        status.ShowMessage("The sample job can't be opened");
+    }
 }
 
 void MainWindow::ExportPicture() {
@@ -327,9 +435,11 @@ void MainWindow::SetFullScreen(bool full) {
 
 void MainWindow::NextArea() {
     std::vector<QWidget*> areas = {chart};
-    for (QDockWidget* const dock : docks.Docks()) {
-        if (dock->isVisible() && !dock->visibleRegion().isEmpty()) areas.push_back(dock->widget());
-    }
+    const auto add = [&areas](QDockWidget* dock) {
+        if (PaneDocks::IsInFront(*dock)) areas.push_back(dock->widget());
+    };
+    for (QDockWidget* const dock : docks.Docks()) add(dock);
+    for (const PaneDocks::SideDock& side : docks.Sides()) add(side.dock);
     const QWidget* const focus = QApplication::focusWidget();
     const auto now = std::find_if(areas.begin(), areas.end(),
                                   [&](QWidget* area) { return focus && (area == focus || area->isAncestorOf(focus)); });
@@ -364,10 +474,26 @@ void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (std::exchange(shownBefore, true)) return;
     ZoomToAll();
+    RestoreView();
     chart->setFocus();
 }
 
+bool MainWindow::event(QEvent* event) {
+    // Another program has had its turn.
+    if (event->type() == QEvent::WindowActivate) QTimer::singleShot(0, this, [this] { desk.LookAtDisk(); });
+    return QMainWindow::event(event);
+}
+
+void MainWindow::SetFolder(const QString& folder, const QString& whyReadOnly) {
+    setWindowTitle(folder + (whyReadOnly.isEmpty() ? "" : " (read only)") + " - Quillon");
+    if (!whyReadOnly.isEmpty()) desk.SayReadOnly(whyReadOnly);
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
+    TakeOpenEdits(*this);
+    // What an edit posts is answered still: part of what it changes is saved by the answer.
+    platform.Messages().Pump();
+    KeepView();
     docks.Save();
     QMainWindow::closeEvent(event);
 }

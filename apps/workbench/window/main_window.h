@@ -10,6 +10,8 @@
 #include "toolkit/qt_platform.h"
 #include "toolkit/theme.h"
 #include "window/chart_acts.h"
+#include "window/empty_hint.h"
+#include "window/job_desk.h"
 #include "window/pane_docks.h"
 #include "window/status_line.h"
 #include "window/view_binding.h"
@@ -35,15 +37,22 @@ public:
     ChartWidget& Chart() { return *chart; }
     PaneDocks& Docks() { return docks; }
     ChartActs& Acts() { return acts; }
+    JobDesk& Desk() { return desk; }
+
+    /// Names the folder of the job in the title; the program can't write there if `whyReadOnly` says something.
+    void SetFolder(const QString& folder, const QString& whyReadOnly);
 
     /// What is to be done before a picture of the window is taken: everything posted is delivered, the chart is drawn
     /// from the job as it stands.
     void Settle();
 
 protected:
+    bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    /// No menu of all docks on their titles: the View menu lists them.
+    QMenu* createPopupMenu() override { return nullptr; }
 
 private:
     void OnDrawingChanged() override;
@@ -60,14 +69,21 @@ private:
     void MakeHelpMenu();
     void MakeToolBar();
     void MakePaneActions(QMenu& menu);
+    /// Shows a pane or brings it to the front; puts it away if it is there.
+    void TogglePane(QDockWidget& dock);
     /// An action of the window; its tip tells its key.
     QAction* MakeAction(const QString& text, const QKeySequence& key, const QString& tip);
 
     void RebuildScene();
     void ZoomToAll();
+    void ZoomToFile(const JobFile& file);
+    /// The part of the chart that was in view when the program ended; false if it was the whole job.
+    bool RestoreView();
+    void KeepView() const;
+    void ShowHint();
     /// The chart shows another part of the grid, or has another size.
     void FollowView();
-    void AddFiles(KIND kind);
+    void OpenSample();
     void ExportPicture();
     void SetFullScreen(bool full);
     void NextArea();
@@ -83,6 +99,9 @@ private:
     PaneDocks docks;
     StatusLine status;
     ChartActs acts;
+    JobDesk desk;
+    EmptyHint* hint = nullptr;  // a child of the chart
+    QMenu* addMenu = nullptr;
     QAction* exportAction = nullptr;
     QAction* addFirstAction = nullptr;
     QAction* nightAction = nullptr;

@@ -29,6 +29,10 @@ QString PositionText(tagXY position) {
     return "E " + Grouped(Format("%.3lf", position.x)) + "   N " + Grouped(Format("%.3lf", position.y));
 }
 
+QString CountText(int count) {
+    return Grouped(Format("%d", count));
+}
+
 QString ScaleText(double denominator) {
     if (!(denominator > 0.0) || denominator > 1e12) return {};
     // A scale of a screen is known to three figures at most.

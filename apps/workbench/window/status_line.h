@@ -15,6 +15,8 @@ public:
     explicit StatusLine(QStatusBar& bar);
 
     void ShowMessage(const QString& text) { bar.showMessage(text, kMessageMs); }
+    /// Stands until the next message.
+    void ShowLasting(const QString& text) { bar.showMessage(text); }
     /// Stands until the program ends.
     void SetNote(const QString& text);
     /// What lies under the cursor, at the left where passing messages go, which hide it for as long as they stand.
@@ -38,6 +40,8 @@ private:
 
 /// "E 503 150.000  N 5 843 620.000": figures in groups of three, three decimals.
 QString PositionText(tagXY position);
+/// "12 345": figures in groups of three.
+QString CountText(int count);
 /// "1 : 125 000": two figures more than zero count below 100 000, three above.
 QString ScaleText(double denominator);
 
