@@ -136,11 +136,13 @@ std::string_view FaultText(GEODESY_FAULT fault) {
 
 GEODESY_FAULT CJobGeodesy::Load() {
     Clear();
+    loadFault = GEODESY_FAULT::NONE;
     GeodesyChoice stored;
     CConfigFile file(files);
-    if (!file.OpenForRead(kSettingsName)) return GEODESY_FAULT::NONE;
+    if (!file.OpenForRead(kSettingsName)) return loadFault;
     ReadLines(file, stored);
-    return stored.chosen ? Choose(stored) : GEODESY_FAULT::NONE;
+    if (stored.chosen) loadFault = Choose(stored);
+    return loadFault;
 }
 
 bool CJobGeodesy::Save() const {

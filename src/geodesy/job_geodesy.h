@@ -75,6 +75,8 @@ public:
     /// Reads the settings. A file that is missing, or whose choice can't be worked on, leaves no grid chosen; the fault
     /// tells why.
     GEODESY_FAULT Load();
+    /// Of the last Load.
+    GEODESY_FAULT LoadFault() const { return loadFault; }
     /// False if the file can't be written.
     bool Save() const;
 
@@ -109,6 +111,7 @@ public:
 private:
     FileSystem& files;
     GeodesyChoice choice;
+    GEODESY_FAULT loadFault = GEODESY_FAULT::NONE;
     CEllipsoid ellipsoid;
     CGrid grid;  // lends the ellipsoid
 };

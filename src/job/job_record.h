@@ -40,8 +40,8 @@ struct JobRecord : private FileWatcher {
     CRouteList routes;
     CSailLineList sailLines;
     CStructureList structures;  ///< with the drawings that serve as shapes
+    CJobGeodesy geodesy;        ///< the grid that the job's positions are on, if one is chosen
 
-    CJobGeodesy geodesy;  ///< which grid the job is on
     CVesselList vessels;
     CTemplateList templates;
     CTargetPlot targetPlot;

@@ -62,6 +62,7 @@ TEST_F(SampleFilesTest, SettingsAreAsTheProgramWritesThem) {
     EXPECT_TRUE(features.targetPlot.Save(platform.Files()));
     features.pipeRoute.WriteSettings();
     features.pipeRoute.WriteActive();
+    features.geodesy.Save();
     for (int i = 0; i < features.routes.GetCount(); ++i) {
         features.routes[i].SaveDrawingOptions();
         features.routes[i].SaveCorridorOptions();

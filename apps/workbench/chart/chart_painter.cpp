@@ -91,7 +91,7 @@ void ChartPainter::Paint(QPainter& painter, const ChartView& view, const ChartSc
     PaintGrid(painter, view, scene, night);
     painter.save();
     painter.setClipRect(QRect(0, 0, view.Width(), view.Height()), Qt::IntersectClip);
-    PaintFurniture(painter, view, scene.shown, night);
+    PaintFurniture(painter, view, scene, night);
     painter.restore();
 }
 

@@ -71,6 +71,14 @@ void ChartWidget::SetShown(std::optional<tagXY> point) {
     Redraw();
 }
 
+void ChartWidget::SetGraticule(std::shared_ptr<const ChartGraticule> lines) {
+    auto changed = std::make_shared<ChartScene>(*scene);
+    changed->graticule = std::move(lines);
+    scene = std::move(changed);
+    // It lies above the picture, which stays.
+    update();
+}
+
 void ChartWidget::SetNight(bool on) {
     isNight = on;
     Redraw();
@@ -139,7 +147,7 @@ void ChartWidget::paintEvent(QPaintEvent*) {
     AskForFrame();
     QPainter target(this);
     frames.Show(target, view, isNight);
-    PaintFurniture(target, view, scene->shown, isNight);
+    PaintFurniture(target, view, *scene, isNight);
     target.setRenderHint(QPainter::Antialiasing, false);
     if (drag == DRAG::BOX) PaintBox(target);
     if (tool) tool->Paint(target, view, isNight);

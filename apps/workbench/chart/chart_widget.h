@@ -27,6 +27,8 @@ public:
     const ChartScene& Scene() const { return *scene; }
     /// Marks a point above everything; nothing for none.
     void SetShown(std::optional<tagXY> point);
+    /// The lines of latitude and longitude in view; null for none.
+    void SetGraticule(std::shared_ptr<const ChartGraticule> lines);
     void SetNight(bool on);
 
     const ChartView& View() const { return view; }

@@ -74,11 +74,63 @@ void PaintShown(QPainter& painter, const ChartView& view, const ChartColours& co
     }
 }
 
+/// Where a line leaves the view: a meridian at the lower edge, a parallel at the right one. None if it doesn't.
+std::optional<double> LeavesAt(const ChartGraticuleLine& line, const ChartView& view) {
+    const double edge = line.isMeridian ? view.Height() : view.Width();
+    for (const std::vector<tagXY>& run : line.runs) {
+        for (std::size_t i = 1; i < run.size(); ++i) {
+            PixelPoint a = view.ToPixel(run[i - 1]), b = view.ToPixel(run[i]);
+            if (line.isMeridian) a = {a.y, a.x}, b = {b.y, b.x};
+            if ((a.x < edge) == (b.x < edge)) continue;
+            return a.y + (b.y - a.y) * (edge - a.x) / (b.x - a.x);
+        }
+    }
+    return std::nullopt;
+}
+
+void PaintGraticuleFigures(QPainter& painter, const ChartView& view, const ChartColours& colours,
+                           const ChartGraticuleLine& line) {
+    const std::optional<double> at = LeavesAt(line, view);
+    if (!at) return;
+    const FontMeasures& measures = FontMeasures::Of(kChartFont);
+    const int wide = measures.Width(line.label) + 8, high = measures.Height() + 2;
+    const int middle = static_cast<int>(std::lround(*at));
+    // Clear of the scale bar at the lower left and of each other in the corner.
+    if (line.isMeridian && middle > 230 && middle < view.Width() - wide) {
+        PaintFigures(painter, colours, {middle - wide / 2, view.Height() - high - 4, wide, high}, line.label);
+    }
+    if (!line.isMeridian && middle > 24 && middle < view.Height() - 2 * high) {
+        PaintFigures(painter, colours, {view.Width() - wide - 4, middle - high / 2, wide, high}, line.label);
+    }
+}
+
+void PaintGraticule(QPainter& painter, const ChartView& view, const ChartColours& colours,
+                    const ChartGraticule& graticule) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(ToQColor(colours.graticule), 1.0));
+    for (const ChartGraticuleLine& line : graticule.lines) {
+        for (const std::vector<tagXY>& run : line.runs) {
+            QPolygonF pixels;
+            for (const tagXY& point : run) {
+                const PixelPoint at = view.ToPixel(point);
+                pixels << QPointF(at.x, at.y);
+            }
+            painter.drawPolyline(pixels);
+        }
+    }
+    painter.setFont(FontMeasures::Of(kChartFont).Font());
+    painter.setPen(ToQColor(colours.gridText));
+    for (const ChartGraticuleLine& line : graticule.lines) PaintGraticuleFigures(painter, view, colours, line);
+    painter.restore();
+}
+
 }  // namespace
 
-void PaintFurniture(QPainter& painter, const ChartView& view, const std::optional<tagXY>& shown, bool night) {
+void PaintFurniture(QPainter& painter, const ChartView& view, const ChartScene& scene, bool night) {
     const ChartColours& colours = ColoursOf(night);
-    if (shown) PaintShown(painter, view, colours, *shown);
+    if (scene.graticule) PaintGraticule(painter, view, colours, *scene.graticule);
+    if (scene.shown) PaintShown(painter, view, colours, *scene.shown);
     PaintGridFigures(painter, view, colours);
     PaintScaleBar(painter, view, colours);
 }

@@ -146,6 +146,20 @@ void Job::ClearShownPoint() {
     if (observer) observer->OnDrawingChanged();
 }
 
+GEODESY_FAULT Job::ChooseGeodesy(const GeodesyChoice& choice) {
+    const GEODESY_FAULT fault = record.geodesy.Choose(choice);
+    if (fault != GEODESY_FAULT::NONE) return fault;
+    record.geodesy.Save();
+    if (observer) observer->OnGeodesyChanged();
+    return fault;
+}
+
+void Job::ClearGeodesy() {
+    record.geodesy.Clear();
+    record.geodesy.Save();
+    if (observer) observer->OnGeodesyChanged();
+}
+
 LRESULT Job::OnMessage(const MSG& message) {
     if (message.message == UM_REDRAW_CHART || message.message == UM_REDRAW_VECTOR_DISPLAY) {
         OnRedraw(message.wParam);

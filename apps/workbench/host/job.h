@@ -37,6 +37,8 @@ public:
     virtual void OnFeatureUpdate(KIND kind) = 0;
     /// The pane of this kind asks to be brought to the front.
     virtual void OnFocusFeature(KIND kind) = 0;
+    /// The job's positions are on another grid than before, or on none that is known.
+    virtual void OnGeodesyChanged() = 0;
 };
 
 /// The host of a job: it owns the features and the panes over them, and is the window that the panes' messages reach.
@@ -78,6 +80,11 @@ public:
     /// The point that the chart marks.
     const std::optional<tagXY>& ShownPoint() const { return shownPoint; }
     void ClearShownPoint();
+
+    /// Works on another grid from now on and keeps it; with a fault, on the one before. No position changes.
+    GEODESY_FAULT ChooseGeodesy(const GeodesyChoice& choice);
+    /// No grid chosen.
+    void ClearGeodesy();
 
     /// Whether the cable clearance must be computed again before it is used.
     bool IsClearanceStale() const { return clearanceStale; }

@@ -9,6 +9,7 @@ struct ChartColours {
     COLORREF ground;
     COLORREF gridLine;
     COLORREF gridText;
+    COLORREF graticule;  ///< lines of latitude and longitude
     COLORREF scaleBar;
     COLORREF labelGround;
     COLORREF labelFrame;

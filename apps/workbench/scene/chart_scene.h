@@ -12,6 +12,7 @@
 #include "foundation/values.h"
 #include "platform/dc.h"
 #include "platform/display_options.h"
+#include "scene/chart_graticule.h"
 #include "scene/chart_raster.h"
 #include "scene/path_lod.h"
 
@@ -140,6 +141,8 @@ struct ChartScene {
     std::vector<ChartLayer> layers;
     /// The point last picked, marked above everything.
     std::optional<tagXY> shown;
+    /// Of the part of the grid in view; null for none.
+    std::shared_ptr<const ChartGraticule> graticule = {};
 };
 
 /// A path that is drawn as it is given, for what has few points.

@@ -62,7 +62,8 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
       docks(*this, shownJob, factory),
       status(*statusBar()),
       acts(job, scenes, *chart, docks, status),
-      desk(*this, shownJob, docks, status) {
+      desk(*this, shownJob, docks, status),
+      geodesy(shownJob, *chart, *statusBar()) {
     setWindowTitle("Quillon");
     setWindowIcon(MakeIcon(ICON::APPLICATION));
     setCentralWidget(chart);
@@ -110,6 +111,7 @@ void MainWindow::ConnectChart() {
     chart->onCursor = [this](const std::optional<tagXY>& position) {
         status.SetPosition(position);
         acts.OnCursor(position);
+        geodesy.OnCursor(position);
     };
     chart->onViewChanged = [this] { FollowView(); };
     chart->onClick = [this](PixelPoint at) { acts.OnClick(at); };
@@ -119,6 +121,7 @@ void MainWindow::RebuildScene() {
     sceneStale = false;
     ChartScene scene = scenes.Build();
     scene.shown = job.ShownPoint();
+    scene.graticule = geodesy.Lines();
     const bool isFirst = std::exchange(sceneEmpty, scenes.IsEmpty()) && !sceneEmpty;
     chart->SetScene(std::move(scene));
     acts.OnSceneChanged();
@@ -193,6 +196,7 @@ void MainWindow::FollowView() {
         fitted = view;
         ZoomToAll();
     }
+    geodesy.FollowView();
     status.SetScale(chart->View().MetresPerPixel() * chart->logicalDpiX() / kMetresPerInch);
 }
 
@@ -220,6 +224,12 @@ void MainWindow::OnFeatureUpdate(KIND) {
 
 void MainWindow::OnFocusFeature(KIND kind) {
     if (QDockWidget* const dock = docks.DockOf(kind)) docks.BringToFront(*dock);
+}
+
+void MainWindow::OnGeodesyChanged() {
+    geodesy.Refresh();
+    // What lies on other grids, such as shapes in degrees, moves to its place on this one.
+    OnDrawingChanged();
 }
 
 // ---- Actions ----
@@ -272,6 +282,8 @@ void MainWindow::MakeFileMenu() {
     exportAction->setIcon(MakeIcon(ICON::EXPORT));
     connect(exportAction, &QAction::triggered, this, [this] { ExportPicture(); });
     menu.addAction(exportAction);
+    addAction(geodesy.ChooseAction());
+    menu.addAction(geodesy.ChooseAction());
     QAction* const password = MakeAction("&Password...", {}, "Set or clear the password of the anchor cable alarm");
     connect(password, &QAction::triggered, this, [this] {
         if (!ChangePassword(this, platform.Passwords())) return;
@@ -326,6 +338,8 @@ void MainWindow::MakeViewMenu() {
     zoomInAction->setShortcuts({QKeySequence("Ctrl++"), QKeySequence("Ctrl+=")});
     zoomOutAction = zoom(ICON::ZOOM_OUT, "Zoom &Out", QKeySequence("Ctrl+-"), "Show more of the job",
                          [this] { chart->ZoomBy(1.0 / kZoomStep); });
+    addAction(geodesy.GraticuleAction());
+    menu.addAction(geodesy.GraticuleAction());
     menu.addSeparator();
     nightAction =
         zoom(ICON::NIGHT, "&Night", QKeySequence("Ctrl+N"), "Night colours", [this](bool on) { SetNight(on); });

@@ -11,6 +11,7 @@
 #include "toolkit/theme.h"
 #include "window/chart_acts.h"
 #include "window/empty_hint.h"
+#include "window/geodesy_display.h"
 #include "window/job_desk.h"
 #include "window/pane_docks.h"
 #include "window/status_line.h"
@@ -60,6 +61,7 @@ private:
     void OnClearanceStale() override;
     void OnFeatureUpdate(KIND kind) override;
     void OnFocusFeature(KIND kind) override;
+    void OnGeodesyChanged() override;
 
     void ConnectChart();
     void MakeActions();
@@ -100,6 +102,7 @@ private:
     StatusLine status;
     ChartActs acts;
     JobDesk desk;
+    GeodesyDisplay geodesy;
     EmptyHint* hint = nullptr;  // a child of the chart
     QMenu* addMenu = nullptr;
     QAction* exportAction = nullptr;
