@@ -56,7 +56,7 @@ TEST_F(GeodesyTest, AnotherGridIsKeptAndShownAndNoPositionChanges) {
     window.Settle();
     ASSERT_NE(window.Chart().Scene().graticule, nullptr);
     const auto lines = window.Chart().Scene().graticule->lines;
-    EXPECT_GT(lines.size(), 4u);
+    ASSERT_GE(lines.size(), 2u);
     QTimer operatorActs;
     QObject::connect(&operatorActs, &QTimer::timeout, qApp, [&operatorActs] {
         auto* const dialog = dynamic_cast<GeodesyDialog*>(QApplication::activeModalWidget());
