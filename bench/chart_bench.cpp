@@ -17,6 +17,8 @@
 
 #include "chart/chart_painter.h"
 #include "scene/chart_hit.h"
+#include "scene/depth_ramp.h"
+#include "scene/relief.h"
 
 namespace quillon {
 namespace {
@@ -199,6 +201,53 @@ void Hit(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(HitsOf(scene, view, at, 8.0));
 }
 
+constexpr int kDepthSide = 3163;  ///< of a square of ten million cells
+
+/// Sand waves on a metre grid.
+const std::vector<std::int32_t>& Depths() {
+    static const std::vector<std::int32_t> depths = [] {
+        std::vector<std::int32_t> cells;
+        for (int row = 0; row < kDepthSide; ++row) {
+            for (int column = 0; column < kDepthSide; ++column) {
+                cells.push_back(3000 + static_cast<std::int32_t>(150 * std::sin(0.03 * column + 0.01 * row)));
+            }
+        }
+        return cells;
+    }();
+    return depths;
+}
+
+std::shared_ptr<const ChartRaster> MakeDepthRaster() {
+    return std::make_shared<const ChartRaster>(nullptr, Depths(), kDepthSide, kDepthSide, tagXY{500000, 6000000}, 1.0);
+}
+
+/// Ten million cells, with and without relief, while one pans.
+void PaintDepths(benchmark::State& state) {
+    ChartImage image{.raster = MakeDepthRaster()};
+    image.colours = std::make_shared<const ChartColourScale>(
+        ChartColourScale{2850, 3150, DepthRamp(false, 128), DepthRamp(true, 128)});
+    image.heightPerValue = state.range(1) != 0 ? ExaggeratedHeight(*image.raster, -0.01) : 0.0;
+    ChartScene scene;
+    scene.layers.push_back({.id = 1, .items = {image}});
+    ChartView view;
+    view.SetSize(kWidth, kHeight);
+    view.ZoomTo(image.raster->Box());
+    view.SetScale(view.MetresPerPixel() * std::exp2(-static_cast<double>(state.range(0))));
+    QImage picture(kWidth, kHeight, QImage::Format_RGB32);
+    ChartPainter chart;
+    int shift = 1;
+    for (auto _ : state) {
+        QPainter painter(&picture);
+        chart.Paint(painter, view, scene, false);
+        view.Pan(shift = -shift, 0);
+    }
+}
+
+void MakeDepthLevels(benchmark::State& state) {
+    Depths();
+    for (auto _ : state) benchmark::DoNotOptimize(ExaggeratedHeight(*MakeDepthRaster(), -0.01));
+}
+
 constexpr int kAll = LINE | FILL | MARKS | LABELS;
 
 BENCHMARK(PaintAgain)
@@ -222,6 +271,11 @@ BENCHMARK(Hit)
     ->ArgNames({"shape", "halvings"})
     ->ArgsProduct({{COAST, NOISE}, {0, 6, 12}})
     ->Unit(benchmark::kMillisecond);
+BENCHMARK(PaintDepths)
+    ->ArgNames({"halvings", "relief"})
+    ->ArgsProduct({{0, 1, 2, 3, 5, 7}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(MakeDepthLevels)->Unit(benchmark::kMillisecond);
 BENCHMARK(PaintEveryPoint)
     ->ArgNames({"shape", "halvings", "thick"})
     ->ArgsProduct({{COAST}, {0, 6, 12}, {1}})

@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         DtmProgress progress;
         fuzz::Require(ReadDtmDepths(dtm, progress, path));
         fuzz::Require(dtm.depths.Size() == cells && dtm.report.cellsWithDepth <= cells);
-        dtm.DepthAt(dtm.extents.easting.maximum, dtm.extents.northing.maximum);
+        dtm.DepthAt({dtm.extents.easting.maximum, dtm.extents.northing.maximum});
         for (const auto& stamp : dtm.header.stamps) fuzz::Require(DateText(stamp).size() >= 11);
     }
     ::unlink(path.c_str());

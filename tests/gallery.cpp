@@ -20,21 +20,66 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTest>
+#include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
 #include <clocale>
 #include <filesystem>
+#include <fstream>
+#include <functional>
+#include <thread>
 
+#include "background/dtm_dialogs.h"
+#include "background/shape_file_selector_dlg.h"
+#include "bindings/dialog_binding.h"
 #include "bindings/property_list_binding.h"
 #include "bindings/sample_pane.h"
 #include "bindings/window_binding.h"
 #include "chart/chart_symbols.h"
+#include "panes/dtm_regular_dlg.h"
 #include "toolkit/colours.h"
 #include "toolkit/qt_platform.h"
 #include "toolkit/theme.h"
 
 namespace quillon::test {
 namespace {
+
+/// A load that stands still on its way, until it is quit.
+void StandStill(LoadProgress& progress) {
+    while (!progress.IsCancelled()) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+}
+
+class HeldLoad : public CLoadDlg {
+public:
+    HeldLoad(Platform& owner, LoadProgress& shared) : CLoadDlg(owner, shared, UM_DXF_THREAD, kLoadDlgSize, nullptr) {
+        shared.Begin(386'000'000);
+        shared.SetPosition(236'912'640);
+    }
+
+protected:
+    std::string Caption() const override { return "Loading DXF Northfield A........."; }
+    bool Work() override {
+        StandStill(*held);
+        return false;
+    }
+    void OnTick() override { ShowBytes(); }
+
+public:
+    LoadProgress* held = nullptr;
+};
+
+class HeldImport : public CImportDtm {
+public:
+    using CImportDtm::CImportDtm;
+
+protected:
+    bool Work() override {
+        CImportDtm::Work();
+        progress.SetPosition(progress.GetTotal() * 2 / 5);
+        StandStill(progress);
+        return false;
+    }
+};
 
 class Gallery {
 public:
@@ -52,6 +97,7 @@ public:
         ShootPane(night);
         ShootChrome();
         ShootDialogs();
+        ShootLoads();
     }
 
 private:
@@ -158,6 +204,41 @@ private:
         dialog.show();
         QTest::qWait(300);
         Save(dialog, "files");
+    }
+
+    /// Runs a dialog, takes its picture a moment later and leaves it.
+    void ShootModal(const QString& name, const std::function<void()>& run) {
+        QTimer::singleShot(400, qApp, [this, name] {
+            if (auto* const open = dynamic_cast<DialogBinding*>(QApplication::activeModalWidget())) {
+                Save(*open, name);
+                open->reject();
+            }
+        });
+        run();
+    }
+
+    void ShootLoads() {
+        ShowDialogsBy(platform, factory);
+        platform.SetNight(suffix.contains("night"));
+        std::filesystem::create_directories(drives / "c" / "Job");
+        std::ofstream(drives / "c" / "Job" / "Northfield.xyz") << "500000 5840000 -21.35\n500050 5840000 -22\n"
+                                                                  "500100 5840000 -23.1\n500000 5840050 -28.04\n";
+        for (const char* const chart : {"NF_blocks", "NF_cables", "UK_coast"}) {
+            std::ofstream(drives / "c" / "Job" / (std::string(chart) + ".shp"));
+        }
+        LoadProgress progress;
+        HeldLoad load(platform, progress);
+        load.held = &progress;
+        ShootModal("load", [&load] { load.DoModal(); });
+        CDtm dtm(platform.Files());
+        dtm.fileName[0] = "C:\\Job\\Northfield.xyz";
+        HeldImport import(platform, dtm);
+        ShootModal("load-dtm", [&import] { import.DoModal(); });
+        CDtmRegularDlg regular(platform, dtm);
+        ShootModal("regular", [&regular] { regular.DoModal(); });
+        CShapeFileSelectorDlg charts(platform);
+        charts.SetPath("C:\\Job\\", true);
+        ShootModal("charts", [&charts] { charts.DoModal(); });
     }
 
     Theme theme;

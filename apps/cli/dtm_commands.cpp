@@ -114,22 +114,6 @@ struct RegularOptions {
     bool yes = false;
 };
 
-std::string FaultText(DTM_REGULAR_FAULT fault, const DtmGrid& grid) {
-    switch (fault) {
-        case DTM_REGULAR_FAULT::NO_DEPTHS:
-            return "no sample with a depth";
-        case DTM_REGULAR_FAULT::STEP_TOO_FINE:
-            return "the step is too fine for coordinates of that size";
-        case DTM_REGULAR_FAULT::TOO_MANY_CELLS:
-            return Format("%lld columns and %lld rows are too many cells; take a larger step",
-                          static_cast<long long>(grid.columns), static_cast<long long>(grid.rows));
-        case DTM_REGULAR_FAULT::CANCELLED:
-        case DTM_REGULAR_FAULT::NO:
-            break;
-    }
-    return "stopped";
-}
-
 /// Whether the output may be written: it isn't the input, and replaces a file only if that was agreed to.
 bool MayWrite(CliContext& context, FileSystem& files, const RegularOptions& options) {
     const std::filesystem::path in = files.Native(TextFromUtf8(options.file));

@@ -1,6 +1,5 @@
 #include "dtm_sheet.h"
 
-#include "platform/text.h"
 #include "printable.h"
 #include "report_sheet.h"
 
@@ -32,12 +31,6 @@ void PutReport(Sheet& sheet, const DtmReport& report, const Names& names) {
     sheet.EndGroup();
 }
 
-std::string PlaceText(const DtmPlace& place, const Names& names) {
-    std::string text = Format("line %zu", place.line);
-    if (!names[1].empty()) text += " of " + names[static_cast<std::size_t>(place.slot)];
-    return text;
-}
-
 }  // namespace
 
 void FillSheet(Sheet& sheet, const CDtm& dtm, bool withReport) {
@@ -63,15 +56,7 @@ std::string ReportText(const DtmReport& report, const Names& names) {
     for (std::size_t slot = 0; slot < CDtm::kSlots; ++slot) {
         if (report.lines[slot].opened) text += ReportText(PrintableUtf8(names[slot]), report.lines[slot]);
     }
-    text += Format("  %llu samples without a depth", static_cast<unsigned long long>(report.withoutDepth));
-    text += Format("; %llu fell into a cell that an earlier one held", static_cast<unsigned long long>(report.merged));
-    text += Format("; %llu lie outside the array\n", static_cast<unsigned long long>(report.dropped));
-    if (report.stepSource) {
-        std::string step;
-        AppendShortest(step, report.extents.step);
-        text += "  step " + step + " m, set by " + PlaceText(report.stepSource->before, names) + " and " +
-                PlaceText(report.stepSource->behind, names) + "\n";
-    }
+    for (const std::string& note : NotesOf(report, names)) text += "  " + note + "\n";
     return text;
 }
 

@@ -91,11 +91,7 @@ void FillSheet(Sheet& sheet, const CShape& shape, const ShapeReport& report, con
 std::string ReportText(std::string_view file, const ShapeReport& report) {
     std::string text(file);
     text += Format(": %zu records, %zu taken\n", report.records, report.taken);
-    for (const ShapeReport::Line& line : report.lines) {
-        text += line.record > 0 ? Format("  record %zu: ", line.record) : "  ";
-        text += Utf8FromText(line.reason) + '\n';
-    }
-    if (report.unnamed > 0) text += Format("  and %zu more\n", report.unnamed);
+    for (const std::string& note : NotesOf(report)) text += "  " + Utf8FromText(note) + '\n';
     return text;
 }
 

@@ -224,6 +224,8 @@ constexpr std::array<ShownKind, kKindCount> kShownKinds = {{
     {KIND::SAIL_LINE, AddSailLine},
     {KIND::PIPE_ROUTE, AddNothing},
     {KIND::STRUCTURE, AddShowStructure},
+    {KIND::DTM, AddShowDtm},
+    {KIND::SHAPE, AddShowShape},
 }};
 static_assert(HasEveryKind(kShownKinds), "every kind can be shown");
 
@@ -241,10 +243,8 @@ void AddShowCommands(CLI::App& app, CliContext& context) {
 
     for (const ShownKind& kind : kShownKinds) kind.add(show, context);
     AddRpl(show, context);
-    AddShowShape(show, context);
     AddShowVessels(show, context);
     AddDrawingKinds(show, context);
-    AddShowDtm(show, context);
 }
 
 }  // namespace quillon

@@ -56,6 +56,7 @@ int Deliver(const QImage& picture, const std::filesystem::path& file) {
 int Render(QtPlatform& platform, const WorkbenchOptions& options) {
     Job job(platform);
     job.Open();
+    job.Loads().Settle();
     const PixelSize size = options.size.value_or(kRenderSize);
     SceneBuilder scenes(job.Record());
     return Deliver(RenderChart(scenes.Build(), QSize(size.width, size.height), options.night), options.render);

@@ -46,6 +46,23 @@ void CDtm::Unload() {
     Clear();
 }
 
+void CDtm::TakeModel(CDtm& loaded) {
+    sizeText = loaded.sizeText;
+    dateText = loaded.dateText;
+    timeText = loaded.timeText;
+    header = loaded.header;
+    extents = loaded.extents;
+    depths = std::move(loaded.depths);
+    lastColumn = lastRow = -1;
+    report = std::move(loaded.report);
+    loaded.Unload();
+}
+
+std::size_t CDtm::CountFiles() const {
+    return static_cast<std::size_t>(
+        std::count_if(fileName.begin(), fileName.end(), [](const std::string& name) { return !name.empty(); }));
+}
+
 // ---- Cache ----
 
 std::string CDtm::CacheFileName() const {
@@ -140,8 +157,9 @@ std::int64_t CDtm::CellOf(double easting, double northing) {
     return column < 0 || row < 0 ? -1 : header.columns * row + column;
 }
 
-double CDtm::DepthAt(double easting, double northing) const {
-    const std::int64_t cell = IsLoaded() ? header.Grid().CellOf(easting, northing) : -1;
+double CDtm::DepthAt(tagXY position) const {
+    const double half = 0.5 * header.step;
+    const std::int64_t cell = IsLoaded() ? header.Grid().CellOf(position.x + half, position.y + half) : -1;
     if (cell < 0) return MISSING_VALUE;
     const std::int32_t depth = depths[static_cast<std::size_t>(cell)];
     return depth == kNoDepth ? MISSING_VALUE : depth / 100.0;

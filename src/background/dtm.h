@@ -4,13 +4,14 @@
 #include <cstdint>
 #include <string>
 
+#include "background/dtm_depths.h"
 #include "background/dtm_grid.h"
 #include "background/dtm_header.h"
 #include "background/dtm_progress.h"
 #include "background/dtm_report.h"
 #include "foundation/config_file.h"
 #include "foundation/settings_lines.h"
-#include "platform/big_array.h"
+#include "platform/display_options.h"
 
 namespace quillon {
 
@@ -28,9 +29,9 @@ public:
     // Settings.
     std::array<std::string, kSlots> fileName;  ///< full paths of DTM One, Two, Three; empty when unused
     bool displayCoverage = true;               ///< the limits of the files are drawn
-    std::array<tagPen, kSlots> pen = {tagPen{.thickness = 1, .colour = RGB(0, 128, 0), .fill = 4},
-                                      tagPen{.thickness = 1, .colour = RGB(0, 0, 255), .fill = 4},
-                                      tagPen{.thickness = 1, .colour = RGB(128, 0, 128), .fill = 4}};
+    std::array<tagPen, kSlots> pen = {tagPen{.thickness = 1, .colour = RGB(0, 128, 0), .fill = kFillNone},
+                                      tagPen{.thickness = 1, .colour = RGB(0, 0, 255), .fill = kFillNone},
+                                      tagPen{.thickness = 1, .colour = RGB(128, 0, 128), .fill = kFillNone}};
 
     /// Skipped if the file can't be written.
     void SaveSettings() const;
@@ -40,9 +41,9 @@ public:
     // The loaded model.
     std::array<std::string, kSlots> sizeText, dateText, timeText;  ///< of the text files, for people
     DtmHeader header;
-    DtmExtents extents;             ///< running; from a cache, those that its header tells
-    BigArray<std::int32_t> depths;  ///< centimetres or kNoDepth, `header.rows` rows of `header.columns`; or none
-    int lastColumn = -1;            ///< what ColumnOf found last: -1 below the minimum, -2 past the end
+    DtmExtents extents;   ///< running; from a cache, those that its header tells
+    DtmDepths depths;     ///< centimetres or kNoDepth, `header.rows` rows of `header.columns`; or none
+    int lastColumn = -1;  ///< what ColumnOf found last: -1 below the minimum, -2 past the end
     int lastRow = -1;
     DtmReport report;
     DtmLimits limits;
@@ -52,6 +53,10 @@ public:
     void Clear();
     /// Drops the array and all that is known of it.
     void Unload();
+    /// Takes over what another one has loaded, with its report; its settings stay.
+    void TakeModel(CDtm& loaded);
+    /// Number of files named.
+    std::size_t CountFiles() const;
 
     /// Beside DTM One: its own name, or "Combined" or "Triple" with two or three files.
     std::string CacheFileName() const;
@@ -76,8 +81,9 @@ public:
     int RowOf(double northing);
     std::int64_t CellOf(double easting, double northing);
 
-    /// Depth in metres in the cell of a position; MISSING_VALUE where there is none. Notes nothing.
-    double DepthAt(double easting, double northing) const;
+    /// Depth in metres of the sample that a position lies nearest to, half a step away from it at most on either axis;
+    /// MISSING_VALUE where there is none.
+    double DepthAt(tagXY position) const;
 
     /// Takes a header over, with what follows from it.
     void UseHeader(const DtmHeader& newHeader);

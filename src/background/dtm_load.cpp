@@ -43,7 +43,7 @@ void EachTextFile(const CDtm& dtm, const LoadProgress& progress, Add add) {
 std::string_view BytesOf(const DtmHeader& header) {
     return {reinterpret_cast<const char*>(&header), sizeof header};
 }
-std::string_view BytesOf(const BigArray<std::int32_t>& cells) {
+std::string_view BytesOf(const DtmDepths& cells) {
     return {reinterpret_cast<const char*>(cells.Data()), cells.Size() * sizeof(std::int32_t)};
 }
 

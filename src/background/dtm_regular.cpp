@@ -88,7 +88,7 @@ int DecimalsOf(double step) {
 /// What the step in the file is less than the true one: 0 where coordinates are exact in binary, else more than their
 /// rounding, so that no cell's corner comes to lie below it.
 double Shortening(const DtmGrid& grid) {
-    constexpr double kBinaryUnits = 1024.0;
+    constexpr double kBinaryUnits = 512.0;
     const double units = grid.step * kBinaryUnits;
     if (units == std::floor(units)) return 0.0;
     const double largest = std::max({std::fabs(grid.minEasting), std::fabs(grid.minNorthing),
@@ -111,13 +111,17 @@ DTM_REGULAR_FAULT Judge(const DtmGrid& grid, double shortening, const DtmLimits&
 class Output {
 public:
     Output(CStdioFile& target, const Bins& written, double lessThanStep)
-        : file(target), cells(written), grid(written.grid), shortening(lessThanStep), decimals(DecimalsOf(grid.step)) {}
+        : file(target),
+          cells(written),
+          grid(written.grid),
+          shortening(lessThanStep),
+          decimals(DecimalsOf(grid.step) + 1) {}
     ~Output() { file.WriteString(block); }
 
     /// Step and far corner. Counts are worked out only when a third easting and a second northing have come.
     void PutFrame() {
         Put(0, 0, "0");
-        AppendFixed(block, grid.minEasting + grid.step - shortening, shortening > 0.0 ? kFineDecimals : decimals);
+        AppendFixed(block, Easting(1) - shortening, shortening > 0.0 ? kFineDecimals : decimals);
         block += ',';
         AppendFixed(block, Northing(0), decimals);
         block += ",0\n";
@@ -137,8 +141,10 @@ public:
 
 private:
     static constexpr int kFineDecimals = 12;
-    double Easting(std::int64_t column) const { return (cells.firstColumn + static_cast<double>(column)) * grid.step; }
-    double Northing(std::int64_t row) const { return (cells.firstRow + static_cast<double>(row)) * grid.step; }
+    double Easting(std::int64_t column) const {
+        return (cells.firstColumn + 0.5 + static_cast<double>(column)) * grid.step;
+    }
+    double Northing(std::int64_t row) const { return (cells.firstRow + 0.5 + static_cast<double>(row)) * grid.step; }
 
     CStdioFile& file;
     const Bins& cells;
@@ -173,6 +179,22 @@ std::uint64_t PutBins(const DtmGrid& grid, const BigArray<Bin>& bins, DTM_TAKE t
 }
 
 }  // namespace
+
+std::string FaultText(DTM_REGULAR_FAULT fault, const DtmGrid& grid) {
+    switch (fault) {
+        case DTM_REGULAR_FAULT::NO_DEPTHS:
+            return "no sample with a depth";
+        case DTM_REGULAR_FAULT::STEP_TOO_FINE:
+            return "the step is too fine for coordinates of that size";
+        case DTM_REGULAR_FAULT::TOO_MANY_CELLS:
+            return Format("%lld columns and %lld rows are too many cells; take a larger step",
+                          static_cast<long long>(grid.columns), static_cast<long long>(grid.rows));
+        case DTM_REGULAR_FAULT::CANCELLED:
+        case DTM_REGULAR_FAULT::NO:
+            break;
+    }
+    return "stopped";
+}
 
 DtmRegularResult MakeRegularDtm(const CRandomFile& text, const DtmRegularOptions& options, const DtmLimits& limits,
                                 DtmProgress& progress, CStdioFile& out) {

@@ -38,8 +38,11 @@ struct DtmRegularResult {
     std::uint64_t cellsWithDepth = 0;
 };
 
+/// For people: why there is no regular file. `grid` is the result's.
+std::string FaultText(DTM_REGULAR_FAULT fault, const DtmGrid& grid);
+
 /// Bins the samples of a text into square cells whose corners are whole steps, and writes a text that a DTM takes as
-/// exactly that grid: a sample at the south-west corner of each cell that holds one, row by row. Ahead of them stand
+/// exactly that grid: a sample in the middle of each cell that holds one, row by row. Ahead of them stand
 /// three points without a depth: two a step apart, so that the step is found however sparse the cells are, and the far
 /// corner, so that columns and rows are counted with it.
 ///

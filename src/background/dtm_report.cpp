@@ -36,6 +36,24 @@ std::string GridText(const DtmReport& report, const std::array<std::string, 3>& 
 
 }  // namespace
 
+std::vector<std::string> NotesOf(const DtmReport& report, const std::array<std::string, 3>& names) {
+    if (!report.imported) return {};
+    std::vector<std::string> notes = {Format(
+        "%llu samples without a depth; %llu fell into a cell that an earlier one held; %llu lie outside the array",
+        static_cast<unsigned long long>(report.withoutDepth), static_cast<unsigned long long>(report.merged),
+        static_cast<unsigned long long>(report.dropped))};
+    if (report.stepSource) {
+        const auto place = [&names](const DtmPlace& at) {
+            std::string text = Format("line %zu", at.line);
+            if (!names[1].empty()) text += " of " + names[static_cast<std::size_t>(at.slot)];
+            return text;
+        };
+        notes.push_back("step " + Digits(report.extents.step) + " m, set by " + place(report.stepSource->before) +
+                        " and " + place(report.stepSource->behind));
+    }
+    return notes;
+}
+
 std::uint64_t DtmLimits::DefaultBytes() {
     const std::uint64_t memory = PhysicalMemory();
     return memory == 0 ? UINT64_MAX : memory / 2;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "background/dtm_extents.h"
 #include "foundation/read_report.h"
@@ -49,6 +50,9 @@ struct DtmReport {
 
 /// Whether the extents give an array that may be made.
 DTM_REFUSAL JudgeExtents(const DtmExtents& extents, const DtmLimits& limits);
+
+/// For people: what became of the samples, and what set the step. Nothing of a model that came from its cache.
+std::vector<std::string> NotesOf(const DtmReport& report, const std::array<std::string, 3>& names);
 
 /// For people, one sentence: why there is no depth array, with the step, the counts and the two samples that set it.
 /// `names` are what the files are called. Empty if nothing was refused.

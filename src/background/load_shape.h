@@ -11,18 +11,17 @@ public:
     CLoadShape(Platform& owner, CShape& target, CWnd* parent = nullptr);
 
     /// Of the last load.
-    const ShapeReport& GetReport() const { return report; }
+    const ShapeReport& GetReport() const { return shape.report; }
 
 protected:
     std::string Caption() const override;
-    bool Work() override { return LoadShape(shape, progress, &report); }
+    bool Work() override { return LoadShape(shape, progress, &shape.report); }
     void OnTick() override;
     bool EndsByFlag() const override { return true; }
 
 private:
     CShape& shape;
     LoadProgress progress;
-    ShapeReport report;
 };
 
 /// For LoadShapeFile and its kin: each load behind a window over the parent.

@@ -114,6 +114,7 @@ private:
         } else if (Contains(keyword, "SPHEROID")) {
             TakeSpheroid(name);
         } else if (Contains(keyword, "PRIMEM") || Contains(keyword, "UNIT")) {
+            if (target.remarks && Contains(keyword, "UNIT")) target.remarks->unit = Atof(text.Rest());
             SkipToField();
         } else if (Contains(keyword, "AUTHORITY")) {
             text.SkipTo("]");
@@ -135,13 +136,16 @@ private:
         ellipsoid.name = WithBlanks(name);
         std::string_view axis;
         if (!text.TakeUpTo(",", axis)) return;
-        ellipsoid.SetAxes(Atof(axis), Atof(text.Rest()));
+        const double flattening = Atof(text.Rest());
+        ellipsoid.SetAxes(Atof(axis), flattening);
+        if (target.remarks) target.remarks->flatteningKept = ellipsoid.rf == flattening;
         text.SkipTo(",]");
         text.SkipTo(",");
     }
 
     void TakeProjection(const std::string& name) {
         CGrid& grid = target.grid;
+        if (target.remarks) target.remarks->projection = name;
         if (grid.name.empty()) grid.name = name;
         if (Contains(name, "Transverse")) {
             SetType(TRANSVERSE_MERCATOR);

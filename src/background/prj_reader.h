@@ -9,12 +9,20 @@
 
 namespace quillon {
 
+/// What a .prj file says beyond what the grid can hold: whether the grid is that of the file.
+struct ProjectionRemarks {
+    std::string projection{};    ///< as it is named; empty for geographic coordinates
+    double unit = 0;             ///< the last of the text: radians, or metres behind a projection; 0 for none
+    bool flatteningKept = true;  ///< the ellipsoid has the flattening that is written
+};
+
 /// What a .prj file fills. The grid has the ellipsoid lent.
 struct ProjectionTarget {
     CEllipsoid& ellipsoid;
     CGrid& grid;
     std::string& transformationName;
     bool& geographic;
+    ProjectionRemarks* remarks = nullptr;
 };
 
 /// Reads well-known text as ESRI software writes it, keyword by keyword from the left, without a grammar: what the

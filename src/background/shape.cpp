@@ -2,8 +2,10 @@
 
 #include <cmath>
 
+#include "foundation/angle_units.h"
 #include "foundation/paths.h"
 #include "foundation/settings_lines.h"
+#include "platform/text.h"
 
 namespace quillon {
 
@@ -40,6 +42,25 @@ CShape::CShape(FileSystem& fileSystem) : conversion(fileSystem), files(fileSyste
 void CShape::SetPath(std::string_view newPath) {
     path = newPath;
     name = NameOfPath(path);
+}
+
+bool CShape::HasDegrees() const {
+    constexpr double kMostX = 360.5, kMostY = 90.5, kMostMiss = 1e-6;
+    const auto within = [](double low, double high, double most) { return low >= -most && high <= most; };
+    const bool inDegrees = projection.unit == 0 || std::fabs(projection.unit - kRadiansPerDegree) < kMostMiss;
+    return geographic && inDegrees && within(boundsMin[0], boundsMax[0], kMostX) &&
+           within(boundsMin[1], boundsMax[1], kMostY);
+}
+
+/// A parallel of "Mercator" is that of true scale. The forms of it that are named otherwise put a scale or a sphere in
+/// its place.
+bool CShape::IsProjectionKnown() const {
+    constexpr double kMostMiss = 1e-9;
+    if (!projection.flatteningKept) return false;
+    if (geographic) return HasDegrees();
+    const bool named =
+        EqualNoCase(projection.projection, "Transverse_Mercator") || EqualNoCase(projection.projection, "Mercator");
+    return named && std::fabs(projection.unit - 1.0) < kMostMiss;
 }
 
 double CShape::GetTotalLength() const {

@@ -8,10 +8,12 @@
 
 #include "background/dbase.h"
 #include "background/load_progress.h"
+#include "background/prj_reader.h"
 #include "background/shape_record.h"
 #include "background/shape_report.h"
 #include "foundation/config_file.h"
 #include "geodesy/grid_to_grid.h"
+#include "platform/array_stamp.h"
 
 namespace quillon {
 
@@ -49,6 +51,7 @@ public:
     CEllipsoid ellipsoid;    ///< of the .prj, WGS 84 without one
     CGrid grid;              ///< of the .prj
     bool geographic = true;  ///< no .prj has named a projection
+    ProjectionRemarks projection;
 
     const std::string& GetPath() const { return path; }
     const std::string& GetName() const { return name; }
@@ -61,6 +64,17 @@ public:
     std::array<double, 4> boundsMin = {}, boundsMax = {};  ///< x, y, z, m in that header
     CDbase dbase;
 
+    /// What the last load made of it, if whoever loaded it asked for that.
+    ShapeReport report;
+    /// A number for the records; no others of this run have it.
+    std::uint64_t GetStamp() const { return stamp.Get(); }
+
+    /// Whether the coordinates are degrees, as far as .prj and bounds tell.
+    bool HasDegrees() const;
+    /// Whether the file tells positions that its ellipsoid and grid lead from: degrees, or metres on a projection that
+    /// is known.
+    bool IsProjectionKnown() const;
+
     /// Metres, the sum over the records that have a length; meaningless unless the coordinates are degrees.
     double GetTotalLength() const;
 
@@ -68,6 +82,8 @@ public:
     void ReadSettings();
     /// Skipped if the file can't be written.
     void WriteSettings() const;
+    /// The load has taken a column of the table for the labels that the settings file doesn't name yet.
+    bool hasTakenColumn = false;
 
 private:
     friend bool LoadShape(CShape& shape, const ShapeFileOpener& opener, LoadProgress& progress, ShapeReport* report);
@@ -76,12 +92,14 @@ private:
     std::string path;
     std::string name;
     ShapeArena arena;
+    ArrayStamp stamp;
 };
 
 /// Reads the shape file of the path that is set, and all that stands beside it, into the shape. The progress counts
-/// records. False if the .shp or its .shx can't be opened or the load was cancelled; the shape is then of no use. The
-/// only file ever written is the settings file, on the first load of a file with a column "TEXTSTRING", which from then
-/// on is its label column. What is damaged or doubtful has a line in the report, named by record from 1.
+/// records. False if the .shp or its .shx can't be opened or the load was cancelled; the shape is then of no use. A
+/// file with a column "TEXTSTRING" is labelled by it; nothing is written here, so that this may run on any thread: who
+/// takes the shape in writes its settings, if they are new. What is damaged or doubtful has a line in the report, named
+/// by record from 1.
 bool LoadShape(CShape& shape, LoadProgress& progress, ShapeReport* report = nullptr);
 /// The same with the files of the group opened otherwise.
 bool LoadShape(CShape& shape, const ShapeFileOpener& opener, LoadProgress& progress, ShapeReport* report = nullptr);

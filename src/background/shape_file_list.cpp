@@ -33,18 +33,50 @@ void CShapeFileList::ReadFiles() {
     }
 }
 
+std::shared_ptr<CShape> CShapeFileList::Find(std::string_view path) const {
+    const auto found =
+        std::find_if(shapes.begin(), shapes.end(), [path](const auto& shape) { return shape->GetPath() == path; });
+    return found == shapes.end() ? nullptr : *found;
+}
+
+const ReadReport& CShapeFileList::ReportOf(std::string_view path) const {
+    static const ReadReport kNotLoaded = [] {
+        ReadReport report;
+        report.fault = "not loaded";
+        return report;
+    }();
+    const auto found = reports.find(path);
+    return found == reports.end() ? kNotLoaded : found->second;
+}
+
+bool CShapeFileList::Take(std::shared_ptr<CShape> shape, bool loaded) {
+    ReadReport& report = reports[shape->GetPath()];
+    report = LinesOf(shape->report);
+    if (!loaded && report.fault.empty()) report.fault = "the load was stopped";
+    if (!loaded) return false;
+    if (shape->hasTakenColumn) shape->WriteSettings();
+    shapes.push_back(std::move(shape));
+    changed = true;
+    return true;
+}
+
+void CShapeFileList::Remove(std::string_view path) {
+    const std::string gone(path);
+    std::erase(files.paths, gone);
+    std::erase_if(shapes, [&gone](const auto& shape) { return shape->GetPath() == gone; });
+    reports.erase(gone);
+}
+
 bool LoadShapeHere(CShape& shape) {
     LoadProgress progress;
-    return LoadShape(shape, progress);
+    return LoadShape(shape, progress, &shape.report);
 }
 
 bool LoadShapeFile(std::string_view path, CShapeFileList& list, const ShapeLoad& load) {
-    auto shape = std::make_unique<CShape>(list.GetFiles());
+    auto shape = std::make_shared<CShape>(list.GetFiles());
     shape->SetPath(path);
-    if (!load(*shape)) return false;
-    list.shapes.push_back(std::move(shape));
-    list.changed = true;
-    return true;
+    const bool loaded = load(*shape);
+    return list.Take(std::move(shape), loaded);
 }
 
 void LoadShapeFiles(CShapeFileList& list, const ShapeLoad& load) {

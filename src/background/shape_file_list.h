@@ -1,12 +1,14 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "background/shape.h"
+#include "foundation/read_report.h"
 
 namespace quillon {
 
@@ -25,12 +27,22 @@ class CShapeFileList {
 public:
     explicit CShapeFileList(FileSystem& fileSystem) : fileSystem(fileSystem) {}
 
-    std::vector<std::unique_ptr<CShape>> shapes;
+    /// Whoever draws a shape holds on to it.
+    std::vector<std::shared_ptr<CShape>> shapes;
     CPathList files;
     std::string name;      ///< of the settings file, set by the host before anything else
     bool changed = false;  ///< set by a load; clearing it is the host's
 
     FileSystem& GetFiles() const { return fileSystem; }
+    /// The loaded shape of a path; null if there is none.
+    std::shared_ptr<CShape> Find(std::string_view path) const;
+    /// What the last load made of the file of a path, counted in records.
+    const ReadReport& ReportOf(std::string_view path) const;
+    /// Takes in a shape whose load has ended, and notes what became of it. False, and it isn't kept, unless it was
+    /// `loaded`.
+    bool Take(std::shared_ptr<CShape> shape, bool loaded);
+    /// Takes path and shape out; nothing is saved.
+    void Remove(std::string_view path);
     /// Rewrites the settings file. False if it can't be written.
     bool Save() const;
     /// The host's side at its start: takes the paths of the settings file over. Loads none of them.
@@ -38,6 +50,7 @@ public:
 
 private:
     FileSystem& fileSystem;
+    std::map<std::string, ReadReport, std::less<>> reports;
 };
 
 /// Runs the load of one shape and says whether it went to its end: a dialog with a progress bar, or LoadShape itself.

@@ -27,12 +27,14 @@ std::string BaseOf(std::string_view path) {
 
 void ReadProjection(CShape& shape, const ShapeFileOpener& opener, ShapeReport* report) {
     shape.geographic = true;
+    shape.projection = {};
     CRandomFile file;
     if (!OpenEither(opener, BaseOf(shape.GetPath()), ".prj", ".PRJ", file)) return;
     std::string bytes(static_cast<std::size_t>(std::min<std::uint64_t>(file.GetLength(), kLongestProjection)), '\0');
     bytes.resize(file.ReadAt(0, bytes.data(), bytes.size()));
-    ReadProjectionText(bytes, {shape.ellipsoid, shape.grid, shape.conversion.transformationName, shape.geographic},
-                       report);
+    ReadProjectionText(
+        bytes, {shape.ellipsoid, shape.grid, shape.conversion.transformationName, shape.geographic, &shape.projection},
+        report);
 }
 
 void ReportUnopened(const std::string& base, const ShapeFileOpener& opener, ShapeReport& report) {
@@ -91,14 +93,6 @@ private:
     std::size_t number = 0;
 };
 
-/// Whether coordinates can be degrees: what a file without a projection is taken for.
-bool LooksGeographic(const CShape& shape) {
-    constexpr double kMostX = 360.5, kMostY = 90.5;
-    const auto within = [](double low, double high, double most) { return low >= -most && high <= most; };
-    return within(shape.boundsMin[0], shape.boundsMax[0], kMostX) &&
-           within(shape.boundsMin[1], shape.boundsMax[1], kMostY);
-}
-
 void ReportWhole(const CShape& shape, const ShpFile& shp, ShapeReport& report) {
     if (shp.GetLength() != shp.GetClaimedLength()) {
         report.NoteFile(shp.GetLength() > shp.GetClaimedLength() ? "the .shp is longer than its head says"
@@ -106,7 +100,7 @@ void ReportWhole(const CShape& shape, const ShpFile& shp, ShapeReport& report) {
     }
     const bool lines = std::any_of(shape.records.begin(), shape.records.end(),
                                    [](const ShapeRecord& record) { return HasLength(record.type); });
-    if (lines && !(shape.geographic && LooksGeographic(shape))) {
+    if (lines && !shape.HasDegrees()) {
         report.NoteFile("the lengths mean nothing: the coordinates aren't degrees");
     }
 }
@@ -114,10 +108,11 @@ void ReportWhole(const CShape& shape, const ShpFile& shp, ShapeReport& report) {
 /// A text column that drawing programs write is what such a file is labelled by.
 void TakeSettings(CShape& shape) {
     shape.ReadSettings();
+    shape.hasTakenColumn = false;
     const int column = shape.dbase.FindColumn(kLabelColumn);
     if (column < 0 || column == shape.labelColumn) return;
     shape.labelColumn = static_cast<std::int16_t>(column);
-    shape.WriteSettings();
+    shape.hasTakenColumn = true;
 }
 
 }  // namespace
@@ -127,8 +122,10 @@ bool LoadShape(CShape& shape, LoadProgress& progress, ShapeReport* report) {
 }
 
 bool LoadShape(CShape& shape, const ShapeFileOpener& opener, LoadProgress& progress, ShapeReport* report) {
+    if (report) *report = {};
     shape.records.clear();
     shape.arena.Clear();
+    shape.stamp.Renew();
     ReadProjection(shape, opener, report);
     ShpFile file(opener, shape.GetPath(), progress);
     shape.dbase.SetPath(shape.GetPath());

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "foundation/read_report.h"
+
 namespace quillon {
 
 /// What a load made of a shape file and of those beside it. Loading itself stays quiet; this is for who asks.
@@ -39,5 +41,10 @@ private:
     std::size_t namedRecords = 0;
     std::size_t namedFiles = 0;
 };
+
+/// The same with records in place of lines.
+ReadReport LinesOf(const ShapeReport& report);
+/// For people: "record 5: a null record".
+std::vector<std::string> NotesOf(const ShapeReport& report);
 
 }  // namespace quillon

@@ -56,6 +56,8 @@ JobRecord::JobRecord(FileSystem& files)
       routes(files),
       sailLines(files),
       structures(files),
+      dtm(files),
+      shapes(files),
       geodesy(files),
       vessels(files, "Vessel List", {waypoints, sailLines, geodesy}),
       templates(files, "Template List", {waypoints, sailLines, geodesy}),
@@ -64,6 +66,7 @@ JobRecord::JobRecord(FileSystem& files)
     routes.SetSettingsName("Route List");
     sailLines.SetSettingsName("Sail Line List");
     structures.SetSettingsName("Structure List");
+    shapes.name = "Shape File List";
     files.AddWatcher(*this);
 }
 

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <string>
 
+#include "background/dtm.h"
+#include "background/shape_file_list.h"
 #include "features/boundary.h"
 #include "features/grid_waypoint.h"
 #include "features/pipeline.h"
@@ -27,7 +29,8 @@ struct JobRecord : private FileWatcher {
     JobRecord(const JobRecord&) = delete;
     JobRecord& operator=(const JobRecord&) = delete;
 
-    /// Reads the list files and all that they name, as a host does at its start.
+    /// Reads the list files and the features that they name, as a host does at its start. Of what lies under the
+    /// chart, depth models and shape files, it takes over the names: their loads take long, and are the host's.
     void Load();
     /// Removes what killed writers left in the folders of the job's settings, its data and its files; the count
     /// removed. For the program that holds the drives folder, after Load.
@@ -40,8 +43,9 @@ struct JobRecord : private FileWatcher {
     CRouteList routes;
     CSailLineList sailLines;
     CStructureList structures;  ///< with the drawings that serve as shapes
-    CJobGeodesy geodesy;        ///< the grid that the job's positions are on, if one is chosen
-
+    CDtm dtm;
+    CShapeFileList shapes;
+    CJobGeodesy geodesy;  ///< the grid that the job's positions are on, if one is chosen
     CVesselList vessels;
     CTemplateList templates;
     CTargetPlot targetPlot;

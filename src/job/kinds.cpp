@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <type_traits>
 
+#include "foundation/paths.h"
+#include "job/shape_place.h"
+
 namespace quillon {
 namespace {
 
@@ -177,10 +180,97 @@ constexpr JobKind MakeKind(KIND id, FEATURE_TYPES type, std::string_view name, s
             .isStub = IsStub<Files>,
             .changeOnDisk = ChangeOnDisk<Files>,
             .readAgain = ReadAgain<Files>,
+            .notes = [](Record, int) { return std::vector<std::string>(); },
             .isDisplayed = [](Record job, int file) { return IsShown(Files::At(job, file)); },
             .look = [](Record job, int file) { return LookOf(Files::At(job, file)); },
             .followStored = FollowStored<Files>,
             .common = CommonOf<Files>};
+}
+
+// ---- What lies under the chart ----
+
+/// The files of the one depth model.
+struct DtmFiles {
+    static void Load(JobRecord& job) { job.dtm.ReadSettings(); }
+    static int Count(const JobRecord& job) { return static_cast<int>(job.dtm.CountFiles()); }
+    static const std::string& Path(const JobRecord& job, int file) { return job.dtm.fileName[Checked(job, file)]; }
+    static const ReadReport& Report(const JobRecord& job, int file) { return job.dtm.report.lines[Checked(job, file)]; }
+    static std::vector<std::string> Notes(const JobRecord& job, int) {
+        const CDtm& dtm = job.dtm;
+        std::array<std::string, CDtm::kSlots> names;
+        for (std::size_t i = 0; i < names.size(); ++i) names[i] = NameOfPath(dtm.fileName[i]);
+        std::vector<std::string> notes = NotesOf(dtm.report, names);
+        for (const std::string& fault : {RefusalText(dtm.report, names), dtm.report.cacheFault}) {
+            if (!fault.empty()) notes.push_back(fault);
+        }
+        return notes;
+    }
+    static bool IsShown(const JobRecord& job, int) { return job.dtm.IsLoaded() || job.dtm.displayCoverage; }
+    static bool Follow(JobRecord&, int) { return false; }
+    static KindLook LookOf(const JobRecord& job, int file) {
+        return {.line = job.dtm.pen[Checked(job, file)], .filled = true};
+    }
+
+private:
+    static std::size_t Checked(const JobRecord& job, int file) {
+        if (file < 0 || file >= Count(job)) throw InvalidArgument("no file of the depth model");
+        return static_cast<std::size_t>(file);
+    }
+};
+
+struct ShapeFiles {
+    static void Load(JobRecord& job) { job.shapes.ReadFiles(); }
+    static int Count(const JobRecord& job) { return static_cast<int>(job.shapes.files.paths.size()); }
+    static const std::string& Path(const JobRecord& job, int file) {
+        if (file < 0 || file >= Count(job)) throw InvalidArgument("no such shape file");
+        return job.shapes.files.paths[static_cast<std::size_t>(file)];
+    }
+    static const ReadReport& Report(const JobRecord& job, int file) { return job.shapes.ReportOf(Path(job, file)); }
+    static std::vector<std::string> Notes(const JobRecord& job, int file) {
+        const auto shape = job.shapes.Find(Path(job, file));
+        if (!shape) return {};
+        std::vector<std::string> notes = NotesOf(shape->report);
+        notes.push_back(PlaceText(*shape, job.geodesy));
+        return notes;
+    }
+    static bool IsShown(const JobRecord& job, int file) {
+        const auto shape = job.shapes.Find(Path(job, file));
+        return shape && shape->status;
+    }
+    static bool Follow(JobRecord& job, int file) {
+        const auto shape = job.shapes.Find(Path(job, file));
+        if (!shape) return false;
+        const ShapeOptions before = *shape;
+        shape->ReadSettings();
+        return before != static_cast<const ShapeOptions&>(*shape);
+    }
+    static KindLook LookOf(const JobRecord& job, int file) {
+        const auto shape = job.shapes.Find(Path(job, file));
+        return {.line = shape ? shape->pen : ShapeOptions().pen, .filled = true};
+    }
+};
+
+/// A row of a kind without points, whose files say all that there is by the functions of `Files`.
+template <class Files>
+constexpr JobKind MakeUnderlay(KIND id, std::string_view name) {
+    return {.id = id,
+            .type = FEATURE_TYPES::NONE,
+            .name = name,
+            .load = Files::Load,
+            .list = [](JobRecord&) -> CFileListBase* { return nullptr; },
+            .fileCount = Files::Count,
+            .path = Files::Path,
+            .pointCount = [](const JobRecord&, int) { return 0; },
+            .point = [](const JobRecord&, int, int) -> tagXY { throw InvalidArgument("a kind without points"); },
+            .pointName = [](const JobRecord&, int, int) { return std::string_view(); },
+            .pointWord = "point",
+            .pointKp = [](const JobRecord&, int, int) { return MISSING_VALUE; },
+            .report = Files::Report,
+            .notes = Files::Notes,
+            .isDisplayed = Files::IsShown,
+            .look = Files::LookOf,
+            .followStored = Files::Follow,
+            .common = [](JobRecord&, int) -> CFeatureCommon* { return nullptr; }};
 }
 
 constexpr std::array<JobKind, kKindCount> kKinds = {
@@ -191,6 +281,8 @@ constexpr std::array<JobKind, kKindCount> kKinds = {
     MakeKind<ListFiles<&JobRecord::pipelines>>(KIND::PIPELINE, FEATURE_TYPES::PIPELINE, "Pipeline"),
     MakeKind<PipeRouteFile>(KIND::PIPE_ROUTE, FEATURE_TYPES::NONE, "Pipe Route"),
     MakeKind<StructureFiles>(KIND::STRUCTURE, FEATURE_TYPES::STRUCTURE, "Structure"),
+    MakeUnderlay<DtmFiles>(KIND::DTM, "Depth Model"),
+    MakeUnderlay<ShapeFiles>(KIND::SHAPE, "Shape"),
 };
 
 consteval bool StandInOrder() {

@@ -4,11 +4,13 @@
 #include <array>
 
 #include "panes/boundary_pane.h"
+#include "panes/dtm_pane.h"
 #include "panes/listing_pane.h"
 #include "panes/pipe_route_pane.h"
 #include "panes/pipeline_pane.h"
 #include "panes/route_pane.h"
 #include "panes/sail_line_pane.h"
+#include "panes/shape_pane.h"
 #include "panes/structure_pane.h"
 #include "panes/target_pane.h"
 #include "panes/target_plot_pane.h"
@@ -66,7 +68,7 @@ std::unique_ptr<CMyDockablePane> CreateTargetPlotWindow(Platform& platform, CWnd
 }
 
 // clang-format off
-constexpr std::array<PaneEntry, 13> kPanes = {{
+constexpr std::array<PaneEntry, 15> kPanes = {{
     {KIND::BOUNDARY,   CBoundaryPane::kTitleId,        CBoundaryPane::kTitle,             CreateOver<CBoundaryPane, &JobRecord::boundaries>},
     {KIND::WAYPOINT,   CGridWaypointPane::kPlainId,    CGridWaypointPane::kPlainTitle,    CreateWaypointPane<false>},
     {KIND::WAYPOINT,   CGridWaypointPane::kCatenaryId, CGridWaypointPane::kCatenaryTitle, CreateWaypointPane<true>},
@@ -75,6 +77,8 @@ constexpr std::array<PaneEntry, 13> kPanes = {{
     {KIND::PIPELINE,   CPipelinePane::kTitleId,        CPipelinePane::kTitle,             CreatePipelinePane},
     {KIND::PIPE_ROUTE, CPipeRoutePane::kTitleId,       CPipeRoutePane::kTitle,            CreateOver<CPipeRoutePane, &JobRecord::pipeRoute>},
     {KIND::STRUCTURE,  CStructurePane::kTitleId,       CStructurePane::kTitle,            CreateOver<CStructurePane, &JobRecord::structures>},
+    {KIND::DTM,        CDtmPane::kTitleId,             CDtmPane::kTitle,                  CreateOver<CDtmPane, &JobRecord::dtm>},
+    {KIND::SHAPE,      CShapePane::kTitleId,           CShapePane::kTitle,                CreateOver<CShapePane, &JobRecord::shapes>},
     {KIND::NONE,       CListingPane::kTitleId,         CListingPane::kTitle,              CreateListingPane},
     {KIND::NONE,       CTargetPane::kVesselId,         CTargetPane::kVesselTitle,         CreateTargetPane<CTargetPane::kVesselId, &JobRecord::vessels>},
     {KIND::NONE,       CTargetPane::kTemplateId,       CTargetPane::kTemplateTitle,       CreateTargetPane<CTargetPane::kTemplateId, &JobRecord::templates>},

@@ -39,7 +39,7 @@ protected:
 // The text pinned once; 5 m cells, depths below the surface negative, so that the drying height is the shoalest.
 TEST_F(DtmRegular, TakesOneDepthACell) {
     const std::string bytes = "12 21 -3.5\n13 22 -9.25\n14.9 24 1.5\n23 21 -7\n24 33 0\n";
-    const std::string frame = "10,20,0\r\n15,20,0\r\n20,25,0\r\n";
+    const std::string frame = "12.5,22.5,0\r\n17.5,22.5,0\r\n22.5,27.5,0\r\n";
     struct Row {
         DTM_TAKE take;
         const char* first;
@@ -47,13 +47,13 @@ TEST_F(DtmRegular, TakesOneDepthACell) {
     for (const Row& row : {Row{DTM_TAKE::SHOALEST, "1.5"}, {DTM_TAKE::DEEPEST, "-9.25"}, {DTM_TAKE::MEAN, "-3.750"}}) {
         const DtmRegularResult result = Make(bytes, 5, row.take);
         const std::string last = row.take == DTM_TAKE::MEAN ? "-7.000" : "-7";
-        EXPECT_EQ(drives.Read(kOut), frame + "10,20," + row.first + "\r\n20,20," + last + "\r\n");
+        EXPECT_EQ(drives.Read(kOut), frame + "12.5,22.5," + row.first + "\r\n22.5,22.5," + last + "\r\n");
         EXPECT_EQ(result.cellsWithDepth, 2U);
         EXPECT_EQ(result.withoutDepth, 1U);
     }
     // Positive below the surface.
     Make("12 21 3.5\n13 22 9.25\n14 24 -1.5\n", 5, DTM_TAKE::SHOALEST);
-    EXPECT_EQ(drives.Read(kOut), frame + "10,20,-1.5\r\n");
+    EXPECT_EQ(drives.Read(kOut), frame + "12.5,22.5,-1.5\r\n");
 }
 
 // Whatever the step and however sparse the soundings, a DTM takes the file as that grid: no cell merged, none dropped,
@@ -88,7 +88,7 @@ TEST_F(DtmRegular, LoadsAsTheGridThatItIs) {
             EXPECT_EQ(dtm.report.cellsWithDepth, deepest.size()) << step << " " << count;
             for (const auto& [cell, depth] : deepest) {
                 // In the middle of the cell, away from where rounding tells.
-                const double found = dtm.DepthAt((cell.first + 0.5) * step, (cell.second + 0.5) * step);
+                const double found = dtm.DepthAt({(cell.first + 0.5) * step, (cell.second + 0.5) * step});
                 ASSERT_NEAR(found, -depth, 0.0101) << step << " " << count;
             }
         }

@@ -98,17 +98,19 @@ TEST_F(Dtm, TellsCellsAndDepths) {
     };
     const std::vector<Row> rows = {
         {100, 200, 0, 0, 0, 5.0},
-        {109.999, 209.999, 0, 0, 0, 5.0},
-        {129.9, 200, 2, 0, 2, 12.34},
+        {109.999, 209.999, 0, 0, 0, 8.0},
+        {129.9, 200, 2, 0, 2, MISSING_VALUE},
+        {124.9, 204.9, 2, 0, 2, 12.34},
         {130, 219.9, -2, 1, -1, MISSING_VALUE},
-        {99.9, 220, -1, -2, -1, MISSING_VALUE},
+        {99.9, 205, -1, 0, -1, 7.0},
+        {94.9, 220, -1, -2, -1, MISSING_VALUE},
         {120, 210, 2, 1, 5, MISSING_VALUE},
     };
     for (const Row& row : rows) {
         EXPECT_EQ(dtm.CellOf(row.easting, row.northing), row.cell) << row.easting;
         EXPECT_EQ(dtm.lastColumn, row.column) << row.easting;
         EXPECT_EQ(dtm.lastRow, row.row) << row.easting;
-        EXPECT_EQ(dtm.DepthAt(row.easting, row.northing), row.depth) << row.easting;
+        EXPECT_EQ(dtm.DepthAt({row.easting, row.northing}), row.depth) << row.easting;
     }
 }
 
@@ -255,9 +257,9 @@ TEST_F(Dtm, KeepsItsSettings) {
               "b.xyz\r\n"
               "Dtm Three File Name = \r\n"
               "Display Coverage = 0\r\n"
-              "Dtm One Pen = 32768, 0, 1, 4\r\n"
+              "Dtm One Pen = 32768, 0, 1, 65534\r\n"
               "Dtm Two Pen = 4294967295, 2, 3, 5\r\n"
-              "Dtm Three Pen = 8388736, 0, 1, 4\r\n");
+              "Dtm Three Pen = 8388736, 0, 1, 65534\r\n");
     CDtm again(drives);
     again.ReadSettings();
     EXPECT_EQ(again.fileName, dtm.fileName);

@@ -123,6 +123,8 @@ TEST_F(Shape, ReadsAttributeValuesWhenTheyAreAskedFor) {
 TEST_F(Shape, LabelsByTheTextColumnFromItsFirstLoad) {
     WriteCoast();
     const std::set<std::string> before = Files();
+    CShapeFileList list(drives);
+    ASSERT_TRUE(LoadShapeFile("C:\\Charts\\coast.shp", list));
     CShape shape(drives);
     ASSERT_TRUE(Load(shape));
     const std::string settings =

@@ -79,7 +79,7 @@ TEST_F(DtmCommands, RegularIsTheWayOutOfARefusal) {
     EXPECT_EQ(done.code, CLI_OK) << done.err;
     EXPECT_EQ(done.out,
               "C:\\Job\\even.xyz: 5001 columns, 4001 rows, 3 cells with a depth; 1 samples without one left out\n");
-    EXPECT_THAT(drives.Read("C:\\Job\\even.xyz"), HasSubstr("\r\n0,0,-5\r\n10,0,-6\r\n"));
+    EXPECT_THAT(drives.Read("C:\\Job\\even.xyz"), HasSubstr("\r\n5.0,5.0,-5\r\n15.0,5.0,-6\r\n"));
     const CliOutcome shown = Run({"show", "dtm", "C:\\Job\\even.xyz", "--json"});
     EXPECT_EQ(shown.code, CLI_OK) << shown.err;
     EXPECT_THAT(shown.out, HasSubstr("\"columns\": 5001, \"rows\": 4001, \"step\": 10,"));

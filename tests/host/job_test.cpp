@@ -178,11 +178,14 @@ TEST(SampleJobTest, IsWhole) {
     HeadlessPlatform platform(drives.Root());
     Job job(platform);
     job.Open();
+    job.Loads().Settle();
     for (const JobKind& kind : JobKinds()) {
         for (int i = 0; i < kind.fileCount(job.Record()); ++i) {
             const std::string& path = kind.path(job.Record(), i);
             EXPECT_TRUE(drives.Exists(path)) << path;
-            EXPECT_GT(kind.pointCount(job.Record(), i), 1) << path;
+            if (kind.id < KIND::DTM) {
+                EXPECT_GT(kind.pointCount(job.Record(), i), 1) << path;
+            }
             EXPECT_TRUE(kind.isDisplayed(job.Record(), i)) << path;
             EXPECT_NE(kind.look(job.Record(), i), KindLook()) << path;
         }

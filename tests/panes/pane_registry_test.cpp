@@ -13,6 +13,7 @@
 #include "panes/target_plot_pane.h"
 #include "platform/tab_ctrl.h"
 #include "support/job_fixture.h"
+#include "support/shape_bytes.h"
 
 namespace quillon {
 namespace {
@@ -124,6 +125,14 @@ protected:
         LoadTargets();
         job->pipeRoute.Load("C:\\Jobs\\Pipe.csv");
         job->pipeRoute.WriteActive();
+        job->dtm.fileName = {"C:\\Jobs\\A.xyz", "C:\\Jobs\\B.xyz", "C:\\Jobs\\C.xyz"};
+        job->dtm.SaveSettings();
+        ShapeBytes coast(SHAPE_POLYLINE);
+        coast.AddPaths(SHAPE_POLYLINE, {{{5, 60}, {5.5, 60}}});
+        drives.Write("C:\\Jobs\\Coast.shp", coast.Shp());
+        drives.Write("C:\\Jobs\\Coast.shx", coast.Shx());
+        drives.Write("C:\\Jobs\\Coast.dbf", DbaseBytes({"NAME", "KIND"}, {{"Holm", "rock"}}));
+        EXPECT_TRUE(AddShapeFile("C:\\Jobs\\Coast.shp", job->shapes));
     }
     /// A vessel and a template with a target, and two of all that can be chosen.
     void LoadTargets() {
@@ -288,6 +297,7 @@ TEST_F(PaneRegistryTest, EveryListAndTableTurnsWithTheNight) {
 TEST_F(PaneRegistryTest, AFileThatTheHostRemovedLeavesEmptyCells) {
     for (const PaneEntry& entry : PaneRegistry()) {
         SCOPED_TRACE(entry.title);
+        pane.reset();
         Restart();
         LoadJob();
         Open(entry);

@@ -31,6 +31,7 @@ protected:
         log = std::make_unique<MessageLog>(*platform);
         job = std::make_unique<JobRecord>(platform->Files());
         job->Load();
+        LoadShapeFiles(job->shapes);
     }
 
     /// What was posted since the last look.

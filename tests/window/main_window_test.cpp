@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScreen>
@@ -128,6 +129,18 @@ protected:
         }
         return files;
     }
+    /// The names of the files that are others than they were, came or went.
+    std::vector<std::string> ChangedSince(const std::map<std::string, std::string>& before) const {
+        std::vector<std::string> names;
+        const auto now = Files();
+        for (const auto& [name, bytes] : before) {
+            if (const auto found = now.find(name); found == now.end() || found->second != bytes) names.push_back(name);
+        }
+        for (const auto& [name, bytes] : now) {
+            if (!before.contains(name)) names.push_back(name);
+        }
+        return names;
+    }
     void Write(const char* file, const char* bytes) const {
         fs::create_directories((Drives() / file).parent_path());
         std::ofstream(Drives() / file, std::ios::binary) << bytes;
@@ -191,7 +204,8 @@ TEST_F(MainWindowTest, ADaysWorkIsThereTheNextMorning) {
         run.Dock().setFloating(true);
         left = Files();
     }
-    EXPECT_EQ(Files(), left) << "nothing is saved at the end: all was saved when it was done";
+    EXPECT_THAT(ChangedSince(left), ::testing::IsEmpty())
+        << "nothing is saved at the end: all was saved when it was done";
     EXPECT_NE(left.at("c/MyData/Boundaries/East Anchorage.DRW").find("Colour = 255\r\n"), std::string::npos);
     {
         Program run(Drives(), Profile());
@@ -204,7 +218,7 @@ TEST_F(MainWindowTest, ADaysWorkIsThereTheNextMorning) {
         run.Key(QKeySequence("Ctrl+Shift+R"));
         EXPECT_FALSE(run.Dock().isFloating());
     }
-    EXPECT_EQ(Files(), left) << "a start and an end change nothing";
+    EXPECT_THAT(ChangedSince(left), ::testing::IsEmpty()) << "a start and an end change nothing";
 }
 
 TEST_F(MainWindowTest, ADecimalCommaInTheUsersLocaleChangesNoByte) {
@@ -227,6 +241,7 @@ TEST_F(MainWindowTest, ADecimalCommaInTheUsersLocaleChangesNoByte) {
         EXPECT_EQ(PositionText({1234.5, 2.25}).toStdString().find(','), std::string::npos);
     }
     for (const auto& [file, bytes] : plain) {
+        if (file.ends_with(".DTM")) continue;  // a cache holds the time of its source
         std::ifstream in(other.Drives() / file, std::ios::binary);
         EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), bytes) << file;
     }
@@ -292,6 +307,31 @@ TEST_F(MainWindowTest, TheChartNamesFindsAndMeasures) {
     QTest::keyClick(&chart, Qt::Key_Escape);
     EXPECT_EQ(chart.Tool(), nullptr);
     EXPECT_TRUE(run.job.ShownPoint()) << "Esc ends one thing at a time";
+}
+
+/// The sea bed is there without anybody having loaded it; its depth stands under the cursor, and its picture stays away
+/// once it was put away.
+TEST_F(MainWindowTest, TheDepthUnderTheCursor) {
+    for (const bool shown : {true, false}) {
+        Program run(Drives(), Profile());
+        ChartWidget& chart = run.window.Chart();
+        EXPECT_EQ(chart.Scene().legend.has_value(), shown);
+        const tagXY place{505025, 5843025};
+        chart.SetView(place, 5.0);
+        QTest::mouseMove(&chart, chart.rect().center() + QPoint(20, 0));
+        QTest::mouseMove(&chart, chart.rect().center());
+        run.window.Settle();
+        const auto labels = run.window.findChildren<QLabel*>();
+        const auto depth = std::find_if(labels.begin(), labels.end(),
+                                        [](const QLabel* label) { return label->text().startsWith("Depth "); });
+        ASSERT_NE(depth, labels.end());
+        EXPECT_NEAR((*depth)->text().mid(6, 5).toDouble(), run.job.Record().dtm.DepthAt(place), 0.5);
+        for (QAction* const action : run.window.actions()) {
+            if (shown && action->text() == "&Depths") action->trigger();
+        }
+        run.window.Settle();
+        EXPECT_FALSE(chart.Scene().legend);
+    }
 }
 
 /// The whole job is in view at the start and stays so while the window changes its size, until the operator looks

@@ -55,6 +55,42 @@ void PaintScaleBar(QPainter& painter, const ChartView& view, const ChartColours&
     painter.drawText(QPointF(kLeft, y - 5), QString::fromStdString(bar.label));
 }
 
+/// The colours of a scale in a column, least on top, with figures beside it, in the lower right corner.
+void PaintLegend(QPainter& painter, const ChartView& view, const ChartLegend& legend, bool night) {
+    constexpr int kWide = 14, kFromEdge = 18, kGap = 6, kMostHigh = 180, kLeastHigh = 60;
+    const int high = std::min(kMostHigh, view.Height() / 3);
+    if (high < kLeastHigh) return;
+    const ChartColours& colours = ColoursOf(night);
+    const ChartColourScale& scale = *legend.colours;
+    const FontMeasures& measures = FontMeasures::Of(kChartFont);
+    const double least = scale.least * legend.unit, greatest = scale.greatest * legend.unit;
+    const std::vector<ChartLegendMark> marks = LegendMarks(least, greatest, high / (2.0 * measures.Height()));
+    int widest = 0;
+    for (const ChartLegendMark& mark : marks) widest = std::max(widest, measures.Width(mark.label));
+    const int wide = std::max(kWide + kGap + widest, measures.Width(legend.title));
+    const QRect all(view.Width() - kFromEdge - wide, view.Height() - kFromEdge - high - measures.Height() - 4, wide,
+                    high + measures.Height() + 4);
+    QColor patch = ToQColor(colours.ground);
+    patch.setAlpha(kPatchAlpha);
+    painter.fillRect(all.adjusted(-8, -6, 8, 8), patch);
+    painter.setFont(measures.Font());
+    painter.setPen(ToQColor(colours.scaleBar));
+    painter.drawText(QRect(all.left(), all.top(), wide, measures.Height()), Qt::AlignLeft | Qt::AlignVCenter,
+                     QString::fromStdString(legend.title));
+    const int top = all.bottom() - high + 1;
+    for (int y = 0; y < high; ++y) {
+        const auto place = static_cast<std::size_t>(
+            std::lround(static_cast<double>(y) / (high - 1) * static_cast<double>(scale.colours.size() - 1)));
+        painter.fillRect(QRect(all.left(), top + y, kWide, 1), ToQColor(scale.Shown(place, night)));
+    }
+    for (const ChartLegendMark& mark : marks) {
+        const int y = top + static_cast<int>(std::lround(mark.part * (high - 1)));
+        painter.fillRect(QRect(all.left() + kWide, y, 3, 1), ToQColor(colours.scaleBar));
+        painter.drawText(QRect(all.left() + kWide + kGap, y - measures.Height() / 2, widest + 2, measures.Height()),
+                         Qt::AlignLeft | Qt::AlignVCenter, QString::fromStdString(mark.label));
+    }
+}
+
 void PaintShown(QPainter& painter, const ChartView& view, const ChartColours& colours, tagXY shown) {
     const PixelPoint at = view.ToPixel(shown);
     if (!IsPlace(shown) || !view.PixelBox(30.0).Contains(at.x, at.y)) return;
@@ -133,6 +169,7 @@ void PaintFurniture(QPainter& painter, const ChartView& view, const ChartScene& 
     if (scene.shown) PaintShown(painter, view, colours, *scene.shown);
     PaintGridFigures(painter, view, colours);
     PaintScaleBar(painter, view, colours);
+    if (scene.legend && !scene.legend->colours->colours.empty()) PaintLegend(painter, view, *scene.legend, night);
 }
 
 }  // namespace quillon

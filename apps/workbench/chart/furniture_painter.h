@@ -8,7 +8,7 @@ class QPainter;
 namespace quillon {
 
 /// What lies above all items: the lines of latitude and longitude with their figures, the figures of the grid, the
-/// scale bar, and the mark round the point shown.
+/// scale bar, the legend, and the mark round the point shown.
 void PaintFurniture(QPainter& painter, const ChartView& view, const ChartScene& scene, bool night);
 
 }  // namespace quillon

@@ -18,7 +18,7 @@ KIND KindOfMessage(const MSG& message) {
 
 }  // namespace
 
-Job::Job(Platform& owner) : CWnd(owner), record(owner.Files()), targets(owner, record) {
+Job::Job(Platform& owner) : CWnd(owner), record(owner.Files()), targets(owner, record), loads(owner, record) {
     owner.SetMainWindow(this);
     owner.SetTableMenu(OpenExportMenu);
     targets.onChanged = [this] {
@@ -39,6 +39,8 @@ void Job::Open() {
     targets.SetPanes(panes);
     countedFiles = CountFiles();
     KeepFlags();
+    loads.onTaken = [this](KIND kind) { OnLoaded(kind); };
+    loads.Start();
 }
 
 void Job::OpenPanes() {
@@ -86,6 +88,13 @@ void Job::OnFeatureUpdate(KIND kind) {
         }
     }
     if (observer) observer->OnFeatureUpdate(kind);
+}
+
+void Job::OnLoaded(KIND kind) {
+    for (const auto& pane : panes) {
+        if (KindOfPane(pane->GetDlgCtrlID()) == kind) pane->Refresh();
+    }
+    if (observer) observer->OnDrawingChanged();
 }
 
 void Job::SetNightMode(bool night) {

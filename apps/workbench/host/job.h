@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/background_loads.h"
 #include "host/job_targets.h"
 #include "job/kinds.h"
 #include "panes/feature_pane.h"
@@ -51,8 +52,10 @@ public:
     ~Job() override;
 
     /// Reads the list files and what they name, then creates the panes. Each pane shows the file that its list's edit
-    /// cursor names. Once, before anything else.
+    /// cursor names. What lies under the chart is loaded in the background. Once, before anything else.
     void Open();
+    /// The loads under way: the observer is told of each that ends.
+    BackgroundLoads& Loads() { return loads; }
 
     JobRecord& Record() { return record; }
     /// In the order of the registry; a pane that couldn't be created is missing.
@@ -111,8 +114,11 @@ private:
     void KeepFlags();
     int CountFiles();
 
+    void OnLoaded(KIND kind);
+
     JobRecord record;
     JobTargets targets;  // lends the panes
+    BackgroundLoads loads;
     std::vector<std::unique_ptr<CMyDockablePane>> panes;
     JobObserver* observer = nullptr;
     std::optional<tagXY> shownPoint;

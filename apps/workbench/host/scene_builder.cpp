@@ -26,6 +26,7 @@ bool AreEqual(const ChartPoints& a, const ChartPoints& b) {
 
 ChartScene SceneBuilder::Build() {
     ChartScene scene;
+    building = &scene;
     TakeReady();
     recordOf.clear();
     before = std::exchange(kept, {});
@@ -38,6 +39,7 @@ ChartScene SceneBuilder::Build() {
     for (const SceneKind& kind : SceneKinds()) add(static_cast<std::uint64_t>(kind.kind), kind.add);
     add(kTargetLayer, AddTargets);
     layer = nullptr;
+    building = nullptr;
     DropUnused();
     return scene;
 }
@@ -113,6 +115,10 @@ PathPtr SceneBuilder::KeepPath(const std::string& name, std::uint64_t stamp, con
     return path;
 }
 
+void SceneBuilder::SetLegend(ChartLegend legend) {
+    building->legend = std::move(legend);
+}
+
 void SceneBuilder::AddShown(ChartItem item, Shown shown) {
     if (shown.file < 0 && !shown.textOf) {
         if (auto* const path = std::get_if<ChartPath>(&item)) path->canBeHit = false;
@@ -131,6 +137,10 @@ void SceneBuilder::AddRecord(int file, int record, ChartItem item) {
 
 void SceneBuilder::AddBackground(ChartItem item, HitText textOf) {
     AddShown(std::move(item), {.file = -1, .pointsPerRecord = 1, .textOf = std::move(textOf)});
+}
+
+void SceneBuilder::AddUnderlay(int file, ChartItem item, HitText textOf) {
+    AddShown(std::move(item), {.file = file, .pointsPerRecord = 1, .textOf = std::move(textOf)});
 }
 
 const SceneBuilder::Shown* SceneBuilder::ShownBy(const ChartHit& hit) const {

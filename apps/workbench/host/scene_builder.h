@@ -15,6 +15,12 @@
 
 namespace quillon {
 
+/// What of the chart is the program's choice and no feature's.
+struct SceneOptions {
+    bool depthPicture = true;
+    bool relief = true;  ///< in the depth picture
+};
+
 /// Turns the features of a job into what the chart draws: one layer a kind. What is hidden isn't in the scene.
 ///
 /// What is worked out from a feature's data (its path with all levels of detail, where its name stands) is kept under a
@@ -24,6 +30,8 @@ namespace quillon {
 class SceneBuilder {
 public:
     explicit SceneBuilder(JobRecord& job, ItemMaker* background = nullptr) : record(job), maker(background) {}
+
+    SceneOptions options;
 
     /// The features as they stand.
     ChartScene Build();
@@ -66,11 +74,15 @@ public:
     void Add(int file, ChartItem item, int pointsPerRecord = 1);
     /// An item that shows one record of a file.
     void AddRecord(int file, int record, ChartItem item);
+    /// What the colours of a picture mean.
+    void SetLegend(ChartLegend legend);
     /// An item that shows nothing that could be chosen.
     void AddBackground(ChartItem item) { Add(-1, std::move(item)); }
     /// One of those that says what lies at a place of it: a depth, an attribute. Empty for nothing.
     using HitText = std::function<std::string(const ChartHit& hit)>;
     void AddBackground(ChartItem item, HitText textOf);
+    /// The same of a file without points to choose.
+    void AddUnderlay(int file, ChartItem item, HitText textOf);
 
 private:
     /// What of the job an item shows.
@@ -99,6 +111,7 @@ private:
 
     JobRecord& record;
     ItemMaker* maker;
+    ChartScene* building = nullptr;
     ChartLayer* layer = nullptr;
     KeptByName kept;                                       // of this scene
     KeptByName before;                                     // of the scene before, while this one is built

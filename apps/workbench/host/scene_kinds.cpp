@@ -10,10 +10,12 @@
 #include "foundation/columns.h"
 #include "host/area_label.h"
 #include "host/corridor_outline.h"
+#include "host/depth_scene.h"
 #include "host/drawing_lines.h"
+#include "host/label_text.h"
 #include "host/name_table.h"
 #include "host/scene_builder.h"
-
+#include "host/shape_scene.h"
 #include "platform/text.h"
 
 namespace quillon {
@@ -27,28 +29,6 @@ constexpr COLORREF kAreaInk = RGB(48, 48, 48);
 constexpr COLORREF kSymbolOutline = RGB(0, 0, 0);
 /// Range rings of one waypoint: as many as the pane offers.
 constexpr int kMostRings = 25;
-
-enum LABEL_MODE { LABEL_NONE, LABEL_NAME, LABEL_COORDINATES, LABEL_NAME_COORDINATES, LABEL_DESCRIPTION };
-enum LABEL_SIDE { SIDE_NONE, SIDE_TOP, SIDE_BOTTOM, SIDE_LEFT, SIDE_RIGHT, SIDE_CENTRE };
-
-std::string CoordinatesText(tagXY at) {
-    return Format("%.1lf E  %.1lf N", at.x, at.y);
-}
-
-std::string LabelText(SYMBOL_LABEL_MODE mode, const std::string& name, const std::string& description, tagXY at) {
-    switch (mode) {
-        case LABEL_NAME:
-            return name;
-        case LABEL_COORDINATES:
-            return CoordinatesText(at);
-        case LABEL_NAME_COORDINATES:
-            return name.empty() ? CoordinatesText(at) : name + "  " + CoordinatesText(at);
-        case LABEL_DESCRIPTION:
-            return description;
-        default:
-            return {};
-    }
-}
 
 /// The labels of the points of a path, by their mode.
 ChartTextOf PointLabels(SYMBOL_LABEL_MODE mode, LABEL_POSITION position, const std::string& description,
@@ -395,6 +375,8 @@ void AddStructures(SceneBuilder& scene) {
 }
 
 constexpr std::array<SceneKind, kKindCount> kKinds = {{
+    {KIND::DTM, AddDepthModel},
+    {KIND::SHAPE, AddShapeFiles},
     {KIND::BOUNDARY, AddBoundaries},
     {KIND::PIPELINE, AddPipelines},
     {KIND::PIPE_ROUTE, AddPipeRoute},

@@ -58,6 +58,17 @@ ChartGrid GridOf(const ChartView& view) {
     return grid;
 }
 
+std::vector<ChartLegendMark> LegendMarks(double least, double greatest, double most) {
+    const double span = greatest - least;
+    if (!(span > 0.0) || !(most >= 1.0)) return {{0.0, GroupedDigits(least, std::abs(least) < 100.0 ? 0.1 : 1.0)}};
+    const double step = RoundStep(span / most);
+    std::vector<ChartLegendMark> marks;
+    for (double count = std::ceil(least / step - kSlack); count * step <= greatest + kSlack * span; ++count) {
+        marks.push_back({(count * step - least) / span, GroupedDigits(count * step, step)});
+    }
+    return marks;
+}
+
 ChartScaleBar ScaleBarOf(const ChartView& view, double mostPixels) {
     const double most = mostPixels * view.MetresPerPixel();
     double metres = RoundStep(most);

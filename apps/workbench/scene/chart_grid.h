@@ -26,6 +26,12 @@ struct ChartScaleBar {
     std::string label;  ///< "250 m", "2 km"
 };
 
+/// A round value beside the column of a legend.
+struct ChartLegendMark {
+    double part = 0.0;  ///< of the column, 0 at its top
+    std::string label;
+};
+
 /// The smallest of 1, 2, 5 times a power of ten that is at least `least`; `least` is above 0.
 double RoundStep(double least);
 
@@ -34,6 +40,9 @@ std::string GroupedDigits(double value, double step);
 
 /// Lines far enough apart for their labels to stand beside one another.
 ChartGrid GridOf(const ChartView& view);
+
+/// The round values of a legend from `least` at its top to `greatest`, at most so many.
+std::vector<ChartLegendMark> LegendMarks(double least, double greatest, double most);
 
 /// The longest round distance of at most so many pixels.
 ChartScaleBar ScaleBarOf(const ChartView& view, double mostPixels = 180.0);

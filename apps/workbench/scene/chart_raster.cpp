@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "scene/chart_colours.h"
+
 namespace quillon {
 namespace {
 
@@ -72,6 +74,11 @@ std::int32_t ChartRaster::ValueAt(tagXY place) const {
     const int column = std::min(static_cast<int>((place.x - box.minX) / level.cell), level.columns - 1);
     const int row = std::min(static_cast<int>((place.y - box.minY) / level.cell), level.rows - 1);
     return level.At(column, row);
+}
+
+COLORREF ChartColourScale::Shown(std::size_t index, bool isNight) const {
+    if (isNight && index < night.size()) return night[index];
+    return ImageColour(colours[index], isNight);
 }
 
 COLORREF ChartColourScale::Of(std::int32_t value) const {

@@ -60,8 +60,12 @@ struct ChartColourScale {
     std::int32_t least = 0;
     std::int32_t greatest = 0;
     std::vector<COLORREF> colours;
+    /// As many for the night; without them those of the day are dimmed.
+    std::vector<COLORREF> night = {};
 
     COLORREF Of(std::int32_t value) const;
+    /// One of the colours as the chart shows it.
+    COLORREF Shown(std::size_t index, bool isNight) const;
 };
 
 }  // namespace quillon

@@ -11,11 +11,22 @@ ChartBox Round(tagXY centre, double radius) {
 }
 
 struct ItemExtent {
+    bool all;
     ChartBox operator()(const ChartImage& image) const { return image.raster->Box(); }
-    ChartBox operator()(const ChartPath& path) const { return path.extends ? path.path->Box() : ChartBox(); }
+    ChartBox operator()(const ChartPath& path) const { return path.extends || all ? path.path->Box() : ChartBox(); }
     ChartBox operator()(const ChartRings& rings) const { return rings.Box(); }
-    ChartBox operator()(const ChartTexts& texts) const { return texts.places->Box(); }
+    ChartBox operator()(const ChartTexts& texts) const {
+        return texts.extends || all ? texts.places->Box() : ChartBox();
+    }
 };
+
+ChartBox ExtentOf(const ChartScene& scene, bool all) {
+    ChartBox box;
+    for (const ChartLayer& layer : scene.layers) {
+        for (const ChartItem& item : layer.items) box.Add(std::visit(ItemExtent{all}, item));
+    }
+    return box;
+}
 
 }  // namespace
 
@@ -48,15 +59,12 @@ PathPtr MakePath(std::vector<tagXY> points, const PathParts& parts) {
 }
 
 ChartBox ExtentOf(const ChartItem& item) {
-    return std::visit(ItemExtent(), item);
+    return std::visit(ItemExtent{true}, item);
 }
 
 ChartBox ExtentOf(const ChartScene& scene) {
-    ChartBox box;
-    for (const ChartLayer& layer : scene.layers) {
-        for (const ChartItem& item : layer.items) box.Add(ExtentOf(item));
-    }
-    return box;
+    const ChartBox box = ExtentOf(scene, false);
+    return box.IsEmpty() ? ExtentOf(scene, true) : box;
 }
 
 }  // namespace quillon

@@ -68,7 +68,7 @@ struct ChartPath {
     bool arrows = false;
     bool canBeHit = true;
     /// Counts towards all that the scene shows. What is worked out from points, such as a corridor, can reach far
-    /// beyond them and isn't what one zooms to.
+    /// beyond them and isn't what one zooms to, and neither is what lies below the job, such as the coast of a country.
     bool extends = true;
 };
 
@@ -116,6 +116,7 @@ struct ChartTexts {
     std::function<ChartText(std::size_t index)> textOf = {};
     COLORREF colour = 0;
     bool framed = false;  ///< level texts only: in a box, as labels are
+    bool extends = true;  ///< as for a path
 };
 
 /// A raster, each of its values in its colour.
@@ -123,6 +124,15 @@ struct ChartImage {
     std::shared_ptr<const ChartRaster> raster = {};
     std::shared_ptr<const ChartColourScale> colours = {};
     int opacity = 255;  ///< 0 to 255
+    /// Metres upwards for one more of a value, as the shading of its relief sees it; 0 for none.
+    double heightPerValue = 0.0;
+};
+
+/// What the colours of a raster mean, shown beside the scale bar.
+struct ChartLegend {
+    std::string title;
+    std::shared_ptr<const ChartColourScale> colours;
+    double unit = 1.0;  ///< what is shown for a value of 1
 };
 
 using ChartItem = std::variant<ChartImage, ChartPath, ChartRings, ChartTexts>;
@@ -139,6 +149,7 @@ struct ChartLayer {
 struct ChartScene {
     /// The first lies lowest.
     std::vector<ChartLayer> layers;
+    std::optional<ChartLegend> legend;
     /// The point last picked, marked above everything.
     std::optional<tagXY> shown;
     /// Of the part of the grid in view; null for none.
@@ -150,7 +161,7 @@ PathPtr MakePath(std::vector<tagXY> points, const PathParts& parts = {});
 
 /// What an item shows; empty for one that is worked out from others.
 ChartBox ExtentOf(const ChartItem& item);
-/// All that a scene shows.
+/// What a scene shows whole: all that counts towards that, or, where nothing does, all that is there.
 ChartBox ExtentOf(const ChartScene& scene);
 
 }  // namespace quillon

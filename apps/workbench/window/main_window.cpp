@@ -34,6 +34,8 @@ constexpr const char* kSection = "Workbench";
 constexpr const char* kNightKey = "Night";
 /// The view of the chart: easting and northing of its centre, metres to a pixel, and the job that it is of.
 constexpr const char* kViewKey = "View";
+constexpr const char* kDepthsKey = "Depths";
+constexpr const char* kReliefKey = "Relief";
 constexpr QSize kToolIcons = {22, 22};
 constexpr double kZoomStep = 1.5;
 constexpr double kMetresPerInch = 0.0254;
@@ -110,6 +112,7 @@ void MainWindow::SetNight(bool night) {
 void MainWindow::ConnectChart() {
     chart->onCursor = [this](const std::optional<tagXY>& position) {
         status.SetPosition(position);
+        status.SetDepth(position ? job.Record().dtm.DepthAt(*position) : MISSING_VALUE);
         acts.OnCursor(position);
         geodesy.OnCursor(position);
     };
@@ -125,6 +128,7 @@ void MainWindow::RebuildScene() {
     const bool isFirst = std::exchange(sceneEmpty, scenes.IsEmpty()) && !sceneEmpty;
     chart->SetScene(std::move(scene));
     acts.OnSceneChanged();
+    if (job.Loads().IsBusy()) status.ShowMessage("Loading " + ToQString(job.Loads().CurrentName()) + " ...");
     if (isFirst) ZoomToAll();
     desk.Refresh();
     ShowHint();
@@ -349,6 +353,9 @@ void MainWindow::MakeViewMenu() {
                             [this](bool on) { SetFullScreen(on); });
     fullScreenAction->setCheckable(true);
     menu.addSeparator();
+    AddSceneChoice(menu, "&Depths", "Draw the depth model as a picture", kDepthsKey, scenes.options.depthPicture);
+    AddSceneChoice(menu, "&Relief", "Shade the depths as if light fell on them", kReliefKey, scenes.options.relief);
+    menu.addSeparator();
     QAction* const next =
         MakeAction("Next Area", QKeySequence("F6"), "Take the keyboard from the chart to the panes and on");
     connect(next, &QAction::triggered, this, [this] { NextArea(); });
@@ -362,6 +369,19 @@ void MainWindow::MakeChartMenu() {
         acts.Connect(*action, act);
         menu.addAction(action);
     }
+}
+
+void MainWindow::AddSceneChoice(QMenu& menu, const QString& text, const QString& tip, const char* key, bool& choice) {
+    QAction* const action = MakeAction(text, {}, tip);
+    action->setCheckable(true);
+    choice = platform.GetProfile().GetInt(kSection, key, choice ? 1 : 0) != 0;
+    action->setChecked(choice);
+    connect(action, &QAction::triggered, this, [this, key, &choice](bool on) {
+        choice = on;
+        platform.GetProfile().SetInt(kSection, key, on ? 1 : 0);
+        OnDrawingChanged();
+    });
+    menu.addAction(action);
 }
 
 void MainWindow::MakePaneActions(QMenu& menu) {
@@ -476,6 +496,7 @@ void MainWindow::ShowAbout() {
 // ---- The window ----
 
 void MainWindow::Settle() {
+    job.Loads().Settle();
     platform.Messages().Pump();
     if (sceneStale) RebuildScene();
     itemMaker.Wait();

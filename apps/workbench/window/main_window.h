@@ -73,6 +73,8 @@ private:
     void MakePaneActions(QMenu& menu);
     /// Shows a pane or brings it to the front; puts it away if it is there.
     void TogglePane(QDockWidget& dock);
+    /// An action that turns something of the scene on and off; the choice is kept in the profile.
+    void AddSceneChoice(QMenu& menu, const QString& text, const QString& tip, const char* key, bool& choice);
     /// An action of the window; its tip tells its key.
     QAction* MakeAction(const QString& text, const QKeySequence& key, const QString& tip);
 

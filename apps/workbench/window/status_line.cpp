@@ -23,6 +23,10 @@ QString Grouped(const std::string& number) {
     return grouped;
 }
 
+QString DepthText(double metres) {
+    return "Depth " + Grouped(Format("%.2lf", metres)) + " m";
+}
+
 }  // namespace
 
 QString PositionText(tagXY position) {
@@ -51,6 +55,7 @@ StatusLine::StatusLine(QStatusBar& statusBar) : bar(statusBar) {
     note->setContentsMargins(8, 0, 8, 0);
     note->hide();
     bar.addPermanentWidget(note);
+    depth = AddField(DepthText(-88'888.88), "Depth under the cursor, metres");
     position = AddField(PositionText({-8'888'888.888, -88'888'888.888}), "Position under the cursor, metres");
     scale = AddField(ScaleText(88'800'000.0), "Scale of the chart on this screen");
 }
@@ -75,6 +80,10 @@ void StatusLine::SetNote(const QString& text) {
 
 void StatusLine::SetPosition(const std::optional<tagXY>& under) {
     position->setText(under ? PositionText(*under) : QString());
+}
+
+void StatusLine::SetDepth(double metres) {
+    depth->setText(IsMissing(metres) ? QString() : DepthText(metres));
 }
 
 void StatusLine::SetScale(double denominator) {

@@ -23,6 +23,8 @@ public:
     void SetUnderCursor(const QString& text) { under->setText(text); }
     /// Without a position under the cursor the field is empty.
     void SetPosition(const std::optional<tagXY>& position);
+    /// Metres below the surface under the cursor; MISSING_VALUE where none is known.
+    void SetDepth(double metres);
     /// The scale is 1 : `denominator`; 0 is none.
     void SetScale(double denominator);
 
@@ -34,6 +36,7 @@ private:
     QStatusBar& bar;
     QLabel* under;
     QLabel* note;
+    QLabel* depth;
     QLabel* position;
     QLabel* scale;
 };
