@@ -20,6 +20,9 @@ tagXY PositionOf(const PipelineDef& point) {
 tagXY PositionOf(const RouteDef& point) {
     return point.position;
 }
+tagXY PositionOf(const RPLDef& record) {
+    return record.position;
+}
 tagXY PositionOf(const SailLineDef& line) {
     return line.Middle();
 }
@@ -41,6 +44,10 @@ double KpOf(const Point&) {
 double KpOf(const PipelineDef& point) {
     return point.kp;
 }
+/// Of a curve, which has no KP where its legs would meet, that of its middle.
+double KpOf(const RPLDef& record) {
+    return record.IsCurve() ? (record.curveStartKp + record.curveEndKp) / 2.0 : record.kp;
+}
 /// Routes hold theirs in metres.
 double KpOf(const RouteDef& point) {
     return point.kp / 1000.0;
@@ -55,6 +62,9 @@ bool IsShown(const CGridWaypoint& waypoints) {
 bool IsShown(const CPipeline& pipeline) {
     return pipeline.use;
 }
+bool IsShown(const CRPL& rpl) {
+    return rpl.use;
+}
 
 KindLook LookOf(const CBoundary& boundary) {
     return {.line = boundary.pen, .filled = true};
@@ -64,6 +74,9 @@ KindLook LookOf(const CGridWaypoint& waypoints) {
 }
 KindLook LookOf(const CPipeline& pipeline) {
     return {.line = pipeline.linePen};
+}
+KindLook LookOf(const CRPL& rpl) {
+    return {.line = rpl.linePen};
 }
 /// Routes and sail lines.
 KindLook LookOf(const CDrawingOptions& options) {
@@ -159,6 +172,7 @@ constexpr std::array<JobKind, kKindCount> kKinds = {
     MakeKind<ListFiles<&JobRecord::sailLines>>(KIND::SAIL_LINE, FEATURE_TYPES::SAIL_LINE, "Sail Line", "line"),
     MakeKind<ListFiles<&JobRecord::pipelines>>(KIND::PIPELINE, FEATURE_TYPES::PIPELINE, "Pipeline"),
     MakeKind<PipeRouteFile>(KIND::PIPE_ROUTE, FEATURE_TYPES::NONE, "Pipe Route"),
+    MakeKind<ListFiles<&JobRecord::rpls>>(KIND::RPL, FEATURE_TYPES::NONE, "RPL"),
     MakeKind<StructureFiles>(KIND::STRUCTURE, FEATURE_TYPES::STRUCTURE, "Structure"),
 };
 

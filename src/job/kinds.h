@@ -14,7 +14,7 @@
 namespace quillon {
 
 /// The kinds of things that a job holds, each read from files of its own; in the order of menus and tree.
-enum class KIND : std::uint8_t { BOUNDARY, WAYPOINT, ROUTE, SAIL_LINE, PIPELINE, PIPE_ROUTE, STRUCTURE, NONE };
+enum class KIND : std::uint8_t { BOUNDARY, WAYPOINT, ROUTE, SAIL_LINE, PIPELINE, PIPE_ROUTE, RPL, STRUCTURE, NONE };
 
 inline constexpr std::size_t kKindCount = static_cast<std::size_t>(KIND::NONE);
 

@@ -60,6 +60,7 @@ TEST_F(SampleFilesTest, SettingsAreAsTheProgramWritesThem) {
         EXPECT_FALSE(list->GetCurrent()->points.empty());
     }
     EXPECT_TRUE(features.targetPlot.Save(platform.Files()));
+    for (int i = 0; i < features.rpls.GetCount(); ++i) features.rpls[i].WriteSettings();
     features.pipeRoute.WriteSettings();
     features.pipeRoute.WriteActive();
     for (int i = 0; i < features.routes.GetCount(); ++i) {

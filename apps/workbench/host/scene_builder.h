@@ -15,6 +15,9 @@
 
 namespace quillon {
 
+/// For each point of a path the record of a feature that it belongs to.
+using RecordNumbers = std::shared_ptr<const std::vector<std::uint32_t>>;
+
 /// Turns the features of a job into what the chart draws: one layer a kind. What is hidden isn't in the scene.
 ///
 /// What is worked out from a feature's data (its path with all levels of detail, where its name stands) is kept under a
@@ -62,6 +65,8 @@ public:
     void Add(int file, ChartItem item, int pointsPerRecord = 1);
     /// An item that shows one record of a file.
     void AddRecord(int file, int record, ChartItem item);
+    /// A path of which each point says what record it belongs to.
+    void Add(int file, ChartPath path, RecordNumbers recordOf);
     /// An item that shows nothing that could be chosen.
     void AddBackground(ChartItem item) { Add(-1, std::move(item)); }
     /// One of those that says what lies at a place of it: a depth, an attribute. Empty for nothing.
@@ -75,6 +80,8 @@ private:
         int pointsPerRecord;
         int record = -1;  ///< the only one that it shows; -1 for one after the other
         HitText textOf = {};
+        RecordNumbers recordOf = {};  ///< in place of `pointsPerRecord`
+        PathPtr path = {};            ///< that these count the points of
     };
     const Shown* ShownBy(const ChartHit& hit) const;
     void AddShown(ChartItem item, Shown shown);
@@ -86,6 +93,8 @@ private:
     };
     using KeptByName = std::map<std::pair<std::uint64_t, std::string>, Kept>;
 
+    /// The record of the nearer end of what was hit; -1 if it has none.
+    static int RecordOf(const Shown& shown, const PathHit& hit);
     Kept& Find(const std::string& name);
     Data KeepAny(const std::string& name, std::uint64_t stamp, const std::function<Data()>& make);
     Data KeepAnyLater(const std::string& name, std::uint64_t stamp, ItemMaker::Make make);
