@@ -73,7 +73,7 @@ JobRecord::~JobRecord() {
 }
 
 void JobRecord::Load() {
-    geodesy.Load();
+    geodesyFault = geodesy.Load();
     for (const JobKind& kind : JobKinds()) kind.load(*this);
     vessels.Load();
     templates.Load();

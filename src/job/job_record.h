@@ -44,6 +44,8 @@ struct JobRecord : private FileWatcher {
     CStructureList structures;  ///< with the drawings that serve as shapes
 
     CJobGeodesy geodesy;  ///< which grid the job is on
+    /// Why the stored grid couldn't be taken up at Load.
+    GEODESY_FAULT geodesyFault = GEODESY_FAULT::NONE;
     CVesselList vessels;
     CTemplateList templates;
     CTargetPlot targetPlot;

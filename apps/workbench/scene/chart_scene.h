@@ -115,6 +115,7 @@ struct ChartTexts {
     std::function<ChartText(std::size_t index)> textOf = {};
     COLORREF colour = 0;
     bool framed = false;  ///< level texts only: in a box, as labels are
+    bool extends = true;  ///< as of paths
 };
 
 /// A raster, each of its values in its colour.
