@@ -58,6 +58,7 @@ public:
     void ComputeCurvesFromTangents();
     void ComputeCorridor();
 
+    std::span<const RPLDef> GetRecords() const { return {GetData(), static_cast<std::size_t>(GetSize())}; }
     RPL_FORM GetForm() const { return form; }
     /// A list of tangent points has no corridor: its fields stay 0.
     bool HasCorridor() const { return form != RPL_FORM::TANGENT && GetSize() >= 2; }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <type_traits>
 
+#include "features/rpl_place.h"
+
 namespace quillon {
 namespace {
 
@@ -158,11 +160,22 @@ constexpr JobKind MakeKind(KIND id, FEATURE_TYPES type, std::string_view name, s
             .pointName = [](Record job, int file, int point) { return NameOf(Files::At(job, file)[point]); },
             .pointWord = pointWord,
             .pointKp = [](Record job, int file, int point) { return KpOf(Files::At(job, file)[point]); },
+            .kpAt = nullptr,
+            .placeAtKp = nullptr,
             .report = [](Record job, int file) -> const ReadReport& { return Files::At(job, file).GetReport(); },
             .isDisplayed = [](Record job, int file) { return IsShown(Files::At(job, file)); },
             .look = [](Record job, int file) { return LookOf(Files::At(job, file)); },
             .followStored = FollowStored<Files>,
             .common = CommonOf<Files>};
+}
+
+/// Curves lie beside the points that shape them.
+constexpr JobKind MakeRplKind() {
+    using Record = const JobRecord&;
+    JobKind kind = MakeKind<ListFiles<&JobRecord::rpls>>(KIND::RPL, FEATURE_TYPES::NONE, "RPL");
+    kind.kpAt = [](Record job, int file, tagXY at) { return RplKpAt(job.rpls[file].GetRecords(), at); };
+    kind.placeAtKp = [](Record job, int file, double kp) { return RplPlaceAt(job.rpls[file].GetRecords(), kp); };
+    return kind;
 }
 
 constexpr std::array<JobKind, kKindCount> kKinds = {
@@ -172,7 +185,7 @@ constexpr std::array<JobKind, kKindCount> kKinds = {
     MakeKind<ListFiles<&JobRecord::sailLines>>(KIND::SAIL_LINE, FEATURE_TYPES::SAIL_LINE, "Sail Line", "line"),
     MakeKind<ListFiles<&JobRecord::pipelines>>(KIND::PIPELINE, FEATURE_TYPES::PIPELINE, "Pipeline"),
     MakeKind<PipeRouteFile>(KIND::PIPE_ROUTE, FEATURE_TYPES::NONE, "Pipe Route"),
-    MakeKind<ListFiles<&JobRecord::rpls>>(KIND::RPL, FEATURE_TYPES::NONE, "RPL"),
+    MakeRplKind(),
     MakeKind<StructureFiles>(KIND::STRUCTURE, FEATURE_TYPES::STRUCTURE, "Structure"),
 };
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -48,6 +49,10 @@ struct JobKind {
     std::string_view pointWord;
     /// How far along the feature a point lies, kilometres; MISSING_VALUE for kinds without KPs.
     double (*pointKp)(const JobRecord& job, int file, int point);
+    /// Where points don't lie on the line that they shape, as those of curves: the KP of the place of the line nearest
+    /// to a position, and where a KP lies. Null for kinds whose lines lead straight from point to point.
+    double (*kpAt)(const JobRecord& job, int file, tagXY at);
+    std::optional<tagXY> (*placeAtKp)(const JobRecord& job, int file, double kp);
     /// What the last reading made of the file.
     const ReadReport& (*report)(const JobRecord& job, int file);
     bool (*isDisplayed)(const JobRecord& job, int file);

@@ -169,8 +169,7 @@ PointsTable CRPLPane::MakeTable(int index) {
 void CRPLPane::SelectPoint(int point) {
     const int index = Current();
     if (index < 0) return;
-    const CRPL& rpl = Member(index);
-    GetTable().SetSelection(RplTableRow({rpl.GetData(), static_cast<std::size_t>(rpl.GetSize())}, point));
+    GetTable().SetSelection(RplTableRow(Member(index).GetRecords(), point));
 }
 
 }  // namespace quillon

@@ -61,6 +61,7 @@ TEST_F(SampleFilesTest, SettingsAreAsTheProgramWritesThem) {
     }
     EXPECT_TRUE(features.targetPlot.Save(platform.Files()));
     for (int i = 0; i < features.rpls.GetCount(); ++i) features.rpls[i].WriteSettings();
+    EXPECT_TRUE(features.geodesy.Save());
     features.pipeRoute.WriteSettings();
     features.pipeRoute.WriteActive();
     for (int i = 0; i < features.routes.GetCount(); ++i) {

@@ -144,7 +144,8 @@ int SceneBuilder::RecordOf(const Shown& shown, const PathHit& hit) {
     const ChartPoints& points = shown.path->Points();
     std::size_t point = hit.point;
     const auto distance = [&](std::size_t i) { return std::hypot(points[i].x - hit.at.x, points[i].y - hit.at.y); };
-    if (!hit.isVertex && point + 1 < points.size() && distance(point + 1) < distance(point)) ++point;
+    if (point >= points.size()) return -1;
+    if (!hit.isVertex && hit.next < points.size() && distance(hit.next) < distance(point)) point = hit.next;
     // A path that is still being made is the one before, with other points.
     return point < shown.recordOf->size() ? static_cast<int>((*shown.recordOf)[point]) : -1;
 }

@@ -220,15 +220,11 @@ void AddPipeRoute(SceneBuilder& scene) {
 
 // ---- Route position lists ----
 
-std::span<const RPLDef> RecordsOf(const CRPL& rpl) {
-    return {rpl.GetData(), static_cast<std::size_t>(rpl.GetSize())};
-}
-
 void AddRplCorridor(SceneBuilder& scene, const CRPL& rpl, double tolerance) {
     if (!rpl.displayCorridor || !rpl.HasCorridor()) return;
     ChartPath corridor;
     corridor.path = scene.KeepPath(rpl.GetPath() + "|corridor", rpl.GetStamp(), {.closed = true},
-                                   [&] { return ChartPoints(RplCorridorOutline(RecordsOf(rpl), tolerance)); });
+                                   [&] { return ChartPoints(RplCorridorOutline(rpl.GetRecords(), tolerance)); });
     corridor.extends = false;
     corridor.line = {rpl.corridorPen.colour, rpl.corridorPen.thickness, rpl.corridorPen.style};
     corridor.fill = {rpl.corridorPen.fill, rpl.corridorPen.colour};
@@ -240,9 +236,9 @@ void AddRplMarks(SceneBuilder& scene, const CRPL& rpl, int file) {
     constexpr VECTOR_SYMBOL kRing = 2;
     const std::string name = rpl.GetPath() + "|marks";
     const auto marks = scene.Keep<RplLine>(name, rpl.GetStamp(),
-                                           [&] { return std::make_shared<const RplLine>(RplMarks(RecordsOf(rpl))); });
+                                           [&] { return std::make_shared<const RplLine>(RplMarks(rpl.GetRecords())); });
     const auto kps = scene.Keep<std::vector<double>>(name + "|kps", rpl.GetStamp(), [&] {
-        return std::make_shared<const std::vector<double>>(RplMarkKps(RecordsOf(rpl)));
+        return std::make_shared<const std::vector<double>>(RplMarkKps(rpl.GetRecords()));
     });
     ChartPath path;
     path.path = scene.KeepPath(name + "|path", rpl.GetStamp(), {.every = 1}, [&] {
@@ -262,11 +258,11 @@ void AddRpls(SceneBuilder& scene) {
         if (!rpl.use || rpl.IsEmpty()) continue;
         const std::string& name = rpl.GetPath();
         const double tolerance = *scene.Keep<double>(name + "|tolerance", rpl.GetStamp(), [&] {
-            return std::make_shared<const double>(RplChordTolerance(RecordsOf(rpl)));
+            return std::make_shared<const double>(RplChordTolerance(rpl.GetRecords()));
         });
         AddRplCorridor(scene, rpl, tolerance);
         const auto line = scene.Keep<RplLine>(name + "|line", rpl.GetStamp(), [&] {
-            return std::make_shared<const RplLine>(RplRouteLine(RecordsOf(rpl), tolerance));
+            return std::make_shared<const RplLine>(RplRouteLine(rpl.GetRecords(), tolerance));
         });
         ChartPath path;
         path.path = scene.KeepPath(name, rpl.GetStamp(), {}, [&] {
@@ -296,7 +292,7 @@ ChartTextOf LegTexts(const PathPtr& path) {
     return [path](std::size_t leg) {
         if (leg + 1 >= path->Points().size()) return std::string();
         const LegDef there = MakeLeg(path->Points()[leg], path->Points()[leg + 1]);
-        return CellText(CELL::RANGE, there.range) + "  " + CellText(CELL::BEARING, there.bearing);
+        return CellText(CELL::RANGE, there.range) + "  " + CellText(CELL::BEARING, there.bearing) + " grid";
     };
 }
 

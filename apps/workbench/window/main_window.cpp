@@ -16,8 +16,10 @@
 #include "chart/chart_picture.h"
 #include "chart/chart_symbols.h"
 #include "chart/chart_widget.h"
+#include "host/grid_text.h"
 #include "platform/user_actions.h"
 #include "toolkit/text_edge.h"
+#include "window/geodesy_dialog.h"
 #include "window/icons.h"
 #include "window/keyboard_help.h"
 #include "window/password_dialog.h"
@@ -30,6 +32,7 @@ namespace {
 
 constexpr const char* kSection = "Workbench";
 constexpr const char* kNightKey = "Night";
+constexpr const char* kGraticuleKey = "Graticule";
 constexpr QSize kToolIcons = {22, 22};
 constexpr double kZoomStep = 1.5;
 constexpr double kMetresPerInch = 0.0254;
@@ -53,6 +56,10 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
           QMetaObject::invokeMethod(
               this, [this] { OnDrawingChanged(); }, Qt::QueuedConnection);
       }),
+      graticule([this] {
+          QMetaObject::invokeMethod(
+              this, [this] { OnDrawingChanged(); }, Qt::QueuedConnection);
+      }),
       scenes(shownJob.Record(), &itemMaker),
       chart(new ChartWidget(this)),
       docks(*this, shownJob, factory),
@@ -67,6 +74,11 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
     job.SetObserver(this);
     MakeActions();
     ConnectChart();
+    status.onGrid = [this] { ChooseGrid(); };
+    FollowGrid();
+    if (job.Record().geodesyFault != GEODESY_FAULT::NONE) {
+        status.ShowMessage("The stored grid can't be used: " + ToQString(FaultText(job.Record().geodesyFault)));
+    }
     docks.Restore();
     RebuildScene();
 }
@@ -97,7 +109,7 @@ void MainWindow::SetNight(bool night) {
 
 void MainWindow::ConnectChart() {
     chart->onCursor = [this](const std::optional<tagXY>& position) {
-        status.SetPosition(position);
+        ShowCursor(position);
         acts.OnCursor(position);
     };
     chart->onViewChanged = [this] { FollowView(); };
@@ -108,10 +120,32 @@ void MainWindow::RebuildScene() {
     sceneStale = false;
     ChartScene scene = scenes.Build();
     scene.shown = job.ShownPoint();
+    if (auto lines = graticule.Layer()) scene.layers.insert(scene.layers.begin(), std::move(*lines));
     const bool isFirst = std::exchange(sceneEmpty, scenes.IsEmpty()) && !sceneEmpty;
     chart->SetScene(std::move(scene));
     acts.OnSceneChanged();
     if (isFirst) ZoomToAll();
+}
+
+// ---- The grid ----
+
+void MainWindow::ShowCursor(const std::optional<tagXY>& position) {
+    status.SetPosition(position);
+    const GridPlaceText place = position ? TextOfPlace(job.Record().geodesy, *position, angleDisplay) : GridPlaceText();
+    status.SetGeographic(ToQString(place.geographic), ToQString(place.scale));
+}
+
+void MainWindow::FollowGrid() {
+    const CJobGeodesy& geodesy = job.Record().geodesy;
+    angleDisplay = ReadGeographicalsSettings(&platform.Files());
+    status.SetGrid(ToQString(GridBadgeText(geodesy)), geodesy.IsChosen());
+    graticuleAction->setEnabled(geodesy.IsChosen());
+    graticule.SetGrid(graticuleAction->isChecked() ? &geodesy : nullptr);
+    OnDrawingChanged();
+}
+
+void MainWindow::ChooseGrid() {
+    if (ChooseGeodesy(this, job.Record().geodesy)) FollowGrid();
 }
 
 void MainWindow::ZoomToAll() {
@@ -128,6 +162,7 @@ void MainWindow::FollowView() {
         fitted = view;
         ZoomToAll();
     }
+    graticule.SetView(chart->View());
     status.SetScale(chart->View().MetresPerPixel() * chart->logicalDpiX() / kMetresPerInch);
 }
 
@@ -203,6 +238,10 @@ void MainWindow::MakeFileMenu() {
         for (const auto& pane : job.Panes()) pane->RefreshRows();
     });
     menu.addAction(password);
+    QAction* const grid = MakeAction("&Grid of the Job...", QKeySequence("Ctrl+Shift+G"),
+                                     "Choose the grid and datum that the job's positions are on");
+    connect(grid, &QAction::triggered, this, [this] { ChooseGrid(); });
+    menu.addAction(grid);
     menu.addSeparator();
     QAction* const quit = MakeAction("&Quit", QKeySequence("Ctrl+Q"), "End the program; every change is saved already");
     connect(quit, &QAction::triggered, this, [this] { close(); });
@@ -236,6 +275,14 @@ void MainWindow::MakeViewMenu() {
         zoom(ICON::NIGHT, "&Night", QKeySequence("Ctrl+N"), "Night colours", [this](bool on) { SetNight(on); });
     nightAction->setCheckable(true);
     nightAction->setChecked(theme.IsNight());
+    graticuleAction = MakeAction("&Graticule", QKeySequence("Ctrl+G"), "Meridians and parallels on the chart");
+    graticuleAction->setCheckable(true);
+    graticuleAction->setChecked(platform.GetProfile().GetInt(kSection, kGraticuleKey, 0) != 0);
+    connect(graticuleAction, &QAction::triggered, this, [this](bool on) {
+        platform.GetProfile().SetInt(kSection, kGraticuleKey, on ? 1 : 0);
+        FollowGrid();
+    });
+    menu.addAction(graticuleAction);
     fullScreenAction = zoom(ICON::FULL_SCREEN, "&Full Screen", QKeySequence("F11"), "Fill the whole screen",
                             [this](bool on) { SetFullScreen(on); });
     fullScreenAction->setCheckable(true);
@@ -355,6 +402,7 @@ void MainWindow::Settle() {
     platform.Messages().Pump();
     if (sceneStale) RebuildScene();
     itemMaker.Wait();
+    graticule.Wait();
     RebuildScene();
     QApplication::processEvents();
     chart->Settle();

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "chart/chart_widget.h"
+#include "host/graticule.h"
 #include "host/job.h"
 #include "host/scene_builder.h"
 #include "toolkit/qt_platform.h"
@@ -68,6 +69,10 @@ private:
     /// The chart shows another part of the grid, or has another size.
     void FollowView();
     void AddFiles(KIND kind);
+    void ChooseGrid();
+    /// The grid of the job is another, or the graticule is to be shown or not.
+    void FollowGrid();
+    void ShowCursor(const std::optional<tagXY>& position);
     void ExportPicture();
     void SetFullScreen(bool full);
     void NextArea();
@@ -77,6 +82,8 @@ private:
     QtPlatform& platform;
     Theme& theme;
     ItemMaker itemMaker;
+    GraticuleLayer graticule;
+    tagAngleDisplay angleDisplay;  ///< of latitudes and longitudes
     SceneBuilder scenes;
     WindowBindings factory;
     ChartWidget* chart;  // the central widget
@@ -86,6 +93,7 @@ private:
     QAction* exportAction = nullptr;
     QAction* addFirstAction = nullptr;
     QAction* nightAction = nullptr;
+    QAction* graticuleAction = nullptr;
     QAction* zoomAllAction = nullptr;
     QAction* zoomInAction = nullptr;
     QAction* zoomOutAction = nullptr;

@@ -12,6 +12,11 @@ namespace {
 /// A blank that is narrow and never breaks a line.
 constexpr char16_t kThinBlank = 0x202F;
 
+constexpr const char* kWidestGeographic = "88\u00B0 88'.88888N  188\u00B0 88'.88888E";
+constexpr const char* kWidestGridScale = "convergence -88.8888\u00B0  scale 0.888888";
+/// Pixels of a status line that has room for convergence and scale factor too.
+constexpr int kRoomForGridScale = 1400;
+
 /// Groups the figures before the point by threes.
 QString Grouped(const std::string& number) {
     QString grouped = QString::fromStdString(number);
@@ -47,6 +52,19 @@ StatusLine::StatusLine(QStatusBar& statusBar) : bar(statusBar) {
     note->setContentsMargins(8, 0, 8, 0);
     note->hide();
     bar.addPermanentWidget(note);
+    grid = new QToolButton;
+    grid->setAutoRaise(true);
+    grid->setFocusPolicy(Qt::NoFocus);
+    QObject::connect(grid, &QToolButton::clicked, grid, [this] {
+        if (onGrid) onGrid();
+    });
+    bar.addPermanentWidget(grid);
+    gridScale =
+        AddField(kWidestGridScale,
+                 "At the cursor: what is added to a grid bearing for the true one, and grid length over true length");
+    geographic = AddField(kWidestGeographic, "Latitude and longitude under the cursor, on the ellipsoid of the grid");
+    gridScale->hide();
+    geographic->hide();
     position = AddField(PositionText({-8'888'888.888, -88'888'888.888}), "Position under the cursor, metres");
     scale = AddField(ScaleText(88'800'000.0), "Scale of the chart on this screen");
 }
@@ -71,6 +89,21 @@ void StatusLine::SetNote(const QString& text) {
 
 void StatusLine::SetPosition(const std::optional<tagXY>& under) {
     position->setText(under ? PositionText(*under) : QString());
+}
+
+void StatusLine::SetGrid(const QString& text, bool chosen) {
+    grid->setText(text);
+    grid->setToolTip(chosen ? "Grid and datum of the job; a click chooses another"
+                            : "The grid of the job isn't known: no latitude is shown. A click chooses one");
+    geographic->setVisible(chosen);
+    gridScale->setVisible(chosen && bar.width() >= kRoomForGridScale);
+    if (!chosen) SetGeographic({}, {});
+}
+
+void StatusLine::SetGeographic(const QString& latLon, const QString& scaleThere) {
+    geographic->setText(latLon);
+    gridScale->setText(scaleThere);
+    gridScale->setVisible(!geographic->isHidden() && bar.width() >= kRoomForGridScale);
 }
 
 void StatusLine::SetScale(double denominator) {

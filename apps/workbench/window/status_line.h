@@ -2,6 +2,8 @@
 
 #include <QLabel>
 #include <QStatusBar>
+#include <QToolButton>
+#include <functional>
 #include <optional>
 
 #include "foundation/values.h"
@@ -21,6 +23,12 @@ public:
     void SetUnderCursor(const QString& text) { under->setText(text); }
     /// Without a position under the cursor the field is empty.
     void SetPosition(const std::optional<tagXY>& position);
+    /// The grid of the job, as a badge that a click opens.
+    void SetGrid(const QString& text, bool chosen);
+    std::function<void()> onGrid;
+    /// What the grid says of the position under the cursor: latitude and longitude, convergence and scale factor, which
+    /// a narrow window has no room for.
+    void SetGeographic(const QString& latLon, const QString& scaleThere);
     /// The scale is 1 : `denominator`; 0 is none.
     void SetScale(double denominator);
 
@@ -32,6 +40,9 @@ private:
     QStatusBar& bar;
     QLabel* under;
     QLabel* note;
+    QToolButton* grid;
+    QLabel* gridScale;
+    QLabel* geographic;
     QLabel* position;
     QLabel* scale;
 };
