@@ -223,6 +223,7 @@ constexpr std::array<ShownKind, kKindCount> kShownKinds = {{
     {KIND::ROUTE, AddRoute},
     {KIND::SAIL_LINE, AddSailLine},
     {KIND::PIPE_ROUTE, AddNothing},
+    {KIND::RPL, AddRpl},
     {KIND::STRUCTURE, AddShowStructure},
     {KIND::DTM, AddShowDtm},
     {KIND::SHAPE, AddShowShape},
@@ -242,7 +243,6 @@ void AddShowCommands(CLI::App& app, CliContext& context) {
         "  quillon show pipeline --help");
 
     for (const ShownKind& kind : kShownKinds) kind.add(show, context);
-    AddRpl(show, context);
     AddShowVessels(show, context);
     AddDrawingKinds(show, context);
 }

@@ -3,7 +3,6 @@
 #include "features/record_reader.h"
 #include "features/rpl_geometry.h"
 #include "foundation/paths.h"
-#include "foundation/settings_lines.h"
 #include "platform/text.h"
 
 namespace quillon {
@@ -52,13 +51,13 @@ void EachLine(Lines& lines, RecordOf<RPLSettings> auto& settings) {
 // ---- Reading ----
 
 bool CRPL::Load(std::string_view newPath) {
-    path = newPath;
+    SetPath(newPath);
     ReadSettings();
     return LoadData(path);
 }
 
 bool CRPL::LoadData(std::string_view newPath) {
-    path = newPath;
+    if (newPath != path) SetPath(newPath);
     RemoveAll();
     form = RPL_FORM::NONE;
     CStdioFile file(files);
@@ -132,20 +131,29 @@ std::string CRPL::SettingsName() const {
 
 void CRPL::ReadSettings() {
     RPLSettings& settings = *this;
+    settings = RPLSettings();
     CConfigFile file(files);
-    if (!file.OpenForRead(SettingsName())) {
-        settings = RPLSettings();
-        return;
+    if (file.OpenForRead(SettingsName())) {
+        settings = MissingLines();
+        ReadLines(file, settings);
     }
-    settings = MissingLines();
-    ReadLines(file, settings);
+    NoteLines(settings, stored);
 }
 
-void CRPL::WriteSettings() const {
+void CRPL::WriteSettings() {
+    const RPLSettings& settings = *this;
+    if (path.empty()) return;
+    FollowStored();
     CConfigFile file(files);
-    if (path.empty() || !file.OpenSettingsForWrite(SettingsName())) return;
-    WriteLines(file, static_cast<const RPLSettings&>(*this));
-    file.Commit();
+    if (!file.OpenSettingsForWrite(SettingsName())) return;
+    WriteLines(file, settings);
+    if (file.Commit()) NoteLines(settings, stored);
+}
+
+bool CRPL::FollowStored() {
+    RPLSettings& settings = *this;
+    CConfigFile file(files);
+    return !path.empty() && file.OpenForRead(SettingsName()) && FollowFile(file, settings, stored);
 }
 
 // ---- The list ----

@@ -8,6 +8,7 @@
 #include "features/rpl_curves.h"
 #include "features/source_file.h"
 #include "foundation/config_file.h"
+#include "foundation/settings_lines.h"
 
 namespace quillon {
 
@@ -47,13 +48,17 @@ public:
     bool IsStub() const { return IsEmpty(); }
 
     void ReadSettings();
-    void WriteSettings() const;
+    /// What another list of that name has stored meanwhile is taken over first. Skipped if the file can't be written.
+    void WriteSettings();
+    /// Takes over what another list of that name has stored; false if nothing.
+    bool FollowStored();
 
     // The steps of loading.
     void ComputeCurvesFromRadii();
     void ComputeCurvesFromTangents();
     void ComputeCorridor();
 
+    std::span<const RPLDef> GetRecords() const { return {GetData(), static_cast<std::size_t>(GetSize())}; }
     RPL_FORM GetForm() const { return form; }
     /// A list of tangent points has no corridor: its fields stay 0.
     bool HasCorridor() const { return form != RPL_FORM::TANGENT && GetSize() >= 2; }
@@ -61,7 +66,10 @@ public:
     double GetLengthKm() const { return IsEmpty() ? 0.0 : (*this)[GetUpperBound()].kp; }
 
     const std::string& GetPath() const { return path; }
-    void SetPath(std::string_view newPath) { path = newPath; }
+    void SetPath(std::string_view newPath) {
+        path = newPath;
+        stored = {};
+    }
 
 private:
     std::string SettingsName() const;
@@ -72,6 +80,7 @@ private:
     FileSystem& files;
     std::string path;
     RPL_FORM form = RPL_FORM::NONE;
+    StoredLines stored;
 };
 
 /// The list keeps one file, GetSettingsPath("RPLs", "FLS"), under a head without a text, and no cursor file.

@@ -6,9 +6,13 @@
 namespace quillon {
 
 bool SelectFeatureFiles(CWnd& parent, std::string_view kind, std::vector<std::string>& files, std::string_view filter) {
+    return AskForFeatureFiles(parent, std::string(kind) + " Files ....", filter, files);
+}
+
+bool AskForFeatureFiles(CWnd& parent, std::string_view title, std::string_view filter,
+                        std::vector<std::string>& files) {
     files.clear();
-    const FileQuestion question{
-        .title = std::string(kind) + " Files ....", .filter = std::string(filter), .multiple = true};
+    const FileQuestion question{.title = std::string(title), .filter = std::string(filter), .multiple = true};
     std::vector<std::string> chosen;
     if (!parent.GetPlatform().ChooseFiles(question, chosen)) return false;
     for (const std::string& path : chosen) {

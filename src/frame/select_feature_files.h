@@ -15,5 +15,7 @@ inline constexpr std::string_view kFeatureFileFilter =
 /// trimmed, and is empty otherwise. Agreeing without a file shows a warning.
 bool SelectFeatureFiles(CWnd& parent, std::string_view kind, std::vector<std::string>& files,
                         std::string_view filter = kFeatureFileFilter);
+/// The same under a title of its own.
+bool AskForFeatureFiles(CWnd& parent, std::string_view title, std::string_view filter, std::vector<std::string>& files);
 
 }  // namespace quillon

@@ -173,6 +173,12 @@ void CJobGeodesy::Clear() {
     choice = {};
 }
 
+std::shared_ptr<const CJobGeodesy> CJobGeodesy::Copy() const {
+    auto copy = std::make_shared<CJobGeodesy>(files);
+    if (IsChosen()) copy->Choose(choice);
+    return copy;
+}
+
 std::string CJobGeodesy::GridText() const {
     if (!IsChosen()) return "no grid chosen";
     std::string text = grid.name.empty() ? "own grid" : grid.name;

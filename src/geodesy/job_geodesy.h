@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -84,6 +85,8 @@ public:
     GEODESY_FAULT Choose(const GeodesyChoice& wanted);
     /// No grid chosen.
     void Clear();
+    /// A copy that stays as it is, for a thread of its own.
+    std::shared_ptr<const CJobGeodesy> Copy() const;
 
     bool IsChosen() const { return choice.chosen; }
     const GeodesyChoice& Choice() const { return choice; }

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::array<std::string_view, 3> kSettingsExtensions = {"INI", "DRW", "COR"};
 /// What stands behind the name of a data file in the names of its settings files.
-constexpr std::array<std::string_view, 3> kSettingsSuffixes = {"_PIPELINE", "_GRID_WAYPOINT", "_DATA_ORDER"};
+constexpr std::array<std::string_view, 4> kSettingsSuffixes = {"_PIPELINE", "_GRID_WAYPOINT", "_DATA_ORDER", "_RPL"};
 
 /// As it stands in the names of settings files.
 std::string SettingsName(std::string_view name) {
@@ -55,6 +55,7 @@ JobRecord::JobRecord(FileSystem& files)
       pipeRoute(files),
       routes(files),
       sailLines(files),
+      rpls(files),
       structures(files),
       dtm(files),
       shapes(files),

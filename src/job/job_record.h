@@ -9,6 +9,7 @@
 #include "features/grid_waypoint.h"
 #include "features/pipeline.h"
 #include "features/route.h"
+#include "features/rpl.h"
 #include "features/sail_line.h"
 #include "features/structure.h"
 #include "geodesy/job_geodesy.h"
@@ -42,6 +43,7 @@ struct JobRecord : private FileWatcher {
     CPipeline pipeRoute;  ///< the active one; empty if none is selected
     CRouteList routes;
     CSailLineList sailLines;
+    CRPLList rpls;
     CStructureList structures;  ///< with the drawings that serve as shapes
     CDtm dtm;
     CShapeFileList shapes;

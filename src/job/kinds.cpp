@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <type_traits>
 
+#include "features/rpl_place.h"
 #include "foundation/paths.h"
 #include "job/shape_place.h"
 
@@ -22,6 +23,9 @@ tagXY PositionOf(const PipelineDef& point) {
 }
 tagXY PositionOf(const RouteDef& point) {
     return point.position;
+}
+tagXY PositionOf(const RPLDef& record) {
+    return record.position;
 }
 tagXY PositionOf(const SailLineDef& line) {
     return line.Middle();
@@ -44,6 +48,10 @@ double KpOf(const Point&) {
 double KpOf(const PipelineDef& point) {
     return point.kp;
 }
+/// Of a curve, which has no KP where its legs would meet, that of its middle.
+double KpOf(const RPLDef& record) {
+    return record.IsCurve() ? (record.curveStartKp + record.curveEndKp) / 2.0 : record.kp;
+}
 /// Routes hold theirs in metres.
 double KpOf(const RouteDef& point) {
     return point.kp / 1000.0;
@@ -58,6 +66,9 @@ bool IsShown(const CGridWaypoint& waypoints) {
 bool IsShown(const CPipeline& pipeline) {
     return pipeline.use;
 }
+bool IsShown(const CRPL& rpl) {
+    return rpl.use;
+}
 
 KindLook LookOf(const CBoundary& boundary) {
     return {.line = boundary.pen, .filled = true};
@@ -67,6 +78,9 @@ KindLook LookOf(const CGridWaypoint& waypoints) {
 }
 KindLook LookOf(const CPipeline& pipeline) {
     return {.line = pipeline.linePen};
+}
+KindLook LookOf(const CRPL& rpl) {
+    return {.line = rpl.linePen};
 }
 /// Routes and sail lines.
 KindLook LookOf(const CDrawingOptions& options) {
@@ -176,6 +190,8 @@ constexpr JobKind MakeKind(KIND id, FEATURE_TYPES type, std::string_view name, s
             .pointName = [](Record job, int file, int point) { return NameOf(Files::At(job, file)[point]); },
             .pointWord = pointWord,
             .pointKp = [](Record job, int file, int point) { return KpOf(Files::At(job, file)[point]); },
+            .kpAt = nullptr,
+            .placeAtKp = nullptr,
             .report = [](Record job, int file) -> const ReadReport& { return Files::At(job, file).GetReport(); },
             .isStub = IsStub<Files>,
             .changeOnDisk = ChangeOnDisk<Files>,
@@ -273,6 +289,15 @@ constexpr JobKind MakeUnderlay(KIND id, std::string_view name) {
             .common = [](JobRecord&, int) -> CFeatureCommon* { return nullptr; }};
 }
 
+/// Curves lie beside the points that shape them.
+constexpr JobKind MakeRplKind() {
+    using Record = const JobRecord&;
+    JobKind kind = MakeKind<ListFiles<&JobRecord::rpls>>(KIND::RPL, FEATURE_TYPES::NONE, "RPL");
+    kind.kpAt = [](Record job, int file, tagXY at) { return RplKpAt(job.rpls[file].GetRecords(), at); };
+    kind.placeAtKp = [](Record job, int file, double kp) { return RplPlaceAt(job.rpls[file].GetRecords(), kp); };
+    return kind;
+}
+
 constexpr std::array<JobKind, kKindCount> kKinds = {
     MakeKind<ListFiles<&JobRecord::boundaries>>(KIND::BOUNDARY, FEATURE_TYPES::BOUNDARY, "Boundary"),
     MakeKind<ListFiles<&JobRecord::waypoints>>(KIND::WAYPOINT, FEATURE_TYPES::WAYPOINT, "Waypoint"),
@@ -280,6 +305,7 @@ constexpr std::array<JobKind, kKindCount> kKinds = {
     MakeKind<ListFiles<&JobRecord::sailLines>>(KIND::SAIL_LINE, FEATURE_TYPES::SAIL_LINE, "Sail Line", "line"),
     MakeKind<ListFiles<&JobRecord::pipelines>>(KIND::PIPELINE, FEATURE_TYPES::PIPELINE, "Pipeline"),
     MakeKind<PipeRouteFile>(KIND::PIPE_ROUTE, FEATURE_TYPES::NONE, "Pipe Route"),
+    MakeRplKind(),
     MakeKind<StructureFiles>(KIND::STRUCTURE, FEATURE_TYPES::STRUCTURE, "Structure"),
     MakeUnderlay<DtmFiles>(KIND::DTM, "Depth Model"),
     MakeUnderlay<ShapeFiles>(KIND::SHAPE, "Shape"),

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,6 +23,7 @@ enum class KIND : std::uint8_t {
     SAIL_LINE,
     PIPELINE,
     PIPE_ROUTE,
+    RPL,
     STRUCTURE,
     DTM,
     SHAPE,
@@ -61,6 +63,10 @@ struct JobKind {
     std::string_view pointWord;
     /// How far along the feature a point lies, kilometres; MISSING_VALUE for kinds without KPs.
     double (*pointKp)(const JobRecord& job, int file, int point);
+    /// Where points don't lie on the line that they shape, as those of curves: the KP of the place of the line nearest
+    /// to a position, and where a KP lies. Null for kinds whose lines lead straight from point to point.
+    double (*kpAt)(const JobRecord& job, int file, tagXY at);
+    std::optional<tagXY> (*placeAtKp)(const JobRecord& job, int file, double kp);
     /// What the last reading made of the file; of a kind whose files hold no lines, of its records.
     const ReadReport& (*report)(const JobRecord& job, int file);
     /// Whether the file was of no use, so that there is nothing to draw or measure.

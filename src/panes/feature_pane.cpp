@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "foundation/paths.h"
+#include "frame/feature_list_ctrl.h"
 #include "frame/select_feature_files.h"
 #include "frame/size_columns.h"
 #include "platform/property_rows.h"
@@ -10,12 +11,17 @@
 namespace quillon {
 
 CFeaturePane::CFeaturePane(Platform& owner, const FeaturePaneTraits& paneTraits)
+    : CFeaturePane(owner, paneTraits, [](CWnd& pane, UINT id) -> std::unique_ptr<CListCtrl> {
+          return std::make_unique<CFeatureListCtrl>(pane, id);
+      }) {}
+
+CFeaturePane::CFeaturePane(Platform& owner, const FeaturePaneTraits& paneTraits, MakeTableControl makeTable)
     : CPropertyPane(owner, paneTraits.listRows, paneTraits.effects),
       traits(paneTraits),
       strip(*this, paneTraits.strip),
-      table(*this, paneTraits.tableId) {
+      table(makeTable(*this, paneTraits.tableId)) {
     AddControl(GetPropertyList());
-    AddControl(table);
+    AddControl(*table);
 }
 
 bool CFeaturePane::Create(CWnd* parent, UINT id, std::string_view title, CFileListBase& features) {
@@ -94,16 +100,16 @@ bool CFeaturePane::IsHighlighted() const {
 // ---- The points table ----
 
 void CFeaturePane::CreateTable() {
-    ShowPoints(table, MakeTable(Current()));
+    ShowPoints(*table, MakeTable(Current()));
 }
 
 void CFeaturePane::UpdateAllPositions() {
-    RenewPoints(table, MakeTable(Current()));
+    RenewPoints(*table, MakeTable(Current()));
 }
 
 void CFeaturePane::OnSize(tagSIZE) {
     AdjustLayout();
-    SizeColumns(table, false);
+    SizeColumns(*table, false);
 }
 
 LRESULT CFeaturePane::OnMessage(const MSG& message) {
@@ -114,7 +120,7 @@ LRESULT CFeaturePane::OnMessage(const MSG& message) {
 LRESULT CFeaturePane::OnSelectPoint(WPARAM, LPARAM row) {
     const int index = Current();
     tagXY point;
-    if (index >= 0 && row >= 0 && row < table.GetItemCount() && PointOfRow(index, static_cast<int>(row), point)) {
+    if (index >= 0 && row >= 0 && row < table->GetItemCount() && PointOfRow(index, static_cast<int>(row), point)) {
         BroadcastRedraw(point);
     }
     return 0;
@@ -124,13 +130,21 @@ LRESULT CFeaturePane::OnSelectPoint(WPARAM, LPARAM row) {
 
 void CFeaturePane::OnAdd() {
     std::vector<std::string> paths;
-    if (!SelectFeatureFiles(*this, traits.fileKind, paths)) return;
+    if (!AskForFiles(paths)) return;
     AddPaths(paths);
     SetupComboBox();
     SelectLast();
     OnCombo();
     list->Save();
     BroadcastAll(traits.added);
+}
+
+bool CFeaturePane::AskForFiles(std::vector<std::string>& paths) {
+    return SelectFeatureFiles(*this, traits.fileKind, paths);
+}
+
+int CFeaturePane::ShownAfterRemoval(int removed) const {
+    return std::max(removed - 1, 0);
 }
 
 void CFeaturePane::AddPaths(const std::vector<std::string>& paths) {
@@ -150,14 +164,14 @@ void CFeaturePane::OnRemove() {
     const int index = Current();
     if (index >= 0) {
         // Nothing may go on showing the member while it goes.
-        table.DeleteAllItems();
+        table->DeleteAllItems();
         list->RemoveAt(index);
         MoveCursorAfterRemoval(index);
         list->Save();
     }
     SetupComboBox();
     if (!list->IsEmpty()) {
-        combo.SetCurSel(std::max(noted - 1, 0));
+        combo.SetCurSel(ShownAfterRemoval(noted));
         if (traits.cursor != COMBO_CURSOR::STAYS) list->SetEditCursor(combo.GetCurSel(), -1);
     }
     InitPropList();

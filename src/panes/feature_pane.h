@@ -1,13 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "features/file_list.h"
-#include "frame/feature_list_ctrl.h"
 #include "frame/file_strip.h"
 #include "frame/points_table.h"
 #include "panes/property_pane.h"
@@ -41,7 +41,12 @@ struct FeaturePaneTraits {
 /// The list is the host's and outlives the pane. All calls on the user-interface thread.
 class CFeaturePane : public CPropertyPane {
 public:
+    /// Makes the table of a pane.
+    using MakeTableControl = std::unique_ptr<CListCtrl> (*)(CWnd& pane, UINT id);
+
     CFeaturePane(Platform& platform, const FeaturePaneTraits& paneTraits);
+    /// With a table of its own kind.
+    CFeaturePane(Platform& platform, const FeaturePaneTraits& paneTraits, MakeTableControl makeTable);
 
     /// False if the pane can't be created.
     bool Create(CWnd* parent, UINT id, std::string_view title, CFileListBase& features);
@@ -57,6 +62,8 @@ public:
     void OnAdd();
     void OnRemove();
     void OnCombo();
+    /// The host has chosen a point of the member that is shown: its row becomes the selected one.
+    virtual void SelectPoint(int point) { table->SetSelection(point); }
     LRESULT OnSelectPoint(WPARAM wParam, LPARAM row);
     LRESULT OnPropertyChanged(WPARAM wParam, CMFCPropertyGridProperty& row) override;
     void OnCommand(UINT control) override;
@@ -69,8 +76,8 @@ public:
     CButton* GetFileButton() override { return &strip.GetAddButton(); }
     FileControls GetFileControls() override { return strip.Controls(); }
     CColourButton& GetRemoveButton() { return strip.GetRemoveButton(); }
-    CFeatureListCtrl& GetTable() { return table; }
-    const CFeatureListCtrl& GetTable() const { return table; }
+    CListCtrl& GetTable() { return *table; }
+    const CListCtrl& GetTable() const { return *table; }
 
 protected:
     CFileListBase& List() const { return *list; }
@@ -90,6 +97,10 @@ protected:
     /// Writes one of the member's files; the number is the one of the effects table.
     virtual void SaveMember(int index, std::uint8_t save) = 0;
     virtual bool IsMemberHighlighted(int) const { return false; }
+    /// Asks the operator for files; false if there is nothing to be added.
+    virtual bool AskForFiles(std::vector<std::string>& paths);
+    /// The member that is shown once one has gone; at least one is left.
+    virtual int ShownAfterRemoval(int removed) const;
     /// The paths chosen by the operator, in their order.
     virtual void AddPaths(const std::vector<std::string>& paths);
 
@@ -102,25 +113,26 @@ protected:
         };
     }
 
+    // The steps of every pane, for the member that the combo shows.
+    void BuildPropertyRows() override;
+
 private:
     void SelectLast();
     void MoveCursorAfterRemoval(int removed);
     void PointCursorAtCombo();
 
-    // The steps of every pane, for the member that the combo shows.
-    void BuildPropertyRows() override;
     bool StoreRow(CMFCPropertyGridProperty& row) override { return StoreMemberRow(Current(), row); }
     void SaveFile(std::uint8_t save) override;
     void SetChanged() override { list->changed = true; }
     int LayOutTop(int width) override { return strip.LayOut(width); }
-    CControl* GetRest() override { return &table; }
+    CControl* GetRest() override { return table.get(); }
     FEATURE_TYPES GetFeatureType() const override { return traits.type; }
     bool IsHighlighted() const override;
 
     const FeaturePaneTraits& traits;
     CFileListBase* list = nullptr;
     CFileStrip strip;
-    CFeatureListCtrl table;
+    std::unique_ptr<CListCtrl> table;
 };
 
 }  // namespace quillon

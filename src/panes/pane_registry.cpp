@@ -9,6 +9,7 @@
 #include "panes/pipe_route_pane.h"
 #include "panes/pipeline_pane.h"
 #include "panes/route_pane.h"
+#include "panes/rpl_pane.h"
 #include "panes/sail_line_pane.h"
 #include "panes/shape_pane.h"
 #include "panes/structure_pane.h"
@@ -68,7 +69,7 @@ std::unique_ptr<CMyDockablePane> CreateTargetPlotWindow(Platform& platform, CWnd
 }
 
 // clang-format off
-constexpr std::array<PaneEntry, 15> kPanes = {{
+constexpr std::array<PaneEntry, 16> kPanes = {{
     {KIND::BOUNDARY,   CBoundaryPane::kTitleId,        CBoundaryPane::kTitle,             CreateOver<CBoundaryPane, &JobRecord::boundaries>},
     {KIND::WAYPOINT,   CGridWaypointPane::kPlainId,    CGridWaypointPane::kPlainTitle,    CreateWaypointPane<false>},
     {KIND::WAYPOINT,   CGridWaypointPane::kCatenaryId, CGridWaypointPane::kCatenaryTitle, CreateWaypointPane<true>},
@@ -76,6 +77,7 @@ constexpr std::array<PaneEntry, 15> kPanes = {{
     {KIND::SAIL_LINE,  CSailLinePane::kTitleId,        CSailLinePane::kTitle,             CreateOver<CSailLinePane, &JobRecord::sailLines>},
     {KIND::PIPELINE,   CPipelinePane::kTitleId,        CPipelinePane::kTitle,             CreatePipelinePane},
     {KIND::PIPE_ROUTE, CPipeRoutePane::kTitleId,       CPipeRoutePane::kTitle,            CreateOver<CPipeRoutePane, &JobRecord::pipeRoute>},
+    {KIND::RPL,        CRPLPane::kTitleId,             CRPLPane::kTitle,                  CreateOver<CRPLPane, &JobRecord::rpls>},
     {KIND::STRUCTURE,  CStructurePane::kTitleId,       CStructurePane::kTitle,            CreateOver<CStructurePane, &JobRecord::structures>},
     {KIND::DTM,        CDtmPane::kTitleId,             CDtmPane::kTitle,                  CreateOver<CDtmPane, &JobRecord::dtm>},
     {KIND::SHAPE,      CShapePane::kTitleId,           CShapePane::kTitle,                CreateOver<CShapePane, &JobRecord::shapes>},

@@ -100,6 +100,7 @@ void CListCtrl::SetColumnWidth(int column, int width) {
 
 void CListCtrl::SetRows(TableRows newRows) {
     rows = std::move(newRows);
+    ownTexts.clear();
     selection = -1;
     selected.clear();
     Changed(CONTROL_CHANGE::CONTENT);
@@ -108,12 +109,23 @@ void CListCtrl::SetRows(TableRows newRows) {
 std::string CListCtrl::GetItemText(int row, int column) const {
     GetColumn(column);
     if (row < 0 || row >= rows.count) throw InvalidArgument("table row out of range");
-    return rows.cell(row, column);
+    const auto own = ownTexts.find({row, column});
+    return own != ownTexts.end() ? own->second : rows.cell(row, column);
+}
+
+void CListCtrl::SetItemText(int row, int column, std::string_view text) {
+    if (GetItemText(row, column) == text) return;
+    ownTexts[{row, column}] = text;
+    Changed(CONTROL_CHANGE::VALUE);
 }
 
 std::vector<std::string> CListCtrl::GetWidestTexts(int column) const {
     if (rows.count == 0 || !rows.widest) return {};
-    return rows.widest(column);
+    std::vector<std::string> texts = rows.widest(column);
+    for (const auto& [cell, text] : ownTexts) {
+        if (cell.second == column) texts.push_back(text);
+    }
+    return texts;
 }
 
 void CListCtrl::SetSelection(int row) {

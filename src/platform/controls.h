@@ -1,8 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/align.h"
@@ -150,6 +152,8 @@ public:
     int GetItemCount() const { return rows.count; }
     /// An index out of range raises InvalidArgument.
     std::string GetItemText(int row, int column) const;
+    /// A text of the cell's own, which stands there until the rows are set anew.
+    void SetItemText(int row, int column, std::string_view text);
     std::vector<std::string> GetWidestTexts(int column) const;
 
     /// Whether a row has a box with a tick, or a picture.
@@ -187,6 +191,7 @@ public:
 private:
     std::vector<Column> columns;
     TableRows rows;
+    std::map<std::pair<int, int>, std::string> ownTexts;  // by row and column
     const CImageList* images = nullptr;
     int selection = -1;
     std::vector<int> selected;

@@ -82,9 +82,10 @@ TEST_F(SampleFilesTest, SettingsAreAsTheProgramWritesThem) {
         EXPECT_FALSE(list->GetCurrent()->points.empty());
     }
     EXPECT_TRUE(features.targetPlot.Save(platform.Files()));
+    for (int i = 0; i < features.rpls.GetCount(); ++i) features.rpls[i].WriteSettings();
+    EXPECT_TRUE(features.geodesy.Save());
     features.pipeRoute.WriteSettings();
     features.pipeRoute.WriteActive();
-    features.geodesy.Save();
     for (int i = 0; i < features.routes.GetCount(); ++i) {
         features.routes[i].SaveDrawingOptions();
         features.routes[i].SaveCorridorOptions();
@@ -94,7 +95,6 @@ TEST_F(SampleFilesTest, SettingsAreAsTheProgramWritesThem) {
         features.sailLines[i].SaveDrawingOptions();
         features.sailLines[i].SaveOrder();
     }
-    features.geodesy.Save();
     features.dtm.SaveSettings();
     features.shapes.Save();
     LoadShapeFiles(features.shapes);

@@ -94,6 +94,70 @@ protected:
     ChartScene scene;
 };
 
+// ---- Route position lists ----
+
+/// A quarter turn of 100 m of radius to starboard, then one of 30 m to port, tighter than the corridor of 50 m is wide.
+class RplSceneTest : public SceneKindsTest {
+protected:
+    RplSceneTest() {
+        drives.Write("C:\\Job\\Cable.csv", "100,100,0\r\n100,1100,100\r\n1100,1100,30\r\n1100,2100,0\r\n");
+        Settings("Cable_RPL.INI",
+                 "Use = 1\r\nDisplay Corridor = 1\r\nPort Corridor = 50\r\nStdb Corridor = 50\r\n"
+                 "Corridor Pen = 128, 1, 1, 3\r\nPipeline Pen = 255, 0, 2, 0\r\n");
+        job->Record().rpls.Add("C:\\Job\\Cable.csv");
+    }
+    static double Off(tagXY a, tagXY b) { return std::hypot(a.x - b.x, a.y - b.y); }
+};
+
+TEST_F(RplSceneTest, TrueArcsTangentPointsAndCorridor) {
+    const SceneItems layer = Layer(KIND::RPL);
+    ASSERT_THAT(layer.paths, SizeIs(3));
+    // At the finest zoom of 0.1 mm a pixel the middle of a chord lies a third of a pixel off its arc.
+    std::vector<tagXY> line = SceneItems::PointsOf(layer.paths[1]);
+    const tagXY centre{200, 1000};
+    EXPECT_EQ(line.front(), (tagXY{100, 100}));
+    double turned = 0;
+    for (std::size_t i = 1; i + 1 < line.size(); ++i) {
+        const tagXY a = line[i], b = line[i + 1];
+        if (std::fabs(Off(a, centre) - 100) > 1e-6 || std::fabs(Off(b, centre) - 100) > 1e-6) continue;
+        EXPECT_LT(100 - Off({(a.x + b.x) / 2, (a.y + b.y) / 2}, centre), 0.3e-4);
+        turned += Off(a, b);
+    }
+    EXPECT_NEAR(turned, 100 * std::numbers::pi / 2, 1e-3);
+    const ChartPath& marks = layer.paths[2];
+    EXPECT_THAT(SceneItems::PointsOf(marks), SizeIs(6));
+    EXPECT_THAT(Labels(marks), ElementsAre("KP 0.000", "KP 0.900", "KP 1.057", "KP 1.927", "KP 1.974", "KP 2.944"));
+    // Outside the first curve 150 m from its centre; inside the second the sides of the legs meet.
+    std::vector<tagXY> outline = SceneItems::PointsOf(layer.paths[0]);
+    const auto has = [&outline](tagXY at) {
+        return std::any_of(outline.begin(), outline.end(), [at](tagXY p) { return Off(p, at) < 0.01; });
+    };
+    EXPECT_TRUE(has({50, 1000}));
+    EXPECT_TRUE(has({200, 1150}));
+    EXPECT_TRUE(has({1050, 1150}));
+    EXPECT_FALSE(layer.paths[0].canBeHit);
+}
+
+TEST_F(RplSceneTest, HitsNameTheRecordAndItsKp) {
+    const SceneItems layer = Layer(KIND::RPL);
+    const std::uint32_t last = static_cast<std::uint32_t>(layer.paths[1].path->Points().size()) - 1;
+    for (const auto& [point, record] :
+         {std::pair{0u, 0}, std::pair{1u, 1}, std::pair{last / 4, 1}, std::pair{last, 3}}) {
+        EXPECT_EQ(Hit(KIND::RPL, 1, point), (JobPoint{KIND::RPL, 0, record})) << point;
+    }
+    const JobKind& kind = KindOf(KIND::RPL);
+    const JobRecord& record = job->Record();
+    const double s = 100 / std::numbers::sqrt2;
+    EXPECT_NEAR(kind.kpAt(record, 0, {200 - s, 1000 + s}), 0.9 + 0.05 * std::numbers::pi / 2, 1e-9);
+    EXPECT_NEAR(kind.kpAt(record, 0, {90, 600}), 0.5, 1e-9);
+    for (const double kp : {0.0, 0.5, 0.95, 1.5, 1.95, 2.5}) {
+        const auto place = kind.placeAtKp(record, 0, kp);
+        ASSERT_TRUE(place);
+        EXPECT_NEAR(kind.kpAt(record, 0, *place), kp, 1e-9);
+    }
+    EXPECT_FALSE(kind.placeAtKp(record, 0, 3.0));
+}
+
 // ---- Waypoints ----
 
 TEST_F(SceneKindsTest, WaypointsAreSymbolsThatNothingJoins) {

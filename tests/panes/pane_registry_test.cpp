@@ -109,6 +109,8 @@ protected:
             EXPECT_TRUE(list->Add("C:\\Jobs\\A.csv"));
         }
         EXPECT_TRUE(job->routes.Add("C:\\Jobs\\Route.csv"));
+        drives.Write("C:\\Jobs\\Cable.csv", "500000,6000000,0\r\n500100,6000100,0\r\n");
+        EXPECT_TRUE(job->rpls.Add("C:\\Jobs\\Cable.csv"));
         for (const char* const shape : {"Frame", "Tower"}) {
             drives.Write("C:\\MyData\\Structures\\" + std::string(shape) + ".dxf",
                          "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n");
@@ -309,7 +311,7 @@ TEST_F(PaneRegistryTest, AFileThatTheHostRemovedLeavesEmptyCells) {
         const CListCtrl& table = *found;
         ASSERT_GT(table.GetItemCount(), 0);
         for (CFileListBase* list : std::initializer_list<CFileListBase*>{
-                 &job->boundaries, &job->waypoints, &job->routes, &job->pipelines, &job->sailLines}) {
+                 &job->boundaries, &job->waypoints, &job->routes, &job->pipelines, &job->rpls, &job->sailLines}) {
             while (!list->IsEmpty()) list->RemoveAt(0);
         }
         job->pipeRoute.Clear();

@@ -119,11 +119,11 @@ protected:
     fs::path Profile() const { return fs::path(folder.path().toStdString()) / "profile.ini"; }
     fs::path Drives() const { return sample.Drives(); }
 
-    /// Every file below the drives with its bytes.
+    /// Every file below the drives with its bytes, but for the widths of columns, which are stored at the end.
     std::map<std::string, std::string> Files() const {
         std::map<std::string, std::string> files;
         for (const auto& entry : fs::recursive_directory_iterator(Drives())) {
-            if (!entry.is_regular_file()) continue;
+            if (!entry.is_regular_file() || entry.path().string().ends_with("_Column_State.INI")) continue;
             std::ifstream in(entry.path(), std::ios::binary);
             files[entry.path().lexically_relative(Drives()).string()] = {std::istreambuf_iterator<char>(in), {}};
         }

@@ -3,6 +3,7 @@
 #include "bindings/button_binding.h"
 #include "bindings/combo_binding.h"
 #include "bindings/dialog_control_bindings.h"
+#include "bindings/grid_list_binding.h"
 #include "bindings/number_edit_binding.h"
 #include "bindings/property_list_binding.h"
 #include "bindings/tab_binding.h"
@@ -14,6 +15,7 @@ BindingFactory::BindingFactory(SymbolPainter symbols) {
     Add<CButton, ButtonBinding>();
     Add<CComboBox, ComboBinding>();
     Add<CListCtrl, TableBinding>();
+    Add<CMyListCtrl, GridListBinding>();
     Add<CStatic, StaticBinding>();
     Add<CProgressCtrl, ProgressBinding>();
     Add<CEdit, EditBinding>();

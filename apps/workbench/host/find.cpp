@@ -167,8 +167,15 @@ void Finder::LookAtPoint(const JobKind& kind, int index) {
     found.push_back({what, kind.point(job, file, index), FileText(job, kind.id, file) + ": " + PointText(job, what)});
 }
 
+/// A line with curves is looked at once, as a whole.
+void Finder::LookAlongLine(const JobKind& kind, int index) {
+    const auto place = index == 0 ? kind.placeAtKp(job, file, *query.kp) : std::nullopt;
+    if (place) found.push_back({{}, *place, FileText(job, kind.id, file) + ": " + KpPlaceText(*query.kp)});
+}
+
 /// The leg that ends in the point; the first point alone is looked at as a leg of no length.
 void Finder::LookAtLeg(const JobKind& kind, int index) {
+    if (kind.placeAtKp) return LookAlongLine(kind, index);
     const int before = std::max(index - 1, 0);
     const double kp = *query.kp, from = kind.pointKp(job, file, before), to = kind.pointKp(job, file, index);
     const auto [least, most] = std::minmax(from, to);

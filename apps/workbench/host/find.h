@@ -54,6 +54,7 @@ private:
     void LookAtFiles();
     std::size_t LookAtPoints(std::size_t most);
     void LookAtPoint(const JobKind& kind, int point);
+    void LookAlongLine(const JobKind& kind, int index);
     void LookAtLeg(const JobKind& kind, int point);
     bool IsShownTwice(const JobKind& kind, int which) const;
     void NextFile();

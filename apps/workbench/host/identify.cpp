@@ -44,6 +44,7 @@ std::string KpPlaceText(double kp) {
 
 double KpAt(const JobRecord& job, KIND kindId, int file, const PathHit& place) {
     const JobKind& kind = KindOf(kindId);
+    if (kind.kpAt) return kind.kpAt(job, file, place.at);
     const int count = kind.pointCount(job, file);
     const int from = static_cast<int>(place.point), to = static_cast<int>(place.next);
     if (from >= count || to >= count) return MISSING_VALUE;

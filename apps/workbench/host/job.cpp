@@ -103,17 +103,15 @@ void Job::SetNightMode(bool night) {
 
 /// The pane comes to the file, and its table to the row of the point; without a point the table stays.
 void Job::ShowInPane(CMyDockablePane& pane, const JobPoint& chosen) {
-    CFeatureListCtrl* table = nullptr;
     if (auto* const files = dynamic_cast<CFeaturePane*>(&pane)) {
         if (files->GetCombo().GetCurSel() != chosen.file) user::Select(files->GetCombo(), chosen.file);
-        table = &files->GetTable();
+        if (chosen.point >= 0) files->SelectPoint(chosen.point);
     } else if (auto* const route = dynamic_cast<CPipeRoutePane*>(&pane)) {
-        table = &route->GetTable();
+        if (chosen.point >= 0) route->GetTable().SetSelection(chosen.point);
     } else {
         // It shows what the cursor names.
         BringUpToDate(pane);
     }
-    if (table && chosen.point >= 0) table->SetSelection(chosen.point);
 }
 
 bool Job::SelectPoint(const JobPoint& chosen) {

@@ -102,7 +102,8 @@ bool RemoveFile(Job& job, const JobFile& file) {
 
 bool ReadAgain(Job& job, const JobFile& file) {
     const int index = FindFile(job.Record(), file);
-    if (index < 0 || !KindOf(file.kind).readAgain(job.Record(), index)) return false;
+    const auto readAgain = KindOf(file.kind).readAgain;
+    if (index < 0 || !readAgain || !readAgain(job.Record(), index)) return false;
     for (CMyDockablePane* const pane : PanesOf(job, file.kind)) job.BringUpToDate(*pane);
     for (const UINT message : {UM_REDRAW_CHART, UM_REDRAW_VECTOR_DISPLAY, UM_RECOMPUTE_CATENARY_DATA}) {
         job.PostMessage(message);

@@ -143,6 +143,24 @@ void SceneBuilder::AddUnderlay(int file, ChartItem item, HitText textOf) {
     AddShown(std::move(item), {.file = file, .pointsPerRecord = 1, .textOf = std::move(textOf)});
 }
 
+void SceneBuilder::Add(int file, ChartPath path, RecordNumbers numbers) {
+    const PathPtr points = path.path;
+    Add(file, ChartItem(std::move(path)));
+    Shown& shown = recordOf[layer->id].back();
+    shown.recordOf = std::move(numbers);
+    shown.path = points;
+}
+
+int SceneBuilder::RecordOf(const Shown& shown, const PathHit& hit) {
+    const ChartPoints& points = shown.path->Points();
+    std::size_t point = hit.point;
+    const auto distance = [&](std::size_t i) { return std::hypot(points[i].x - hit.at.x, points[i].y - hit.at.y); };
+    if (point >= points.size()) return -1;
+    if (!hit.isVertex && hit.next < points.size() && distance(hit.next) < distance(point)) point = hit.next;
+    // A path that is still being made is the one before, with other points.
+    return point < shown.recordOf->size() ? static_cast<int>((*shown.recordOf)[point]) : -1;
+}
+
 const SceneBuilder::Shown* SceneBuilder::ShownBy(const ChartHit& hit) const {
     const auto records = recordOf.find(hit.layer);
     return records == recordOf.end() || hit.item >= records->second.size() ? nullptr : &records->second[hit.item];
@@ -175,6 +193,10 @@ JobPoint SceneBuilder::PointOf(const ChartHit& hit) const {
     if (hit.kind == HIT_KIND::AREA) return {kind.id, shown.file, -1};
     const int count = kind.pointCount(record, shown.file);
     if (shown.record >= 0) return shown.record < count ? JobPoint{kind.id, shown.file, shown.record} : JobPoint();
+    if (shown.recordOf) {
+        const int point = RecordOf(shown, hit.hit);
+        return point >= 0 && point < count ? JobPoint{kind.id, shown.file, point} : JobPoint{};
+    }
     const JobPoint first{kind.id, shown.file, static_cast<int>(hit.hit.point) / shown.pointsPerRecord};
     if (first.point >= count) return {};
     if (hit.kind != HIT_KIND::SEGMENT || shown.pointsPerRecord > 1) return first;

@@ -21,6 +21,9 @@ struct SceneOptions {
     bool relief = true;  ///< in the depth picture
 };
 
+/// For each point of a path the record of a feature that it belongs to.
+using RecordNumbers = std::shared_ptr<const std::vector<std::uint32_t>>;
+
 /// Turns the features of a job into what the chart draws: one layer a kind. What is hidden isn't in the scene.
 ///
 /// What is worked out from a feature's data (its path with all levels of detail, where its name stands) is kept under a
@@ -76,6 +79,8 @@ public:
     void AddRecord(int file, int record, ChartItem item);
     /// What the colours of a picture mean.
     void SetLegend(ChartLegend legend);
+    /// A path of which each point says what record it belongs to.
+    void Add(int file, ChartPath path, RecordNumbers recordOf);
     /// An item that shows nothing that could be chosen.
     void AddBackground(ChartItem item) { Add(-1, std::move(item)); }
     /// One of those that says what lies at a place of it: a depth, an attribute. Empty for nothing.
@@ -91,6 +96,8 @@ private:
         int pointsPerRecord;
         int record = -1;  ///< the only one that it shows; -1 for one after the other
         HitText textOf = {};
+        RecordNumbers recordOf = {};  ///< in place of `pointsPerRecord`
+        PathPtr path = {};            ///< that these count the points of
     };
     const Shown* ShownBy(const ChartHit& hit) const;
     void AddShown(ChartItem item, Shown shown);
@@ -102,6 +109,8 @@ private:
     };
     using KeptByName = std::map<std::pair<std::uint64_t, std::string>, Kept>;
 
+    /// The record of the nearer end of what was hit; -1 if it has none.
+    static int RecordOf(const Shown& shown, const PathHit& hit);
     Kept& Find(const std::string& name);
     Data KeepAny(const std::string& name, std::uint64_t stamp, const std::function<Data()>& make);
     Data KeepAnyLater(const std::string& name, std::uint64_t stamp, ItemMaker::Make make);

@@ -14,6 +14,7 @@
 #include "host/drawing_lines.h"
 #include "host/label_text.h"
 #include "host/name_table.h"
+#include "host/rpl_outline.h"
 #include "host/scene_builder.h"
 #include "host/shape_scene.h"
 #include "platform/text.h"
@@ -197,6 +198,62 @@ void AddPipeRoute(SceneBuilder& scene) {
     AddPipeline(scene, record.pipeRoute, twin >= 0 && record.pipelines[twin].use ? -1 : 0);
 }
 
+// ---- Route position lists ----
+
+void AddRplCorridor(SceneBuilder& scene, const CRPL& rpl, double tolerance) {
+    if (!rpl.displayCorridor || !rpl.HasCorridor()) return;
+    ChartPath corridor;
+    corridor.path = scene.KeepPath(rpl.GetPath() + "|corridor", rpl.GetStamp(), {.closed = true},
+                                   [&] { return ChartPoints(RplCorridorOutline(rpl.GetRecords(), tolerance)); });
+    corridor.extends = false;
+    corridor.line = {rpl.corridorPen.colour, rpl.corridorPen.thickness, rpl.corridorPen.style};
+    corridor.fill = {rpl.corridorPen.fill, rpl.corridorPen.colour};
+    scene.AddBackground(std::move(corridor));
+}
+
+/// A small ring at each tangent point, with its KP.
+void AddRplMarks(SceneBuilder& scene, const CRPL& rpl, int file) {
+    constexpr VECTOR_SYMBOL kRing = 2;
+    const std::string name = rpl.GetPath() + "|marks";
+    const auto marks = scene.Keep<RplLine>(name, rpl.GetStamp(),
+                                           [&] { return std::make_shared<const RplLine>(RplMarks(rpl.GetRecords())); });
+    const auto kps = scene.Keep<std::vector<double>>(name + "|kps", rpl.GetStamp(), [&] {
+        return std::make_shared<const std::vector<double>>(RplMarkKps(rpl.GetRecords()));
+    });
+    ChartPath path;
+    path.path = scene.KeepPath(name + "|path", rpl.GetStamp(), {.every = 1}, [&] {
+        return ChartPoints(std::shared_ptr<const std::vector<tagXY>>(marks, &marks->points));
+    });
+    const auto kpText = [kps](std::size_t index) {
+        return index < kps->size() ? Format("KP %.3lf", (*kps)[index]) : std::string();
+    };
+    path.marks = {kRing, 1, rpl.linePen.colour, kSymbolOutline, SIDE_RIGHT, kpText};
+    scene.Add(file, std::move(path), RecordNumbers(marks, &marks->recordOf));
+}
+
+void AddRpls(SceneBuilder& scene) {
+    const CRPLList& list = scene.Record().rpls;
+    for (int i = 0; i < list.GetCount(); ++i) {
+        const CRPL& rpl = list[i];
+        if (!rpl.use || rpl.IsEmpty()) continue;
+        const std::string& name = rpl.GetPath();
+        const double tolerance = *scene.Keep<double>(name + "|tolerance", rpl.GetStamp(), [&] {
+            return std::make_shared<const double>(RplChordTolerance(rpl.GetRecords()));
+        });
+        AddRplCorridor(scene, rpl, tolerance);
+        const auto line = scene.Keep<RplLine>(name + "|line", rpl.GetStamp(), [&] {
+            return std::make_shared<const RplLine>(RplRouteLine(rpl.GetRecords(), tolerance));
+        });
+        ChartPath path;
+        path.path = scene.KeepPath(name, rpl.GetStamp(), {}, [&] {
+            return ChartPoints(std::shared_ptr<const std::vector<tagXY>>(line, &line->points));
+        });
+        path.line = {rpl.linePen.colour, rpl.linePen.thickness, rpl.linePen.style};
+        scene.Add(i, std::move(path), RecordNumbers(line, &line->recordOf));
+        AddRplMarks(scene, rpl, i);
+    }
+}
+
 // ---- Routes ----
 
 void AddRouteCorridor(SceneBuilder& scene, const CRoute& route) {
@@ -215,7 +272,7 @@ ChartTextOf LegTexts(const PathPtr& path) {
     return [path](std::size_t leg) {
         if (leg + 1 >= path->Points().size()) return std::string();
         const LegDef there = MakeLeg(path->Points()[leg], path->Points()[leg + 1]);
-        return CellText(CELL::RANGE, there.range) + "  " + CellText(CELL::BEARING, there.bearing);
+        return CellText(CELL::RANGE, there.range) + "  " + CellText(CELL::BEARING, there.bearing) + " grid";
     };
 }
 
@@ -380,6 +437,7 @@ constexpr std::array<SceneKind, kKindCount> kKinds = {{
     {KIND::BOUNDARY, AddBoundaries},
     {KIND::PIPELINE, AddPipelines},
     {KIND::PIPE_ROUTE, AddPipeRoute},
+    {KIND::RPL, AddRpls},
     {KIND::SAIL_LINE, AddSailLines},
     {KIND::STRUCTURE, AddStructures},
     {KIND::ROUTE, AddRoutes},
