@@ -57,6 +57,8 @@ JobRecord::JobRecord(FileSystem& files)
       sailLines(files),
       structures(files),
       geodesy(files),
+      gpx(files),
+      windFarms(files),
       vessels(files, "Vessel List", {waypoints, sailLines, geodesy}),
       templates(files, "Template List", {waypoints, sailLines, geodesy}),
       targetPlot(WorldEllipsoid()) {
@@ -77,6 +79,8 @@ void JobRecord::Load() {
     vessels.Load();
     templates.Load();
     targetPlot.Load(routes.GetFiles());
+    gpx.ReadSettings();
+    windFarms.ReadSettings();
 }
 
 void JobRecord::OnFileWritten(const std::string& path) {

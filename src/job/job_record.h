@@ -4,11 +4,13 @@
 #include <string>
 
 #include "features/boundary.h"
+#include "features/gpx.h"
 #include "features/grid_waypoint.h"
 #include "features/pipeline.h"
 #include "features/route.h"
 #include "features/sail_line.h"
 #include "features/structure.h"
+#include "features/wind_farm.h"
 #include "geodesy/job_geodesy.h"
 #include "job/outline_list.h"
 #include "target/target_plot.h"
@@ -41,6 +43,8 @@ struct JobRecord : private FileWatcher {
     CSailLineList sailLines;
     CStructureList structures;  ///< with the drawings that serve as shapes
     CJobGeodesy geodesy;        ///< the grid that the job's positions are on, if one is chosen
+    CGPX gpx;                   ///< tracks and waypoints under the job
+    CWindFarmList windFarms;    ///< as the database has them
 
     CVesselList vessels;
     CTemplateList templates;

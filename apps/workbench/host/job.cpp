@@ -4,6 +4,7 @@
 
 #include "display/list_export.h"
 #include "panes/pipe_route_pane.h"
+#include "features/wind_farm_store.h"
 #include "platform/platform.h"
 #include "platform/user_actions.h"
 
@@ -25,20 +26,33 @@ Job::Job(Platform& owner) : CWnd(owner), record(owner.Files()), targets(owner, r
         RefreshRows();
         if (observer) observer->OnDrawingChanged();
     };
+    owner.SetPrintHeading([this] {
+        return record.geodesy.IsChosen() ? record.geodesy.GridText() + ", " + record.geodesy.DatumText()
+                                         : std::string();
+    });
 }
 
 Job::~Job() {
     GetPlatform().SetTableMenu({});
+    GetPlatform().SetPrintHeading({});
     GetPlatform().SetMainWindow(nullptr);
 }
 
 void Job::Open() {
     record.Load();
+    ReadWindFarmDatabase();
     if (GetPlatform().Files().Access() == FILE_ACCESS::READ_WRITE) record.ClearLeftovers();
     OpenPanes();
     targets.SetPanes(panes);
     countedFiles = CountFiles();
     KeepFlags();
+}
+
+void Job::ReadWindFarmDatabase() {
+    std::string fault;
+    if (!ReadWindFarms(record.windFarms, fault)) {
+        GetPlatform().WarningMessage(WindFarmDatabasePath(GetPlatform().Files()) + "\ncan't be read: " + fault);
+    }
 }
 
 void Job::OpenPanes() {

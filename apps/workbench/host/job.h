@@ -89,6 +89,9 @@ public:
     /// Whether the cable clearance must be computed again before it is used.
     bool IsClearanceStale() const { return clearanceStale; }
 
+    /// Reads the wind farms anew; what the database refuses is told to the operator.
+    void ReadWindFarmDatabase();
+
     LRESULT OnMessage(const MSG& message) override;
 
 private:
