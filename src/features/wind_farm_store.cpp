@@ -215,6 +215,8 @@ bool StoreFarms(Database& database, const std::vector<WindFarmDef>& farms) {
 }  // namespace
 
 std::string WindFarmDatabasePath(FileSystem& files) {
+    // The call that makes the data folder itself leaves its subfolder to the next one.
+    GetDataFolder(files, kFolder);
     const std::string folder = GetDataFolder(files, kFolder);
     return folder.empty() ? folder : folder + std::string(kFile);
 }

@@ -8,11 +8,11 @@ namespace {
 TEST(ListCommand, ListsOnTheTerminalAndIntoFiles) {
     ScratchDrives drives;
     drives.MakeFolder("C:\\Out");
-    drives.Write("C:\\Job\\line.csv", "0,0,100,0\r\n0,50,0,150\r\n");
+    drives.Write("C:\\Job\\line.csv", "10,0,110,0\r\n0,50,0,150\r\n");
     drives.Write("C:\\Job\\cable.csv", "1000,1000,0\r\n2000,1000,100\r\n2000,2000,0\r\n");
     EXPECT_EQ(RunOn(drives, {"list", "sail-line", "C:\\Job\\line.csv"}).out,
               "Line  SOL Easting  SOL Northing  EOL Easting  EOL Northing    Range  Bearing\n"
-              "   1        0.000         0.000      100.000         0.000  100.00m   090.00\n"
+              "   1       10.000         0.000      110.000         0.000  100.00m   090.00\n"
               "   2        0.000        50.000        0.000       150.000  100.00m   000.00\n");
     const CliOutcome design = RunOn(drives, {"list", "design-route", "C:\\Job\\cable.csv", "--csv", "C:\\Out\\d.csv",
                                              "--csv-quoted", "C:\\Out\\q.csv", "--xlsx", "C:\\Out\\d.xlsx"});

@@ -51,7 +51,7 @@ TEST(GpxTime, FractionsAndZones) {
                                                      {"", -1}}) {
         const auto time = GpxTime(row.text);
         ASSERT_EQ(time.has_value(), row.seconds >= 0) << row.text;
-        if (time) EXPECT_NEAR(*time, row.seconds, 1e-6) << row.text;
+        EXPECT_NEAR(time.value_or(-1), row.seconds, 1e-6) << row.text;
     }
 }
 

@@ -5,6 +5,7 @@
 #include "panes/gpx_dlgs.h"
 #include "panes/wind_farm_dlgs.h"
 #include "platform/headless.h"
+#include "platform/text.h"
 #include "platform/user_actions.h"
 #include "support/scratch_drives.h"
 

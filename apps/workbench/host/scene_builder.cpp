@@ -37,6 +37,7 @@ ChartScene SceneBuilder::Build() {
         items(*this);
     };
     add(kReferenceLayer, AddReferences);
+    if (layer->items.empty()) scene.layers.clear();
     for (const SceneKind& kind : SceneKinds()) add(static_cast<std::uint64_t>(kind.kind), kind.add);
     add(kTargetLayer, AddTargets);
     layer = nullptr;

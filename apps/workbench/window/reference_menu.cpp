@@ -3,9 +3,9 @@
 #include "features/wind_farm_import.h"
 #include "features/wind_farm_store.h"
 #include "foundation/angle_units.h"
-#include "foundation/paths.h"
 #include "panes/gpx_dlgs.h"
 #include "panes/wind_farm_dlgs.h"
+#include "platform/platform.h"
 #include "platform/text.h"
 
 namespace quillon {
