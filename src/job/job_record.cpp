@@ -56,9 +56,9 @@ JobRecord::JobRecord(FileSystem& files)
       routes(files),
       sailLines(files),
       structures(files),
-      geodesy(files),
       gpx(files),
       windFarms(files),
+      geodesy(files),
       vessels(files, "Vessel List", {waypoints, sailLines, geodesy}),
       templates(files, "Template List", {waypoints, sailLines, geodesy}),
       targetPlot(WorldEllipsoid()) {

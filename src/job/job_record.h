@@ -42,7 +42,6 @@ struct JobRecord : private FileWatcher {
     CRouteList routes;
     CSailLineList sailLines;
     CStructureList structures;  ///< with the drawings that serve as shapes
-    CJobGeodesy geodesy;        ///< the grid that the job's positions are on, if one is chosen
     CGPX gpx;                   ///< tracks and waypoints under the job
     CWindFarmList windFarms;    ///< as the database has them
 

@@ -3,9 +3,10 @@
 #include <algorithm>
 
 #include "display/list_export.h"
-#include "panes/pipe_route_pane.h"
 #include "features/wind_farm_store.h"
+#include "panes/pipe_route_pane.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 #include "platform/user_actions.h"
 
 namespace quillon {
@@ -26,10 +27,7 @@ Job::Job(Platform& owner) : CWnd(owner), record(owner.Files()), targets(owner, r
         RefreshRows();
         if (observer) observer->OnDrawingChanged();
     };
-    owner.SetPrintHeading([this] {
-        return record.geodesy.IsChosen() ? record.geodesy.GridText() + ", " + record.geodesy.DatumText()
-                                         : std::string();
-    });
+    owner.SetPrintHeading([this] { return PrintHeading(); });
 }
 
 Job::~Job() {
@@ -46,6 +44,15 @@ void Job::Open() {
     targets.SetPanes(panes);
     countedFiles = CountFiles();
     KeepFlags();
+}
+
+std::string Job::PrintHeading() const {
+    // A job is called after its drives folder, where that has a name of its own.
+    const std::string folder = GetPlatform().Files().Drives().filename().string();
+    std::string heading = folder == "drives" ? std::string() : TextFromUtf8(folder);
+    if (!record.geodesy.IsChosen()) return heading;
+    if (!heading.empty()) heading += ", ";
+    return heading + record.geodesy.GridText() + ", " + record.geodesy.DatumText();
 }
 
 void Job::ReadWindFarmDatabase() {

@@ -103,6 +103,8 @@ private:
     using FlagsByPath = std::map<std::pair<KIND, std::string>, Flags>;
 
     void OpenPanes();
+    /// The job and its grid, for printed pages.
+    std::string PrintHeading() const;
     void ShowInPane(CMyDockablePane& pane, const JobPoint& chosen);
     /// Null for NONE and for a kind that is in no list.
     CFileListBase* ListOf(KIND kind);
