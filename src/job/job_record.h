@@ -44,6 +44,7 @@ struct JobRecord : private FileWatcher {
     CStructureList structures;  ///< with the drawings that serve as shapes
     CGPX gpx;                   ///< tracks and waypoints under the job
     CWindFarmList windFarms;    ///< as the database has them
+    CJobGeodesy geodesy;        ///< the grid that the job's positions are on, if one is chosen
 
     CVesselList vessels;
     CTemplateList templates;

@@ -36,18 +36,18 @@ ReferenceMenu::ReferenceMenu(QMenu& menu, Job& shownJob, ChartWidget& shownChart
         QObject::connect(action, &QAction::triggered, &menu, [this, act] { (this->*act)(); });
         menu.addAction(action);
     };
-    add("Open &GPX File...", "Ctrl+G", "Show the tracks and waypoints of a GPX file under the job",
+    add("Open &GPX File...", "Ctrl+Alt+G", "Show the tracks and waypoints of a GPX file under the job",
         &ReferenceMenu::OpenGpx);
-    add("&Tracks...", "Ctrl+T", "Which tracks are shown, and how", &ReferenceMenu::ShowTracks);
-    add("Track &Points...", "Ctrl+Shift+T", "The points of a track with its legs", &ReferenceMenu::ShowTrackPoints);
+    add("&Tracks...", "Ctrl+Alt+T", "Which tracks are shown, and how", &ReferenceMenu::ShowTracks);
+    add("Track &Points...", "Ctrl+Alt+P", "The points of a track with its legs", &ReferenceMenu::ShowTrackPoints);
     add("&Close GPX File", "", "Show no GPX file any more", &ReferenceMenu::CloseGpx);
     menu.addSeparator();
     add("&Import Wind Farms...", "", "Put the turbines and sites of a file into the database",
         &ReferenceMenu::ImportWindFarms);
-    add("&Wind Farms...", "Ctrl+W", "What is shown of wind farms, and in which colours",
+    add("&Wind Farms...", "Ctrl+Alt+W", "What is shown of wind farms, and in which colours",
         &ReferenceMenu::ChooseWindFarmDisplay);
     add("Tur&bines...", "", "The turbines of a wind farm", &ReferenceMenu::ShowTurbines);
-    add("&Find Wind Farm...", "Ctrl+Shift+W", "Bring a wind farm into the middle of the chart",
+    add("&Find Wind Farm...", "Ctrl+Alt+F", "Bring a wind farm into the middle of the chart",
         &ReferenceMenu::FindWindFarm);
 }
 
