@@ -41,6 +41,15 @@
 #include "toolkit/qt_platform.h"
 #include "toolkit/theme.h"
 
+#include "bindings/dialog_binding.h"
+#include "display/print_list.h"
+#include "panes/gpx_dlgs.h"
+#include "panes/listing_pane.h"
+#include "panes/wind_farm_dlgs.h"
+#include "platform/text.h"
+#include "platform/user_actions.h"
+#include "window/print_preview.h"
+
 namespace quillon::test {
 namespace {
 
@@ -88,7 +97,9 @@ public:
           target(folder),
           drives(std::filesystem::temp_directory_path() / "quillon-gallery"),
           platform(drives, drives / "profile.ini"),
-          factory(DrawChartSymbol) {}
+          factory(DrawChartSymbol) {
+        ShowDialogsBy(platform, factory);
+    }
     ~Gallery() { std::filesystem::remove_all(drives); }
 
     void Shoot(bool night) {
@@ -98,6 +109,7 @@ public:
         ShootChrome();
         ShootDialogs();
         ShootLoads();
+        ShootTables(night);
     }
 
 private:
@@ -146,6 +158,93 @@ private:
         SavePickers(pickers);
         view.resize(220, 620);
         Save(view, "pane-narrow");
+    }
+
+    // ---- Tables, what lies under a job, and paper ----
+
+    void ShootModel(CControlWindow& model, QSize size, const char* name) {
+        WindowBinding view(model, factory);
+        view.resize(size);
+        view.show();
+        Save(view, name);
+    }
+
+    static TurbineDef Turbine(int number) {
+        TurbineDef turbine;
+        turbine.id = Format("A%02d", number);
+        turbine.farm = "North Bank";
+        turbine.title = "64 turbines";
+        turbine.latitude = 1.0 + 0.0002 * number;
+        turbine.longitude = 0.04;
+        turbine.maxHeight = 187.5f;
+        turbine.navigationLights = "Fl Y 5s";
+        turbine.image = number % 8 == 0 ? 1 : 0;
+        return turbine;
+    }
+
+    void ShootTables(bool night) {
+        platform.SetNight(night);
+        CGPX gpx(platform.Files());
+        for (int t = 0; t < 3; ++t) {
+            GpxTrack& track = gpx.tracks.emplace_back();
+            track.name = Format("Day %d", t + 1);
+            track.show = t != 1;
+            for (int i = 0; i < 40; ++i) track.points.push_back({0.04 + 1e-4 * i, 1.0 + 1e-5 * i * i, 7e8 + 600.0 * i});
+            ComputeLegs(track);
+        }
+        CGpxTracksDlg tracks(platform);
+        tracks.SetData(&gpx);
+        CGpxTracksDisplayDlg points(platform);
+        points.SetData(&gpx);
+        CWindFarmList farms(platform.Files());
+        for (int i = 0; i < 20; ++i) farms.turbines.push_back(Turbine(i));
+        CompleteFarms(farms.turbines, farms.farms);
+        CWindFarmDlg options(platform);
+        options.SetData(&farms);
+        CFindWindFarm find(platform);
+        find.SetData(&farms);
+        CWindFarmTurbinesDlg turbines(platform);
+        turbines.SetData("North Bank", "A07", &farms);
+        const std::pair<CDialog*, const char*> dialogs[] = {{&tracks, "gpx-tracks"},
+                                                            {&points, "gpx-points"},
+                                                            {&options, "wind-farm"},
+                                                            {&find, "wind-farm-find"},
+                                                            {&turbines, "wind-farm-turbines"}};
+        for (const auto& [dialog, name] : dialogs) {
+            dialog->Create();
+            QCoreApplication::processEvents();
+            for (QWidget* const window : QApplication::topLevelWidgets()) {
+                if (window->isVisible() && qobject_cast<QDialog*>(window)) Save(*window, name);
+            }
+            dialog->DestroyWindow();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+        JobRecord job(platform.Files());
+        auto route = std::make_unique<CRoute>(platform.Files());
+        for (int i = 0; i < 60; ++i) {
+            RouteDef record;
+            record.position = {500000 + 120.5 * i, 6000000 + 33.25 * i};
+            record.range = 125.0;
+            record.bearing = 1.3;
+            route->Add(record);
+        }
+        job.routes.Append(std::move(route));
+        job.routes.SetEditCursor(0, 0);
+        CListingPane listing(platform);
+        listing.Create(nullptr, CListingPane::kTitleId, job);
+        listing.SetNightMode(night);
+        user::Select(listing.GetTypeCombo(), 2);
+        ShootModel(listing, {460, 400}, "listing");
+        const ListTable table = TableOf(listing.GetView());
+        const PrintPages pages = [&](CPrinter& printer, const PrintJob& asked) {
+            return PrintTable(printer, asked, "Transit", table, true, {"North Field, Grid Zone 31", "01 May 2026"});
+        };
+        PrintPreview preview(platform, "Transit", pages, nullptr);
+        preview.show();
+        for (int i = 0; i < 50; ++i) QTest::qWait(10);
+        Save(preview, "print-preview");
+        QFile pdf(target + "/listing.pdf");
+        if (pdf.open(QIODevice::WriteOnly)) pdf.write(preview.MakePdf());
     }
 
     void ShootChrome() {

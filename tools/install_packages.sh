@@ -6,7 +6,7 @@
 set -euo pipefail
 
 packages=(cmake ninja-build g++ pkg-config qt6-base-dev libgl-dev libcli11-dev fonts-dejavu-core libcrypt-dev libshp-dev
-          unixodbc-dev libxlsxwriter-dev)
+          unixodbc-dev libxlsxwriter-dev libpugixml-dev libsqlite3-dev nlohmann-json3-dev)
 if [ "${1:-test}" != run ]; then
   packages+=(git python3 libgtest-dev libgmock-dev locales clang libclang-rt-14-dev clang-format qt6-qpa-plugins)
 fi

@@ -10,9 +10,11 @@
 #include "angle_command.h"
 #include "dtm_commands.h"
 #include "geodesy_commands.h"
+#include "list_command.h"
 #include "route_commands.h"
 #include "show_commands.h"
 #include "thin_command.h"
+#include "wind_farm_command.h"
 
 namespace quillon {
 namespace {
@@ -35,6 +37,8 @@ void AddCommands(CLI::App& app, CliContext& context) {
     AddRouteCommands(app, context);
     AddDtmCommands(app, context);
     AddThinCommand(app, context);
+    AddListCommand(app, context);
+    AddWindFarmCommands(app, context);
     AddAngleCommand(app, context);
     AddGeodesyCommands(app, context);
 }

@@ -1,15 +1,15 @@
 #include "show_commands.h"
 
 #include <array>
-#include <limits>
 #include <memory>
-#include <optional>
 #include <ostream>
 #include <string>
 
 #include "drawing_commands.h"
 #include "dtm_commands.h"
+#include "feature_loading.h"
 #include "feature_sheets.h"
+#include "gpx_command.h"
 #include "job/kinds.h"
 #include "number_option.h"
 #include "platform/text.h"
@@ -21,86 +21,9 @@
 namespace quillon {
 namespace {
 
-constexpr double kNotGiven = std::numeric_limits<double>::quiet_NaN();
-
-/// What the command line says in place of the settings.
-struct ShowOptions {
-    std::string file;  ///< UTF-8
-    bool json = false;
-    std::optional<int> order;
-    double port = kNotGiven;
-    double starboard = kNotGiven;
-    double startKp = kNotGiven;
-    double interval = kNotGiven;
-    bool decreasing = false;
-    bool labelKps = false;
-
-    std::string Path() const { return TextFromUtf8(file); }
-};
-
-void Override(double& setting, double given) {
-    if (given == given) setting = given;
-}
-
-// ---- Reading ----
-
-bool Load(CBoundary& boundary, const ShowOptions& options) {
-    return boundary.Read(options.Path());
-}
-
-bool Load(CGridWaypoint& waypoints, const ShowOptions& options) {
-    waypoints.SetPath(options.Path());
-    waypoints.LoadSettings();
-    if (options.order) waypoints.dataOrder = *options.order;
-    return waypoints.ReadData(options.Path());
-}
-
-bool Load(CPipeline& pipeline, const ShowOptions& options) {
-    pipeline.SetPath(options.Path());
-    pipeline.ReadSettings();
-    if (options.order) pipeline.dataOrder = *options.order;
-    Override(pipeline.portCorridor, options.port);
-    Override(pipeline.starboardCorridor, options.starboard);
-    Override(pipeline.startKp, options.startKp);
-    Override(pipeline.kpInterval, options.interval);
-    if (options.decreasing) pipeline.increasingKps = false;
-    if (options.labelKps) pipeline.labelKps = true;
-    return pipeline.LoadData(options.Path());
-}
-
-bool Load(CRoute& route, const ShowOptions& options) {
-    if (options.order) {
-        // Its settings first; then the points again, in the order asked for.
-        route.Read(options.Path());
-        route.dataOrder = *options.order;
-        route.ReadPoints();
-    } else {
-        route.Read(options.Path());
-    }
-    Override(route.portWidth, options.port);
-    Override(route.starboardWidth, options.starboard);
-    route.ComputeCorridor();
-    return !route.IsEmpty();
-}
-
-bool Load(CSailLine& lines, const ShowOptions& options) {
-    if (!options.order) return lines.Read(options.Path());
-    lines.Read(options.Path());
-    lines.dataOrder = *options.order;
-    return lines.ReadLines();
-}
-
-bool Load(CRPL& rpl, const ShowOptions& options) {
-    rpl.SetPath(options.Path());
-    rpl.ReadSettings();
-    Override(rpl.portCorridor, options.port);
-    Override(rpl.starboardCorridor, options.starboard);
-    return rpl.LoadData(options.Path()) && !rpl.IsEmpty();
-}
-
 /// A file without a usable point prints its report and nothing else.
 template <class Feature>
-void Show(CliContext& context, const ShowOptions& options) {
+void Show(CliContext& context, const LoadOptions& options) {
     Feature feature(context.Files());
     const bool taken = Load(feature, options);
     if (!feature.GetReport().opened) return context.Fail(options.file, "can't be read: " + feature.GetReport().fault);
@@ -114,7 +37,7 @@ void Show(CliContext& context, const ShowOptions& options) {
 
 /// A command with what all of them have. `orders` is how many data orders the kind knows; with one, there is no choice.
 template <class Feature>
-CLI::App& AddKind(CLI::App& show, CliContext& context, const std::shared_ptr<ShowOptions>& options,
+CLI::App& AddKind(CLI::App& show, CliContext& context, const std::shared_ptr<LoadOptions>& options,
                   const std::string& name, const std::string& description, int orders) {
     CLI::App& command = *show.add_subcommand(name, description);
     command.add_option("FILE", options->file, "The data file")->required()->type_name("");
@@ -130,13 +53,13 @@ CLI::App& AddKind(CLI::App& show, CliContext& context, const std::shared_ptr<Sho
     return command;
 }
 
-void AddCorridorOptions(CLI::App& command, ShowOptions& options) {
+void AddCorridorOptions(CLI::App& command, LoadOptions& options) {
     AddNumberOption(command, "--port", options.port, "Width of the corridor to port, metres");
     AddNumberOption(command, "--starboard", options.starboard, "Width of the corridor to starboard, metres");
 }
 
 void AddPipeline(CLI::App& show, CliContext& context) {
-    const auto options = std::make_shared<ShowOptions>();
+    const auto options = std::make_shared<LoadOptions>();
     CLI::App& command = AddKind<CPipeline>(show, context, options, "pipeline", "Points, KPs, KP labels and corridor",
                                            static_cast<int>(kPipelineOrderTxt.size()));
     AddCorridorOptions(command, *options);
@@ -153,7 +76,7 @@ void AddPipeline(CLI::App& show, CliContext& context) {
 }
 
 void AddRoute(CLI::App& show, CliContext& context) {
-    const auto options = std::make_shared<ShowOptions>();
+    const auto options = std::make_shared<LoadOptions>();
     CLI::App& command = AddKind<CRoute>(show, context, options, "route", "Points, legs and corridor of a route",
                                         static_cast<int>(kRouteOrderTxt.size()));
     AddCorridorOptions(command, *options);
@@ -165,13 +88,13 @@ void AddRoute(CLI::App& show, CliContext& context) {
 }
 
 void AddBoundary(CLI::App& show, CliContext& context) {
-    AddKind<CBoundary>(show, context, std::make_shared<ShowOptions>(), "boundary",
+    AddKind<CBoundary>(show, context, std::make_shared<LoadOptions>(), "boundary",
                        "Points and drawing options of a boundary", 0)
         .footer("Examples:\n  quillon show boundary area.csv\n  quillon show boundary 'C:\\Jobs\\area.csv' --json");
 }
 
 void AddRpl(CLI::App& show, CliContext& context) {
-    const auto options = std::make_shared<ShowOptions>();
+    const auto options = std::make_shared<LoadOptions>();
     CLI::App& command =
         AddKind<CRPL>(show, context, options, "rpl", "Curves, KPs and corridor of a route position list", 0);
     AddCorridorOptions(command, *options);
@@ -197,14 +120,14 @@ std::string WaypointOrders() {
 }
 
 void AddWaypoint(CLI::App& show, CliContext& context) {
-    AddKind<CGridWaypoint>(show, context, std::make_shared<ShowOptions>(), "waypoint", "Points of a waypoint file",
+    AddKind<CGridWaypoint>(show, context, std::make_shared<LoadOptions>(), "waypoint", "Points of a waypoint file",
                            static_cast<int>(kWaypointOrders.size()))
         .footer(WaypointOrders() +
                 "\nExamples:\n  quillon show waypoint wrecks.csv\n  quillon show waypoint wrecks.csv --order 6 --json");
 }
 
 void AddSailLine(CLI::App& show, CliContext& context) {
-    AddKind<CSailLine>(show, context, std::make_shared<ShowOptions>(), "sail-line", "Lines of a sail line file",
+    AddKind<CSailLine>(show, context, std::make_shared<LoadOptions>(), "sail-line", "Lines of a sail line file",
                        static_cast<int>(kSailLineOrderTxt.size()))
         .footer("Example:\n  quillon show sail-line block-4.csv --json");
 }
@@ -245,6 +168,7 @@ void AddShowCommands(CLI::App& app, CliContext& context) {
     for (const ShownKind& kind : kShownKinds) kind.add(show, context);
     AddShowVessels(show, context);
     AddDrawingKinds(show, context);
+    AddShowGpx(show, context);
 }
 
 }  // namespace quillon

@@ -96,7 +96,10 @@ bool SaveTableToExcel(Platform& platform, const ListTable& table, const ExportNa
 bool PrintTableOf(Platform& platform, const CListCtrl& list, std::string_view document) {
     if (list.GetItemCount() == 0) return true;
     const ListTable table = TableOf(list);
-    const PrintMargins margins = {platform.PrintHeading(), TodayText(platform)};
+    const std::string job = platform.PrintHeading();
+    std::string heading(document);
+    if (!heading.empty() && !job.empty()) heading += "   ";
+    const PrintMargins margins = {heading + job, TodayText(platform)};
     return platform.Print(document, [&](CPrinter& printer, const PrintJob& job) {
         return PrintTable(printer, job, document, table, true, margins);
     });

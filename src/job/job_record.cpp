@@ -59,6 +59,8 @@ JobRecord::JobRecord(FileSystem& files)
       structures(files),
       dtm(files),
       shapes(files),
+      gpx(files),
+      windFarms(files),
       geodesy(files),
       vessels(files, "Vessel List", {waypoints, sailLines, geodesy}),
       templates(files, "Template List", {waypoints, sailLines, geodesy}),
@@ -81,6 +83,8 @@ void JobRecord::Load() {
     vessels.Load();
     templates.Load();
     targetPlot.Load(routes.GetFiles());
+    gpx.ReadSettings();
+    windFarms.ReadSettings();
 }
 
 void JobRecord::OnFileWritten(const std::string& path) {

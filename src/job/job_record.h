@@ -6,12 +6,14 @@
 #include "background/dtm.h"
 #include "background/shape_file_list.h"
 #include "features/boundary.h"
+#include "features/gpx.h"
 #include "features/grid_waypoint.h"
 #include "features/pipeline.h"
 #include "features/route.h"
 #include "features/rpl.h"
 #include "features/sail_line.h"
 #include "features/structure.h"
+#include "features/wind_farm.h"
 #include "geodesy/job_geodesy.h"
 #include "job/outline_list.h"
 #include "target/target_plot.h"
@@ -47,7 +49,9 @@ struct JobRecord : private FileWatcher {
     CStructureList structures;  ///< with the drawings that serve as shapes
     CDtm dtm;
     CShapeFileList shapes;
-    CJobGeodesy geodesy;  ///< the grid that the job's positions are on, if one is chosen
+    CGPX gpx;                 ///< tracks and waypoints under the job
+    CWindFarmList windFarms;  ///< as the database has them
+    CJobGeodesy geodesy;      ///< the grid that the job's positions are on, if one is chosen
     CVesselList vessels;
     CTemplateList templates;
     CTargetPlot targetPlot;

@@ -3,8 +3,10 @@
 #include <algorithm>
 
 #include "display/list_export.h"
+#include "features/wind_farm_store.h"
 #include "panes/pipe_route_pane.h"
 #include "platform/platform.h"
+#include "platform/text.h"
 #include "platform/user_actions.h"
 
 namespace quillon {
@@ -25,15 +27,18 @@ Job::Job(Platform& owner) : CWnd(owner), record(owner.Files()), targets(owner, r
         RefreshRows();
         if (observer) observer->OnDrawingChanged();
     };
+    owner.SetPrintHeading([this] { return PrintHeading(); });
 }
 
 Job::~Job() {
     GetPlatform().SetTableMenu({});
+    GetPlatform().SetPrintHeading({});
     GetPlatform().SetMainWindow(nullptr);
 }
 
 void Job::Open() {
     record.Load();
+    ReadWindFarmDatabase();
     if (GetPlatform().Files().Access() == FILE_ACCESS::READ_WRITE) record.ClearLeftovers();
     OpenPanes();
     targets.SetPanes(panes);
@@ -41,6 +46,22 @@ void Job::Open() {
     KeepFlags();
     loads.onTaken = [this](KIND kind) { OnLoaded(kind); };
     loads.Start();
+}
+
+std::string Job::PrintHeading() const {
+    // A job is called after its drives folder, where that has a name of its own.
+    const std::string folder = GetPlatform().Files().Drives().filename().string();
+    std::string heading = folder == "drives" ? std::string() : TextFromUtf8(folder);
+    if (!record.geodesy.IsChosen()) return heading;
+    if (!heading.empty()) heading += ", ";
+    return heading + record.geodesy.GridText() + ", " + record.geodesy.DatumText();
+}
+
+void Job::ReadWindFarmDatabase() {
+    std::string fault;
+    if (!ReadWindFarms(record.windFarms, fault)) {
+        GetPlatform().WarningMessage(WindFarmDatabasePath(GetPlatform().Files()) + "\ncan't be read: " + fault);
+    }
 }
 
 void Job::OpenPanes() {

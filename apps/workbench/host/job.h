@@ -92,6 +92,9 @@ public:
     /// Whether the cable clearance must be computed again before it is used.
     bool IsClearanceStale() const { return clearanceStale; }
 
+    /// Reads the wind farms anew; what the database refuses is told to the operator.
+    void ReadWindFarmDatabase();
+
     LRESULT OnMessage(const MSG& message) override;
 
 private:
@@ -103,6 +106,8 @@ private:
     using FlagsByPath = std::map<std::pair<KIND, std::string>, Flags>;
 
     void OpenPanes();
+    /// The job and its grid, for printed pages.
+    std::string PrintHeading() const;
     void ShowInPane(CMyDockablePane& pane, const JobPoint& chosen);
     /// Null for NONE and for a kind that is in no list.
     CFileListBase* ListOf(KIND kind);

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "host/scene_kinds.h"
+#include "host/scene_references.h"
 #include "host/scene_targets.h"
 
 namespace quillon {
@@ -36,6 +37,8 @@ ChartScene SceneBuilder::Build() {
         layer->priority = static_cast<int>(scene.layers.size());
         items(*this);
     };
+    add(kReferenceLayer, AddReferences);
+    if (layer->items.empty()) scene.layers.clear();
     for (const SceneKind& kind : SceneKinds()) add(static_cast<std::uint64_t>(kind.kind), kind.add);
     add(kTargetLayer, AddTargets);
     layer = nullptr;

@@ -253,6 +253,10 @@ void MainWindow::MakeActions() {
     MakeViewMenu();
     MakeChartMenu();
     menuBar()->addMenu(new TargetMenu(job, this));
+    references = std::make_unique<ReferenceMenu>(*menuBar()->addMenu("&Reference"), job, *chart,
+                                                 [this](const QString& text, const QKeySequence& key,
+                                                        const QString& tip) { return MakeAction(text, key, tip); });
+    references->onChanged = [this] { OnDrawingChanged(); };
     MakeHelpMenu();
     MakeToolBar();
 }

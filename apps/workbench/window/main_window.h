@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QMainWindow>
+#include <memory>
 #include <optional>
 
 #include "chart/chart_widget.h"
@@ -14,6 +15,7 @@
 #include "window/geodesy_display.h"
 #include "window/job_desk.h"
 #include "window/pane_docks.h"
+#include "window/reference_menu.h"
 #include "window/status_line.h"
 #include "window/view_binding.h"
 
@@ -107,6 +109,7 @@ private:
     GeodesyDisplay geodesy;
     EmptyHint* hint = nullptr;  // a child of the chart
     QMenu* addMenu = nullptr;
+    std::unique_ptr<ReferenceMenu> references;
     QAction* exportAction = nullptr;
     QAction* addFirstAction = nullptr;
     QAction* nightAction = nullptr;
