@@ -69,14 +69,7 @@ bool Load(CPipeline& pipeline, const ShowOptions& options) {
 }
 
 bool Load(CRoute& route, const ShowOptions& options) {
-    if (options.order) {
-        // Its settings first; then the points again, in the order asked for.
-        route.Read(options.Path());
-        route.dataOrder = *options.order;
-        route.ReadPoints();
-    } else {
-        route.Read(options.Path());
-    }
+    options.order ? route.Read(options.Path(), *options.order) : route.Read(options.Path());
     Override(route.portWidth, options.port);
     Override(route.starboardWidth, options.starboard);
     route.ComputeCorridor();
@@ -84,10 +77,7 @@ bool Load(CRoute& route, const ShowOptions& options) {
 }
 
 bool Load(CSailLine& lines, const ShowOptions& options) {
-    if (!options.order) return lines.Read(options.Path());
-    lines.Read(options.Path());
-    lines.dataOrder = *options.order;
-    return lines.ReadLines();
+    return options.order ? lines.Read(options.Path(), *options.order) : lines.Read(options.Path());
 }
 
 bool Load(CRPL& rpl, const ShowOptions& options) {

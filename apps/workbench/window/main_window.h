@@ -11,6 +11,7 @@
 #include "toolkit/theme.h"
 #include "window/chart_acts.h"
 #include "window/empty_hint.h"
+#include "window/file_taker.h"
 #include "window/job_desk.h"
 #include "window/pane_docks.h"
 #include "window/status_line.h"
@@ -36,6 +37,9 @@ public:
 
     ChartWidget& Chart() { return *chart; }
     PaneDocks& Docks() { return docks; }
+    /// Adds files of whatever kinds; library paths.
+    void TakeFiles(const std::vector<std::string>& paths) { files.Take(paths); }
+    FileTaker& Files() { return files; }
     ChartActs& Acts() { return acts; }
     JobDesk& Desk() { return desk; }
 
@@ -99,6 +103,7 @@ private:
     PaneDocks docks;
     StatusLine status;
     ChartActs acts;
+    FileTaker files;
     JobDesk desk;
     EmptyHint* hint = nullptr;  // a child of the chart
     QMenu* addMenu = nullptr;
