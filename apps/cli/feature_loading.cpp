@@ -34,14 +34,7 @@ bool Load(CPipeline& pipeline, const LoadOptions& options) {
 }
 
 bool Load(CRoute& route, const LoadOptions& options) {
-    if (options.order) {
-        // Its settings first; then the points again, in the order asked for.
-        route.Read(options.Path());
-        route.dataOrder = *options.order;
-        route.ReadPoints();
-    } else {
-        route.Read(options.Path());
-    }
+    options.order ? route.Read(options.Path(), *options.order) : route.Read(options.Path());
     Override(route.portWidth, options.port);
     Override(route.starboardWidth, options.starboard);
     route.ComputeCorridor();
@@ -49,10 +42,7 @@ bool Load(CRoute& route, const LoadOptions& options) {
 }
 
 bool Load(CSailLine& lines, const LoadOptions& options) {
-    if (!options.order) return lines.Read(options.Path());
-    lines.Read(options.Path());
-    lines.dataOrder = *options.order;
-    return lines.ReadLines();
+    return options.order ? lines.Read(options.Path(), *options.order) : lines.Read(options.Path());
 }
 
 bool Load(CRPL& rpl, const LoadOptions& options) {

@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <clocale>
 #include <cstdlib>
 #include <exception>
@@ -149,6 +150,12 @@ int Run(QtPlatform& platform, Theme& theme, const WorkbenchOptions& options) {
         window.close();
     });
     window.show();
+    std::vector<std::string> files;
+    for (const auto& file : options.files) {
+        files.push_back(platform.Files().LibraryPath(std::filesystem::absolute(file).lexically_normal()));
+    }
+    // A question may come: the window stands behind it.
+    QTimer::singleShot(0, &window, [&] { window.TakeFiles(files); });
     return QApplication::exec();
 }
 
@@ -164,7 +171,7 @@ int Start(int argc, char** argv, WorkbenchOptions options) {
     const DISPLAY_KIND display = FindDisplay();
     const bool chosenByUser = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
     if (display == DISPLAY_KIND::NONE && !chosenByUser && !options.MakesPicture()) {
-        if (!options.sample) {
+        if (!options.sample || !options.files.empty()) {
             return Fail("no display to open a window on; --render FILE.png draws the chart without one");
         }
         options.render = SamplePicture();

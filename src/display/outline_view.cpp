@@ -39,6 +39,24 @@ int ToPixels(double pixels) {
     return static_cast<int>(std::clamp(std::trunc(pixels), -kFarthest, kFarthest));
 }
 
+/// A line through pixels, drawn in one call, without the steps that stay on a pixel: of a large drawing most do.
+class PixelLine {
+public:
+    void Add(tagPOINT pixel) {
+        if (pixels.empty() || !(pixels.back() == pixel)) pixels.push_back(pixel);
+    }
+    void Draw(CDC& dc) {
+        if (pixels.empty()) return;
+        const tagPOINT last = pixels.back();
+        if (pixels.size() == 1) pixels.push_back(last);
+        dc.Polyline(pixels);
+        dc.MoveTo(last.x, last.y);
+    }
+
+private:
+    std::vector<tagPOINT> pixels;
+};
+
 }  // namespace
 
 COutlineView::COutlineView(CWnd& parent, UINT viewId) : CView(parent, viewId) {
@@ -150,16 +168,13 @@ void COutlineView::DrawArc(CDC& dc, double centreEasting1, double centreNorthing
     const double q = (radius - metresPerPixel) / radius;
     const double chords = std::min(std::ceil((end - start) / (2 * std::acos(q))), kMostChords);
     const double step = q >= -1.0 && q <= 1.0 ? (end - start) / chords : 0.0;
-    const tagPOINT first = PixelAt(centre, radius, start);
-    dc.MoveTo(first.x, first.y);
+    PixelLine line;
+    line.Add(PixelAt(centre, radius, start));
     if (step > 0.0 && end - start > step) {
-        for (double bearing = start; bearing < end; bearing += step) {
-            const tagPOINT next = PixelAt(centre, radius, bearing);
-            dc.LineTo(next.x, next.y);
-        }
+        for (double bearing = start; bearing < end; bearing += step) line.Add(PixelAt(centre, radius, bearing));
     }
-    const tagPOINT last = PixelAt(centre, radius, clockwise ? angle2 : angle1);
-    dc.LineTo(last.x, last.y);
+    line.Add(PixelAt(centre, radius, clockwise ? angle2 : angle1));
+    line.Draw(dc);
 }
 
 void COutlineView::DrawPolygon(CDC& dc, std::span<const tagXY> points, const tagPen& pen) const {
@@ -241,13 +256,10 @@ void COutlineView::DrawPlacedPolyline(CDC& dc, const CDxf& dxf, const CDxfPolyli
         const tagXY at = PlacePoint(dxf, line.GetPosition(i).x, line.GetPosition(i).y);
         return CoordToPixel(at.x, at.y);
     };
-    const tagPOINT first = pixel(0);
-    dc.MoveTo(first.x, first.y);
-    for (std::size_t i = 1; i < line.count; ++i) {
-        const tagPOINT next = pixel(i);
-        dc.LineTo(next.x, next.y);
-    }
-    if (line.IsClosed()) dc.LineTo(first.x, first.y);
+    PixelLine drawn;
+    for (std::size_t i = 0; i < line.count; ++i) drawn.Add(pixel(i));
+    if (line.IsClosed()) drawn.Add(pixel(0));
+    drawn.Draw(dc);
 }
 
 namespace {

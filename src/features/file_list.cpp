@@ -1,6 +1,8 @@
 #include "features/file_list.h"
 
 #include <limits>
+#include <string>
+#include <unordered_set>
 
 #include "foundation/config_file.h"
 #include "platform/text.h"
@@ -72,8 +74,14 @@ void LoadFileList(CFileListBase& list) {
     if (paths.OpenForRead(list.GetSettingsName(), "FLS")) {
         std::string_view line;
         paths.ReadLine(line);  // the section's head
+        // In capitals, so that no path costs a look at every member.
+        std::unordered_set<std::string> held;
+        for (const std::string& path : list.GetPaths()) held.insert(ToUpper(path));
         while (paths.ReadLine(line)) {
-            if (!Trim(line).empty() && list.Find(line) < 0) list.AppendFile(line, true);
+            if (Trim(line).empty() || held.contains(ToUpper(line))) continue;
+            const int before = list.GetCount();
+            list.AppendFile(line, true);
+            for (int i = before; i < list.GetCount(); ++i) held.insert(ToUpper(list.GetPath(i)));
         }
     }
     CConfigFile indexes(list.GetFiles());

@@ -60,10 +60,13 @@ void AddCurve(CStdioFile& file, const RouteDef& record) {
 // ---- Reading ----
 
 bool CRoute::Read(std::string_view newPath) {
+    return Read(newPath, LoadDataOrder(GetFiles(), std::string(newPath)));
+}
+
+bool CRoute::Read(std::string_view newPath, std::int32_t order) {
     // The path may be this object's own.
-    const std::string path(newPath);
-    dataOrder = LoadDataOrder(GetFiles(), path);
-    SetPathAndLoad(path);
+    SetPathAndLoad(std::string(newPath));
+    dataOrder = order;
     const bool taken = ReadPoints();
     LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
     LoadCorridor(GetFiles(), GetName());

@@ -24,6 +24,8 @@ public:
     /// Reads the data order, then the file by it, with its flags, drawing options and corridor. True if a point was
     /// read.
     bool Read(std::string_view path);
+    /// The same by another data order than the stored one.
+    bool Read(std::string_view path, std::int32_t order);
     /// The points alone, by the data order as it stands.
     bool ReadPoints();
     /// The same from an opened file.

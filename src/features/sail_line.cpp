@@ -30,9 +30,12 @@ PASSED_OVER DecodeLine(std::string_view line, int order, SailLineDef& record) {
 }  // namespace
 
 bool CSailLine::Read(std::string_view newPath) {
-    const std::string path(newPath);
-    dataOrder = LoadDataOrder(GetFiles(), path);
-    SetPathAndLoad(path);
+    return Read(newPath, LoadDataOrder(GetFiles(), std::string(newPath)));
+}
+
+bool CSailLine::Read(std::string_view newPath, std::int32_t order) {
+    SetPathAndLoad(std::string(newPath));
+    dataOrder = order;
     const bool taken = ReadLines();
     LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
     return taken;

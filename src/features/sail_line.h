@@ -31,6 +31,8 @@ public:
 
     /// Reads the data order, the file by it, the flags and the drawing options. True if a line was taken.
     bool Read(std::string_view path);
+    /// The same by another data order than the stored one.
+    bool Read(std::string_view path, std::int32_t order);
     /// The lines alone, by the data order as it stands; any order but 0 gives none.
     bool ReadLines();
     /// The same from an opened file.

@@ -264,6 +264,19 @@ bool CStructurePane::MoveToEditPoint() {
     return false;
 }
 
+void CStructurePane::PlaceStructure(tagXY position, double headingDegrees) {
+    StructureDef* const structure = CurrentStructure();
+    if (!structure) return;
+    constexpr double kFullTurn = 360.0;
+    const double heading = std::fmod(headingDegrees, kFullTurn);
+    structure->position = position;
+    structure->heading = heading < 0.0 ? heading + kFullTurn : heading;
+    CurrentFile()->Write();
+    UpdatePosition();
+    view.Invalidate();
+    BroadcastAll({REDRAW_POINT, FEATURE_UPDATE});
+}
+
 void CStructurePane::SetEdit(bool on) {
     ApplyColourScheme(GetPropertyList(), on ? kEditScheme : kFeaturePaneScheme);
 }

@@ -61,6 +61,9 @@ public:
     void AddStructure();
     /// Asks for the cursor's structure to be shown. False if there is none.
     bool MoveToEditPoint();
+    /// The host has moved or turned the cursor's structure on its chart: it is stored and written, once. Metres and
+    /// degrees; of what lies beyond the heading's row a whole turn is taken off or added.
+    void PlaceStructure(tagXY position, double headingDegrees);
     /// The structures are edited on the chart: the pane says so by its colours.
     void SetEdit(bool on);
 

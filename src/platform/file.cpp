@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/big_array.h"
 #include "platform/descriptor.h"
 #include "platform/file_calls.h"
 #include "platform/file_writer.h"
@@ -173,7 +174,7 @@ std::size_t FileSystem::ClearLeftovers(std::string_view folder) const {
 class CStdioFile::Reader {
 public:
     Reader(Descriptor file, std::uint64_t size, FILE_MODE fileMode)
-        : fd(std::move(file)), length(size), mode(fileMode), block(kBlock) {}
+        : fd(std::move(file)), length(size), mode(fileMode) {}
     Reader(std::string_view bytes, FILE_MODE fileMode)
         : length(bytes.size()), mode(fileMode), rest(bytes), ended(true) {}
 
@@ -232,13 +233,23 @@ private:
     /// Reads another block behind what is left. False at the end of the file.
     bool Fill() {
         const std::size_t kept = rest.size();
-        if (kept) std::memmove(block.data(), rest.data(), kept);
-        if (block.size() - kept < kBlock / 2) block.resize(block.size() * 2);
-        const ssize_t n = Retry([&] { return ::read(fd.Get(), block.data() + kept, block.size() - kept); });
-        rest = std::string_view(block.data(), kept + (n > 0 ? static_cast<std::size_t>(n) : 0));
+        if (kept) std::memmove(block.Data(), rest.data(), kept);
+        if (block.Size() - kept < kBlock / 2 && !Grow(kept)) return false;
+        const ssize_t n = Retry([&] { return ::read(fd.Get(), block.Data() + kept, block.Size() - kept); });
+        rest = std::string_view(block.Data(), kept + (n > 0 ? static_cast<std::size_t>(n) : 0));
         failed = n < 0;
         ended = n <= 0;
         return !ended;
+    }
+    /// Twice the room, or the first; `kept` bytes stay. Without memory the reading ends here.
+    bool Grow(std::size_t kept) {
+        BigArray<char> wider(block ? 2 * block.Size() : kBlock);
+        failed = !wider;
+        ended = ended || failed;
+        if (failed) return false;
+        if (kept) std::memcpy(wider.Data(), block.Data(), kept);
+        block = std::move(wider);
+        return true;
     }
     /// Keeps the head of an endless line aside and passes over its rest.
     bool EndLongLine(std::string_view& line) {
@@ -259,7 +270,7 @@ private:
     std::uint64_t length = 0;
     std::uint64_t position = 0;
     FILE_MODE mode;
-    std::vector<char> block;
+    BigArray<char> block;  ///< on a page, where the system copies fastest; made at the first reading
     std::string longLine;
     std::string_view rest;
     bool ended = false;

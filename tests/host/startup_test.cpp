@@ -24,6 +24,8 @@ TEST(OptionsTest, TakesWhatMakesSense) {
     EXPECT_TRUE(options.options->night);
     EXPECT_TRUE(options.options->MakesPicture());
     EXPECT_FALSE(Parse({}).options->MakesPicture());
+    EXPECT_EQ(Parse({"--night", "a.csv", "b.dxf"}).options->files,
+              (std::vector<std::filesystem::path>{"a.csv", "b.dxf"}));
 }
 
 TEST(OptionsTest, RefusesTheRestWithExitCodeTwo) {
@@ -37,7 +39,7 @@ TEST(OptionsTest, RefusesTheRestWithExitCodeTwo) {
         {"--render"},
         {"--sample", "--drives", "/srv"},
         {"--bogus"},
-        {"left-over"},
+        {"a.csv", "--render", "b.png"},
         {"--render", "a.png", "--screenshot", "b.png"},
     };
     for (const auto& arguments : wrong) {

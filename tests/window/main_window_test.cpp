@@ -22,8 +22,10 @@
 #include "bindings/window_binding.h"
 #include "chart/chart_picture.h"
 #include "host/startup.h"
+#include "host/structure_drag.h"
 #include "panes/boundary_pane.h"
 #include "panes/route_pane.h"
+#include "panes/structure_pane.h"
 #include "support/comma_locale.h"
 #include "toolkit/text_edge.h"
 
@@ -38,12 +40,15 @@ constexpr auto BOUNDARY = KIND::BOUNDARY;
 class ScriptedPlatform : public QtPlatform {
 public:
     using QtPlatform::QtPlatform;
+    void WarningMessage(std::string_view text) override { warnings.emplace_back(text); }
     bool ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) override {
         asked = question;
+        if (answer.empty()) return QtPlatform::ChooseFiles(question, paths);
         paths = answer;
-        return !answer.empty();
+        return true;
     }
     std::vector<std::string> answer;
+    std::vector<std::string> warnings;
     FileQuestion asked;
 };
 
@@ -332,6 +337,91 @@ TEST_F(MainWindowTest, TheDepthUnderTheCursor) {
         run.window.Settle();
         EXPECT_FALSE(chart.Scene().legend);
     }
+}
+
+/// A structure is moved and turned where it is drawn: one write when the mouse is let go, none after Esc.
+TEST_F(MainWindowTest, StructuresAreMovedAndTurnedWithTheMouse) {
+    Program run(Drives(), Profile());
+    ChartWidget& chart = run.window.Chart();
+    const StructureDef before = std::as_const(run.job.Record().structures)[0][0];
+    const auto now = [&] { return std::as_const(run.job.Record().structures)[0][0]; };
+    const std::string file = "c/Jobs/Northfield/Structures/" + run.job.Record().structures[0].GetName() + ".dat";
+    const std::string bytes = Files().at(file);
+    run.job.SelectPoint({KIND::STRUCTURE, 0, 0});
+    chart.SetView(before.position, 0.5);
+    chart.setFocus();
+    QTest::keyClick(&chart, Qt::Key_M);
+    ASSERT_NE(chart.Tool(), nullptr);
+    auto& pane = dynamic_cast<CStructurePane&>(*run.job.PaneOf(KIND::STRUCTURE));
+    EXPECT_EQ(pane.GetPropertyList().colourScheme, 7) << "the pane says that structures are edited";
+
+    const QPoint at = chart.rect().center();
+    const auto dragBy = [&](QPoint from, QPoint by) {
+        QTest::mousePress(&chart, Qt::LeftButton, {}, from);
+        QTest::mouseMove(&chart, from + by / 2);
+        QTest::mouseMove(&chart, from + by);
+    };
+    dragBy(at, {40, 20});
+    QTest::keyClick(&chart, Qt::Key_Escape);
+    QTest::mouseRelease(&chart, Qt::LeftButton, {}, at + QPoint(40, 20));
+    run.window.Settle();
+    EXPECT_EQ(now(), before);
+    EXPECT_EQ(Files().at(file), bytes) << "Esc leaves it where it was";
+
+    dragBy(at, {40, 20});
+    EXPECT_EQ(now(), before) << "nothing is stored while the mouse is down";
+    QTest::mouseRelease(&chart, Qt::LeftButton, {}, at + QPoint(40, 20));
+    run.window.Settle();
+    EXPECT_NEAR(now().position.x, before.position.x + 20.0, 1e-6);
+    EXPECT_NEAR(now().position.y, before.position.y - 10.0, 1e-6);
+    EXPECT_EQ(now().heading, before.heading);
+    EXPECT_NE(Files().at(file), bytes);
+    EXPECT_EQ(pane.GetPropertyList().colourScheme, 7);
+
+    // Turned by its handle, a quarter to starboard of where it looks.
+    chart.SetView(now().position, 0.5);
+    const StructureDrag drag(run.job.Record().structures);
+    const tagXY handle = drag.FrameOf({KIND::STRUCTURE, 0, 0})->Handle(28.0 * 0.5);
+    const PixelPoint pixel = chart.View().ToPixel(handle), middle = chart.View().ToPixel(now().position);
+    const QPoint from(static_cast<int>(std::lround(pixel.x)), static_cast<int>(std::lround(pixel.y)));
+    const QPoint to(static_cast<int>(std::lround(middle.x - (pixel.y - middle.y))),
+                    static_cast<int>(std::lround(middle.y + (pixel.x - middle.x))));
+    dragBy(from, to - from);
+    QTest::mouseRelease(&chart, Qt::LeftButton, {}, to);
+    run.window.Settle();
+    EXPECT_NEAR(now().heading, before.heading + 90.0, 1.0);
+    QTest::keyClick(&chart, Qt::Key_Escape);
+    EXPECT_EQ(chart.Tool(), nullptr);
+    EXPECT_EQ(pane.GetPropertyList().colourScheme, 1);
+}
+
+/// Files that come without a word go the way of their panes; the operator is asked where only he can tell, once for
+/// files alike; what is of no use is told with its reason.
+TEST_F(MainWindowTest, FilesAreTakenAsTheyCome) {
+    Write("c/New/a.csv", "500000,6000000\r\n500100,6000000\r\n500100,6000100\r\n");
+    Write("c/New/b.csv", "500000,6000000\r\n500100,6000000\r\n");
+    Write("c/New/s.dat", "STRUCTURE 1\nNAME X\nSHAPE Template\nSHOW 1\n1E 2\nHEIGHT 0\nHEADING 0\nLENGTH 5\n");
+    Write("c/New/letter.txt", "Dear all");
+    Program run(Drives(), Profile());
+    const int boundaries = run.job.Record().boundaries.GetCount(), routes = run.job.Record().routes.GetCount();
+    std::vector<std::string> asked;
+    run.window.Files().ask = [&](const auto& paths, const auto& kinds) {
+        asked = paths;
+        EXPECT_EQ(kinds.front(), KIND::BOUNDARY);
+        return std::optional(KIND::ROUTE);
+    };
+    const std::string folder = "C:\\New\\";
+    run.window.TakeFiles({folder + "a.csv", folder + "s.dat", folder + "letter.txt", folder + "b.csv"});
+    EXPECT_EQ(asked, (std::vector<std::string>{folder + "a.csv", folder + "b.csv"}));
+    EXPECT_EQ(run.job.Record().routes.GetCount(), routes + 2);
+    EXPECT_EQ(run.job.Record().boundaries.GetCount(), boundaries);
+    EXPECT_GE(run.job.Record().structures.Find(folder + "s.dat"), 0);
+    EXPECT_EQ(run.platform.warnings,
+              (std::vector<std::string>{"Not taken:\nletter.txt: no kind of file that a job holds"}));
+    asked.clear();
+    run.window.TakeFiles({folder + "a.csv"});
+    EXPECT_THAT(asked, ::testing::IsEmpty()) << "the job knows what it is";
+    EXPECT_EQ(run.job.Record().routes.GetCount(), routes + 2);
 }
 
 /// The whole job is in view at the start and stays so while the window changes its size, until the operator looks

@@ -5,6 +5,7 @@
 #include <QPolygonF>
 #include <QString>
 #include <QTransform>
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -34,6 +35,12 @@ QImage HatchTile(FILL_STYLE hatch, QRgb colour, double scale) {
         }
     }
     return tile;
+}
+
+/// A thin line or area that stays on one pixel: a painter takes many times as long for it as for the pixel.
+bool IsDot(const CPen& pen, std::span<const tagPOINT> points) {
+    return pen.width <= 1 && pen.style == PS_SOLID && !points.empty() &&
+           std::all_of(points.begin(), points.end(), [&](const tagPOINT& p) { return p == points[0]; });
 }
 
 }  // namespace
@@ -99,8 +106,13 @@ int FontMeasures::Width(std::string_view text) const {
 
 QPainterDevice::QPainterDevice(QPainter& target, int pixelsPerInch) : painter(target), resolution(pixelsPerInch) {}
 
+/// The painter passes a pen over that is the one it has, and drawings go on with one pen for long.
 void QPainterDevice::UsePen(const CPen& pen) {
-    painter.setPen(ToQPen(pen));
+    if (lastPen != pen) {
+        lastMade = ToQPen(pen);
+        lastPen = pen;
+    }
+    painter.setPen(lastMade);
 }
 
 void QPainterDevice::UseBrush(const CBrush& brush) {
@@ -108,24 +120,24 @@ void QPainterDevice::UseBrush(const CBrush& brush) {
 }
 
 /// A line of even width is centred between pixels, one of odd width on one: crisp either way.
-std::vector<QPointF> QPainterDevice::Centred(const CPen& pen, std::span<const tagPOINT> points) const {
+void QPainterDevice::Centre(const CPen& pen, std::span<const tagPOINT> points) {
     const double half = pen.width % 2 ? 0.5 : 0.0;
-    std::vector<QPointF> centred;
-    centred.reserve(points.size());
+    centred.clear();
     for (const tagPOINT& p : points) centred.emplace_back(p.x + half, p.y + half);
-    return centred;
 }
 
 void QPainterDevice::Polyline(const CPen& pen, std::span<const tagPOINT> points) {
+    if (IsDot(pen, points)) return SetPixel(points[0].x, points[0].y, pen.colour);
     UsePen(pen);
-    const std::vector<QPointF> centred = Centred(pen, points);
+    Centre(pen, points);
     painter.drawPolyline(centred.data(), static_cast<int>(centred.size()));
 }
 
 void QPainterDevice::Polygon(const CPen& pen, const CBrush& brush, int fillMode, std::span<const tagPOINT> points) {
+    if (IsDot(pen, points)) return SetPixel(points[0].x, points[0].y, pen.colour);
     UsePen(pen);
     UseBrush(brush);
-    const std::vector<QPointF> centred = Centred(pen, points);
+    Centre(pen, points);
     painter.drawPolygon(centred.data(), static_cast<int>(centred.size()),
                         fillMode == WINDING ? Qt::WindingFill : Qt::OddEvenFill);
 }

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPen>
 #include <array>
+#include <optional>
 #include <vector>
 
 #include "platform/dc.h"
@@ -39,10 +40,14 @@ public:
 private:
     void UsePen(const CPen& pen);
     void UseBrush(const CBrush& brush);
-    std::vector<QPointF> Centred(const CPen& pen, std::span<const tagPOINT> points) const;
+    /// Fills `centred`.
+    void Centre(const CPen& pen, std::span<const tagPOINT> points);
 
     QPainter& painter;
     int resolution;
+    std::optional<CPen> lastPen;  ///< the pen that `lastMade` was made from
+    QPen lastMade;
+    std::vector<QPointF> centred;
 };
 
 /// The toolkit's font for one of ours, without kerning, so that a text is as wide as its letters together.

@@ -5,6 +5,7 @@
 #include "display/list_export.h"
 #include "features/wind_farm_store.h"
 #include "panes/pipe_route_pane.h"
+#include "panes/structure_pane.h"
 #include "platform/platform.h"
 #include "platform/text.h"
 #include "platform/user_actions.h"
@@ -97,6 +98,7 @@ void Job::BringUpToDate(CMyDockablePane& pane) {
     const FeatureEditState cursor = list->editState;
     pane.Refresh();
     list->editState = cursor;
+    ShowStructureEdit();
 }
 
 void Job::OnFeatureUpdate(KIND kind) {
@@ -136,20 +138,47 @@ void Job::ShowInPane(CMyDockablePane& pane, const JobPoint& chosen) {
 }
 
 bool Job::SelectPoint(const JobPoint& chosen) {
-    if (chosen.kind == KIND::NONE) return false;
-    const JobKind& kind = KindOf(chosen.kind);
-    if (chosen.file < 0 || chosen.file >= kind.fileCount(record)) return false;
-    if (chosen.point < 0 || chosen.point >= kind.pointCount(record, chosen.file)) return false;
-    if (CFileListBase* const list = kind.list(record)) {
-        const FeatureEditState before = list->editState;
-        list->SetEditCursor(chosen.file, chosen.point);
-        if (list->editState != before) list->Save();
-    }
+    if (!HasPoint(chosen)) return false;
+    MoveCursorTo(chosen);
     for (const auto& pane : panes) {
         if (KindOfPane(pane->GetDlgCtrlID()) == chosen.kind) ShowInPane(*pane, chosen);
     }
-    ShowPlace(kind.point(record, chosen.file, chosen.point));
+    ShowPlace(KindOf(chosen.kind).point(record, chosen.file, chosen.point));
     return true;
+}
+
+bool Job::HasPoint(const JobPoint& point) const {
+    if (point.kind == KIND::NONE) return false;
+    const JobKind& kind = KindOf(point.kind);
+    if (point.file < 0 || point.file >= kind.fileCount(record)) return false;
+    return point.point >= 0 && point.point < kind.pointCount(record, point.file);
+}
+
+void Job::MoveCursorTo(const JobPoint& point) {
+    CFileListBase* const list = ListOf(point.kind);
+    if (!list) return;
+    const FeatureEditState before = list->editState;
+    list->SetEditCursor(point.file, point.point);
+    if (list->editState != before) list->Save();
+}
+
+bool Job::PlaceStructure(const JobPoint& which, tagXY position, double headingDegrees) {
+    auto* const pane = dynamic_cast<CStructurePane*>(PaneOf(KIND::STRUCTURE));
+    if (!pane || which.kind != KIND::STRUCTURE || !HasPoint(which)) return false;
+    MoveCursorTo(which);
+    BringUpToDate(*pane);
+    pane->PlaceStructure(position, headingDegrees);
+    return true;
+}
+
+void Job::SetStructureEdit(bool on) {
+    structureEdit = on;
+    if (auto* const pane = dynamic_cast<CStructurePane*>(PaneOf(KIND::STRUCTURE))) pane->SetEdit(on);
+}
+
+/// Rows that were built anew are in their everyday colours.
+void Job::ShowStructureEdit() {
+    if (structureEdit) SetStructureEdit(true);
 }
 
 bool Job::SelectFile(KIND kind, int file) {
@@ -229,6 +258,7 @@ void Job::OnRedraw(WPARAM point) {
 /// settings.
 void Job::RefreshRows() {
     for (const auto& pane : panes) pane->RefreshRows();
+    ShowStructureEdit();
 }
 
 void Job::DropPointOfRemovedFile() {

@@ -77,6 +77,12 @@ public:
     bool SelectPoint(const JobPoint& chosen);
     /// The operator chose a file on the chart: its pane shows it. False, and nothing done, if there is no such file.
     bool SelectFile(KIND kind, int file);
+    /// Puts a structure of a file elsewhere and turns it, as its pane stores it; the edit cursor goes to it. Metres and
+    /// degrees. False, and nothing done, if there is no such structure.
+    bool PlaceStructure(const JobPoint& which, tagXY position, double headingDegrees);
+    /// While structures are moved on the chart their pane says so.
+    void SetStructureEdit(bool on);
+
     /// Marks a place that is no point of a file.
     void ShowPlace(tagXY place);
 
@@ -108,6 +114,9 @@ private:
     void OpenPanes();
     /// The job and its grid, for printed pages.
     std::string PrintHeading() const;
+    bool HasPoint(const JobPoint& point) const;
+    void MoveCursorTo(const JobPoint& point);
+    void ShowStructureEdit();
     void ShowInPane(CMyDockablePane& pane, const JobPoint& chosen);
     /// Null for NONE and for a kind that is in no list.
     CFileListBase* ListOf(KIND kind);
@@ -128,6 +137,7 @@ private:
     JobObserver* observer = nullptr;
     std::optional<tagXY> shownPoint;
     bool clearanceStale = false;
+    bool structureEdit = false;
     int countedFiles = 0;
     FlagsByPath flags;
 };

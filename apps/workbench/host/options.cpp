@@ -11,7 +11,7 @@ constexpr int kGreatestSide = 16384;
 
 constexpr const char* kAbout =
     "Quillon workbench: the reference data of an offshore job, on a chart and in panes.\n"
-    "Without an option it opens the job in your drives folder.";
+    "Without an option it opens the job in your drives folder. Files that are named are added to the job.";
 
 bool ParseSide(const std::string& text, int& side) {
     const char* const end = text.data() + text.size();
@@ -52,14 +52,20 @@ ParsedOptions ParseOptions(int argc, const char* const* argv) {
         app.add_option("--render", render, "Draw the chart to a picture and end; needs no display")
             ->type_name("FILE.png")
             ->check(CheckPicture);
-    app.add_option("--screenshot", screenshot, "Draw the whole window to a picture and end; needs no display")
-        ->type_name("FILE.png")
-        ->check(CheckPicture)
-        ->excludes(renderOption);
+    auto* const screenshotOption =
+        app.add_option("--screenshot", screenshot, "Draw the whole window to a picture and end; needs no display")
+            ->type_name("FILE.png")
+            ->check(CheckPicture)
+            ->excludes(renderOption);
     app.add_option("--size", size, "Size of the picture or of the window, in pixels")
         ->type_name("WxH")
         ->check(CheckSize);
     app.add_flag("--night", options.night, "Start in night colours");
+    std::vector<std::string> files;
+    app.add_option("FILE", files, "Data files to add to the job")
+        ->type_name("")
+        ->excludes(renderOption)
+        ->excludes(screenshotOption);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& wanted) {
@@ -70,6 +76,7 @@ ParsedOptions ParseOptions(int argc, const char* const* argv) {
     }
     options.drives = drives;
     options.render = render;
+    options.files.assign(files.begin(), files.end());
     options.screenshot = screenshot;
     if (!size.empty()) options.size = ParseSize(size);
     return {options, {}, 0};

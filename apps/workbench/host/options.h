@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace quillon {
 
@@ -20,6 +21,7 @@ struct WorkbenchOptions {
     std::filesystem::path screenshot;  ///< picture of the whole window to write; empty: none
     std::optional<PixelSize> size;
     bool night = false;
+    std::vector<std::filesystem::path> files;  ///< to be added to the job
 
     bool MakesPicture() const { return !render.empty() || !screenshot.empty(); }
 };

@@ -178,6 +178,7 @@ private:
             for (std::uint32_t i = chunk.first; i < chunk.first + chunk.count; ++i) {
                 const std::uint32_t index = level.PointOf(i);
                 const tagXY at = path.Points()[index];
+                if (std::abs(at.x - place.x) > radius || std::abs(at.y - place.y) > radius) continue;
                 const double off = std::hypot(at.x - place.x, at.y - place.y);
                 if (off > radius) continue;
                 const ChartHit hit{.kind = HIT_KIND::VERTEX, .hit = {index, true, at, off, index}};

@@ -201,7 +201,8 @@ bool QtPlatform::ChooseFolder(std::string_view title, std::string& folder) {
 }
 
 bool QtPlatform::ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) {
-    paths.clear();
+    paths = std::exchange(prepared, {});
+    if (!paths.empty()) return true;
     const std::string folder = question.start.empty() ? LastFolder() : question.start;
     QFileDialog dialog(DialogParent(), ToQString(question.title),
                        QString::fromStdString(Files().Native(folder).string()));

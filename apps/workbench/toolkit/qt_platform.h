@@ -36,6 +36,8 @@ public:
     using PrintView = std::function<bool(std::string_view document, const PrintPages& print, QWidget* parent)>;
     void SetPrintView(PrintView view) { showPrint = std::move(view); }
 
+    /// Answers the next question for files without asking the operator, who has named them already; empty to ask again.
+    void PrepareFiles(std::vector<std::string> paths) { prepared = std::move(paths); }
     bool ChooseFiles(const FileQuestion& question, std::vector<std::string>& paths) override;
     bool ChooseFolder(std::string_view title, std::string& folder) override;
     bool ChooseSaveFile(const SaveQuestion& question, SaveChoice& choice) override;
@@ -81,6 +83,7 @@ private:
     std::atomic<bool> awake{false};  // a wake-up is on its way
     QWidget* parentWindow = nullptr;
     DialogMaker makeDialog;
+    std::vector<std::string> prepared;
     PrintView showPrint;
 };
 

@@ -13,8 +13,10 @@ ChartActs::ChartActs(Job& shownJob, const SceneBuilder& sceneBuilder, ChartWidge
       status(statusLine),
       hover(sceneBuilder, widget, statusLine),
       measure(sceneBuilder, widget),
+      structures(shownJob, sceneBuilder, widget),
       find(shownJob.Record(), widget) {
     find.onShow = [this](const FoundPlace& place) { Show(place); };
+    structures.onChanged = [this] { status.SetUnderCursor(ToQString(structures.Text())); };
     measure.onChanged = [this] { status.SetUnderCursor(ToQString(measure.Text())); };
 }
 
@@ -23,6 +25,7 @@ std::vector<ChartActs::Act> ChartActs::Acts() {
         {"&Find...", QKeySequence("Ctrl+F"), "Find a name, a KP or a position", false, nullptr,
          [this] { find.Open(); }},
         {"&Measure", QKeySequence("R"), "Measure range and grid bearing between two places", true, &measure, {}},
+        {"M&ove Structures", QKeySequence("M"), "Move and turn structures with the mouse", true, &structures, {}},
     };
 }
 
@@ -70,6 +73,8 @@ void ChartActs::OnSceneChanged() {
 void ChartActs::UseTool(ChartTool* tool) {
     hover.Hide();
     status.SetUnderCursor({});
+    // The pane says by its colours that structures are moved.
+    if (tool == &structures) docks.Raise(KIND::STRUCTURE);
     chart.SetTool(tool);
     for (const auto& [itsTool, action] : toolActions) action->setChecked(itsTool == tool);
 }

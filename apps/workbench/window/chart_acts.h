@@ -13,6 +13,7 @@
 #include "window/measure_tool.h"
 #include "window/pane_docks.h"
 #include "window/status_line.h"
+#include "window/structure_tool.h"
 
 namespace quillon {
 
@@ -62,6 +63,7 @@ private:
     HoverNames hover;
     ClickRound round;
     MeasureTool measure;
+    StructureTool structures;
     FindLine find;
     std::vector<std::pair<ChartTool*, QAction*>> toolActions;
 };

@@ -64,6 +64,7 @@ MainWindow::MainWindow(Job& shownJob, QtPlatform& qtPlatform, Theme& appTheme)
       docks(*this, shownJob, factory),
       status(*statusBar()),
       acts(job, scenes, *chart, docks, status),
+      files(job, platform, docks, *chart),
       desk(*this, shownJob, docks, status),
       geodesy(shownJob, *chart, *statusBar()) {
     setWindowTitle("Quillon");

@@ -12,6 +12,7 @@
 #include "toolkit/theme.h"
 #include "window/chart_acts.h"
 #include "window/empty_hint.h"
+#include "window/file_taker.h"
 #include "window/geodesy_display.h"
 #include "window/job_desk.h"
 #include "window/pane_docks.h"
@@ -39,6 +40,9 @@ public:
 
     ChartWidget& Chart() { return *chart; }
     PaneDocks& Docks() { return docks; }
+    /// Adds files of whatever kinds; library paths.
+    void TakeFiles(const std::vector<std::string>& paths) { files.Take(paths); }
+    FileTaker& Files() { return files; }
     ChartActs& Acts() { return acts; }
     JobDesk& Desk() { return desk; }
 
@@ -105,6 +109,7 @@ private:
     PaneDocks docks;
     StatusLine status;
     ChartActs acts;
+    FileTaker files;
     JobDesk desk;
     GeodesyDisplay geodesy;
     EmptyHint* hint = nullptr;  // a child of the chart

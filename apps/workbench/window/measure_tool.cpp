@@ -1,43 +1,21 @@
 #include "window/measure_tool.h"
 
 #include <QPainter>
-#include <algorithm>
 
-#include "chart/chart_canvas.h"
+#include "chart/chart_note.h"
+#include "chart/qpainter_device.h"
 #include "host/identify.h"
+#include "scene/chart_colours.h"
 #include "toolkit/text_edge.h"
 
 namespace quillon {
 namespace {
 
 constexpr double kEndMark = 4.0;
-constexpr int kTextGap = 14;
-constexpr int kTextPadding = 6;
 
 QPointF At(const ChartView& view, tagXY place) {
     const PixelPoint pixel = view.ToPixel(place);
     return {pixel.x, pixel.y};
-}
-
-/// Lines of text beside a place, on a patch of the chart's ground, where the chart has room for them.
-void PaintTextBeside(QPainter& painter, const ChartView& view, const ChartColours& colours, QPointF at,
-                     const QStringList& lines) {
-    const FontMeasures& measures = FontMeasures::Of(kChartFont);
-    painter.setFont(measures.Font());
-    const QFontMetrics metrics(measures.Font());
-    int wide = 0;
-    for (const QString& line : lines) wide = std::max(wide, metrics.horizontalAdvance(line));
-    const int lineHigh = metrics.height();
-    QRect box(static_cast<int>(at.x()) + kTextGap, static_cast<int>(at.y()) + kTextGap, wide + 2 * kTextPadding,
-              lineHigh * static_cast<int>(lines.size()) + kTextPadding);
-    if (box.right() >= view.Width()) box.moveRight(static_cast<int>(at.x()) - kTextGap);
-    if (box.bottom() >= view.Height()) box.moveBottom(static_cast<int>(at.y()) - kTextGap);
-    QColor patch = ToQColor(colours.ground);
-    patch.setAlpha(kPatchAlpha);
-    painter.fillRect(box, patch);
-    painter.setPen(ToQColor(colours.scaleBar));
-    painter.drawText(box.adjusted(kTextPadding, kTextPadding / 2, 0, 0), Qt::AlignLeft | Qt::AlignTop,
-                     lines.join('\n'));
 }
 
 }  // namespace
@@ -109,7 +87,7 @@ void MeasureTool::Paint(QPainter& painter, const ChartView& view, bool night) co
     }
     QStringList lines = {ToQString(MeasureText(*from, *to))};
     if (beside) lines += ToQString(LinePlaceText(*beside));
-    PaintTextBeside(painter, view, colours, b, lines);
+    PaintNote(painter, view, night, {b.x(), b.y()}, lines);
 }
 
 }  // namespace quillon
