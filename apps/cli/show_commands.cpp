@@ -224,6 +224,8 @@ constexpr std::array<ShownKind, kKindCount> kShownKinds = {{
     {KIND::SAIL_LINE, AddSailLine},
     {KIND::PIPE_ROUTE, AddNothing},
     {KIND::STRUCTURE, AddShowStructure},
+    {KIND::DIG, AddShowDig},
+    {KIND::DXF, AddShowDxf},
 }};
 static_assert(HasEveryKind(kShownKinds), "every kind can be shown");
 
@@ -243,7 +245,6 @@ void AddShowCommands(CLI::App& app, CliContext& context) {
     AddRpl(show, context);
     AddShowShape(show, context);
     AddShowVessels(show, context);
-    AddDrawingKinds(show, context);
     AddShowDtm(show, context);
 }
 

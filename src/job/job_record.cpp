@@ -56,6 +56,8 @@ JobRecord::JobRecord(FileSystem& files)
       routes(files),
       sailLines(files),
       structures(files),
+      digs(files),
+      drawings(files),
       geodesy(files),
       vessels(files, "Vessel List", {waypoints, sailLines, geodesy}),
       templates(files, "Template List", {waypoints, sailLines, geodesy}),

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <string>
 
+#include "background/dig.h"
+#include "background/dxf.h"
 #include "features/boundary.h"
 #include "features/grid_waypoint.h"
 #include "features/pipeline.h"
@@ -11,6 +13,7 @@
 #include "features/structure.h"
 #include "geodesy/job_geodesy.h"
 #include "job/outline_list.h"
+#include "platform/mutex.h"
 #include "target/target_plot.h"
 
 namespace quillon {
@@ -41,6 +44,10 @@ struct JobRecord : private FileWatcher {
     CSailLineList sailLines;
     CStructureList structures;  ///< with the drawings that serve as shapes
     CJobGeodesy geodesy;        ///< the grid that the job's positions are on, if one is chosen
+    CMutex digMutex;            ///< guards the digitised files against other threads of the host
+    CDigList digs;
+    CMutex dxfMutex;  ///< the same for the drawings
+    CDxfList drawings;
 
     CVesselList vessels;
     CTemplateList templates;

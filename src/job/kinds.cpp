@@ -1,7 +1,13 @@
 #include "job/kinds.h"
 
 #include <algorithm>
+#include <mutex>
 #include <type_traits>
+#include <utility>
+
+#include "background/dig_load.h"
+#include "background/dxf_palette.h"
+#include "foundation/paths.h"
 
 namespace quillon {
 namespace {
@@ -177,10 +183,107 @@ constexpr JobKind MakeKind(KIND id, FEATURE_TYPES type, std::string_view name, s
             .isStub = IsStub<Files>,
             .changeOnDisk = ChangeOnDisk<Files>,
             .readAgain = ReadAgain<Files>,
+            .notes = [](Record, int) { return std::vector<std::string>(); },
             .isDisplayed = [](Record job, int file) { return IsShown(Files::At(job, file)); },
             .look = [](Record job, int file) { return LookOf(Files::At(job, file)); },
             .followStored = FollowStored<Files>,
             .common = CommonOf<Files>};
+}
+
+// ---- What lies under the chart ----
+
+/// The members of a list of drawings.
+template <auto List>
+struct BackgroundFiles {
+    static int Count(const JobRecord& job) { return (job.*List).GetCount(); }
+    static const std::string& Path(const JobRecord& job, int file) { return (job.*List)[file].fileName; }
+    static const ReadReport& Report(const JobRecord& job, int file) { return (job.*List)[file].summary; }
+    static DISK_CHANGE ChangeOnDisk(const JobRecord& job, int file) {
+        return ChangeSince((job.*List)[file].readStamp, job.routes.GetFiles(), Path(job, file));
+    }
+};
+
+struct DigFiles : BackgroundFiles<&JobRecord::digs> {
+    static bool IsStub(const JobRecord& job, int file) { return job.digs[file].IsEmpty(); }
+    static bool ReadAgain(JobRecord& job, int file) {
+        if (!job.routes.GetFiles().Exists(Path(job, file))) return false;
+        const std::scoped_lock lock(job.digMutex);
+        CDig& dig = job.digs[file];
+        LoadProgress progress;
+        const std::uint8_t display = dig.header.display;
+        LoadDigFile(dig, progress);
+        if (std::exchange(dig.header.display, display) != display) dig.Save();
+        return true;
+    }
+    static void Load(JobRecord& job) {
+        LoadProgress progress;
+        job.digs.LoadPaths();
+        for (int i = 0; i < job.digs.GetCount(); ++i) LoadDigFile(job.digs[i], progress);
+    }
+    static std::vector<std::string> Notes(const JobRecord& job, int file) {
+        const CDig& dig = job.digs[file];
+        std::vector<std::string> notes = dig.report.Sentences();
+        if (!dig.fault.empty()) notes.push_back(NameOfPath(dig.fileName) + ".DIG isn't written: " + dig.fault);
+        return notes;
+    }
+    static bool IsShown(const JobRecord& job, int file) { return job.digs[file].header.display != 0; }
+    static KindLook LookOf(const JobRecord& job, int file) {
+        const CDig& dig = job.digs[file];
+        const int colour = dig.IsEmpty() ? kDxfWhite : dig[0].ColourIndex();
+        return {.line = {.thickness = 1, .colour = kDxfPalette[static_cast<std::size_t>(colour)]}};
+    }
+};
+
+struct DxfFiles : BackgroundFiles<&JobRecord::drawings> {
+    static bool IsStub(const JobRecord& job, int file) { return job.drawings[file].GetEntityCount() == 0; }
+    /// A new one takes its place: the chart may still be drawing out of the old one.
+    static bool ReadAgain(JobRecord& job, int file) {
+        auto fresh = std::make_shared<CDxf>(job.routes.GetFiles());
+        fresh->fileName = Path(job, file);
+        if (!ReadDxfFile(*fresh)) return false;
+        const std::scoped_lock lock(job.dxfMutex);
+        job.drawings.Replace(file, std::move(fresh));
+        return true;
+    }
+    static void Load(JobRecord& job) {
+        job.drawings.LoadPaths();
+        for (int i = 0; i < job.drawings.GetCount(); ++i) ReadDxfFile(job.drawings[i]);
+    }
+    static std::vector<std::string> Notes(const JobRecord& job, int file) {
+        return job.drawings[file].report.Sentences();
+    }
+    static bool IsShown(const JobRecord& job, int file) { return job.drawings[file].use; }
+    static KindLook LookOf(const JobRecord& job, int file) {
+        const CDxf& dxf = job.drawings[file];
+        const COLORREF colour = dxf.entities.empty() ? kDxfPalette[kDxfWhite] : ColourOf(*dxf.entities.front());
+        return {.line = {.thickness = 1, .colour = colour}};
+    }
+};
+
+/// A row of a kind without points, whose files say all that there is by the functions of `Files`.
+template <class Files>
+constexpr JobKind MakeUnderlay(KIND id, std::string_view name) {
+    return {.id = id,
+            .type = FEATURE_TYPES::NONE,
+            .name = name,
+            .load = Files::Load,
+            .list = [](JobRecord&) -> CFileListBase* { return nullptr; },
+            .fileCount = Files::Count,
+            .path = Files::Path,
+            .pointCount = [](const JobRecord&, int) { return 0; },
+            .point = [](const JobRecord&, int, int) -> tagXY { throw InvalidArgument("a kind without points"); },
+            .pointName = [](const JobRecord&, int, int) { return std::string_view(); },
+            .pointWord = "point",
+            .pointKp = [](const JobRecord&, int, int) { return MISSING_VALUE; },
+            .report = Files::Report,
+            .isStub = Files::IsStub,
+            .changeOnDisk = Files::ChangeOnDisk,
+            .readAgain = Files::ReadAgain,
+            .notes = Files::Notes,
+            .isDisplayed = Files::IsShown,
+            .look = Files::LookOf,
+            .followStored = [](JobRecord&, int) { return false; },
+            .common = [](JobRecord&, int) -> CFeatureCommon* { return nullptr; }};
 }
 
 constexpr std::array<JobKind, kKindCount> kKinds = {
@@ -191,6 +294,8 @@ constexpr std::array<JobKind, kKindCount> kKinds = {
     MakeKind<ListFiles<&JobRecord::pipelines>>(KIND::PIPELINE, FEATURE_TYPES::PIPELINE, "Pipeline"),
     MakeKind<PipeRouteFile>(KIND::PIPE_ROUTE, FEATURE_TYPES::NONE, "Pipe Route"),
     MakeKind<StructureFiles>(KIND::STRUCTURE, FEATURE_TYPES::STRUCTURE, "Structure"),
+    MakeUnderlay<DigFiles>(KIND::DIG, "Digitized Data"),
+    MakeUnderlay<DxfFiles>(KIND::DXF, "Drawing"),
 };
 
 consteval bool StandInOrder() {

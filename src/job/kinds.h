@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "foundation/read_report.h"
 #include "frame/messages.h"
@@ -14,7 +15,18 @@
 namespace quillon {
 
 /// The kinds of things that a job holds, each read from files of its own; in the order of menus and tree.
-enum class KIND : std::uint8_t { BOUNDARY, WAYPOINT, ROUTE, SAIL_LINE, PIPELINE, PIPE_ROUTE, STRUCTURE, NONE };
+enum class KIND : std::uint8_t {
+    BOUNDARY,
+    WAYPOINT,
+    ROUTE,
+    SAIL_LINE,
+    PIPELINE,
+    PIPE_ROUTE,
+    STRUCTURE,
+    DIG,
+    DXF,
+    NONE
+};
 
 inline constexpr std::size_t kKindCount = static_cast<std::size_t>(KIND::NONE);
 
@@ -29,7 +41,8 @@ struct KindLook {
 };
 
 /// What every floor above asks of a kind. Files are known by their number within the kind, from 0, and their points
-/// (waypoints, legs' ends, lines) by their number within the file; InvalidArgument for what isn't there.
+/// (waypoints, legs' ends, lines) by their number within the file; InvalidArgument for what isn't there. What lies
+/// under the chart as a whole has files, and no points and no edit cursor.
 struct JobKind {
     KIND id;
     /// NONE for a kind that no message names.
@@ -48,7 +61,7 @@ struct JobKind {
     std::string_view pointWord;
     /// How far along the feature a point lies, kilometres; MISSING_VALUE for kinds without KPs.
     double (*pointKp)(const JobRecord& job, int file, int point);
-    /// What the last reading made of the file.
+    /// What the last reading made of the file; of a kind whose files hold no lines, of its records.
     const ReadReport& (*report)(const JobRecord& job, int file);
     /// Whether the file was of no use, so that there is nothing to draw or measure.
     bool (*isStub)(const JobRecord& job, int file);
@@ -57,6 +70,8 @@ struct JobKind {
     /// Reads the file anew, in its place; its display choices stay. False, with what was read before, if it can't be
     /// opened.
     bool (*readAgain)(JobRecord& job, int file);
+    /// What else is to be said of it, for people, a sentence each.
+    std::vector<std::string> (*notes)(const JobRecord& job, int file);
     bool (*isDisplayed)(const JobRecord& job, int file);
     KindLook (*look)(const JobRecord& job, int file);
     /// Takes over what another feature has stored in settings files that they share; false if nothing.

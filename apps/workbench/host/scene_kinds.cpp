@@ -11,6 +11,7 @@
 #include "host/area_label.h"
 #include "host/corridor_outline.h"
 #include "host/drawing_lines.h"
+#include "host/drawing_scene.h"
 #include "host/name_table.h"
 #include "host/scene_builder.h"
 
@@ -395,6 +396,8 @@ void AddStructures(SceneBuilder& scene) {
 }
 
 constexpr std::array<SceneKind, kKindCount> kKinds = {{
+    {KIND::DIG, AddDigFiles},
+    {KIND::DXF, AddDxfFiles},
     {KIND::BOUNDARY, AddBoundaries},
     {KIND::PIPELINE, AddPipelines},
     {KIND::PIPE_ROUTE, AddPipeRoute},

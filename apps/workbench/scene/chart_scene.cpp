@@ -14,6 +14,7 @@ struct ItemExtent {
     ChartBox operator()(const ChartImage& image) const { return image.raster->Box(); }
     ChartBox operator()(const ChartPath& path) const { return path.extends ? path.path->Box() : ChartBox(); }
     ChartBox operator()(const ChartRings& rings) const { return rings.Box(); }
+    ChartBox operator()(const ChartLetters&) const { return {}; }
     ChartBox operator()(const ChartTexts& texts) const { return texts.places->Box(); }
 };
 
