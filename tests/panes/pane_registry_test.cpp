@@ -126,8 +126,12 @@ protected:
         LoadTargets();
         drives.Write("C:\\Jobs\\Coast.dxf", "0\nSECTION\n2\nENTITIES\n0\nLINE\n0\nENDSEC\n");
         LoadProgress progress;
-        EXPECT_TRUE(LoadDigFile(*job->digs.Add("C:\\Jobs\\Coast.dxf"), progress) && job->digs.Save());
-        EXPECT_TRUE(ReadDxfFile(*job->drawings.Add("C:\\Jobs\\Coast.dxf")) && job->drawings.Save());
+        if (CDig* const dig = job->digs.Add("C:\\Jobs\\Coast.dxf")) {
+            EXPECT_TRUE(LoadDigFile(*dig, progress) && job->digs.Save());
+        }
+        if (CDxf* const dxf = job->drawings.Add("C:\\Jobs\\Coast.dxf")) {
+            EXPECT_TRUE(ReadDxfFile(*dxf) && job->drawings.Save());
+        }
         job->pipeRoute.Load("C:\\Jobs\\Pipe.csv");
         job->pipeRoute.WriteActive();
     }
