@@ -6,7 +6,10 @@
 
 namespace quillon {
 
-/// The kinds of drawing files of the command `show`.
-void AddDrawingKinds(CLI::App& show, CliContext& context);
+void AddShowDxf(CLI::App& show, CliContext& context);
+void AddShowDig(CLI::App& show, CliContext& context);
+
+/// The command `dxf`: what is made of drawings.
+void AddDxfCommands(CLI::App& app, CliContext& context);
 
 }  // namespace quillon

@@ -228,6 +228,29 @@ void FillSheet(Sheet& sheet, const CDxf& dxf, const KindReport& report, bool lis
     sheet.Finish();
 }
 
+void FillSheet(Sheet& sheet, const CDig& dig, bool listRecords) {
+    const DosStamp stamp = dig.header.Stamp();
+    sheet.Text("path", dig.fileName);
+    sheet.Text("name", SplitPath(dig.fileName).name);
+    sheet.Bool("display", dig.header.display != 0);
+    sheet.Int("count", dig.GetSize());
+    sheet.Metres("min_easting", dig.extents.minEasting);
+    sheet.Metres("min_northing", dig.extents.minNorthing);
+    sheet.Metres("max_easting", dig.extents.maxEasting);
+    sheet.Metres("max_northing", dig.extents.maxNorthing);
+    sheet.Int("source_length", static_cast<long long>(dig.header.length));
+    sheet.Text("stamp", DateText(stamp) + " " + TimeText(stamp));
+    if (listRecords) {
+        sheet.BeginTable("records", dig.GetSize());
+        for (const BinaryDigDef& record : dig.Records()) {
+            sheet.ListRow(std::array{record.easting, record.northing, static_cast<double>(record.code)}, kDecimals);
+        }
+        sheet.EndTable();
+    }
+    PutReport(sheet, dig.report);
+    sheet.Finish();
+}
+
 void PutReport(Sheet& sheet, const KindReport& report) {
     if (!sheet.IsNested()) return;
     sheet.BeginGroup("report");
@@ -245,12 +268,7 @@ std::string ReportText(std::string_view file, const KindReport& report, std::str
     text += Format(": %zu ", report.taken);
     text += taken;
     text += " taken\n";
-    for (const KindReport::Kind& kind : report.GetKinds()) {
-        text += "  " + Utf8FromText(kind.reason);
-        if (kind.count > 1) text += Format(", %zu times", kind.count);
-        if (kind.line > 0) text += Format(kind.count > 1 ? ", first on line %zu" : ", on line %zu", kind.line);
-        text += '\n';
-    }
+    for (const std::string& sentence : report.Sentences()) text += "  " + Utf8FromText(sentence) + '\n';
     return text;
 }
 

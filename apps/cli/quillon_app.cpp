@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "angle_command.h"
+#include "drawing_commands.h"
 #include "dtm_commands.h"
 #include "geodesy_commands.h"
 #include "list_command.h"
@@ -31,11 +32,13 @@ void AddCommands(CLI::App& app, CliContext& context) {
         "  quillon show pipeline export.csv --label-kps --interval 0.5 --json\n"
         "  quillon route rewrite transit.csv --order 1\n"
         "  quillon dtm make block-4.xyz\n"
+        "  quillon dxf to-dig platform.dxf\n"
         "  echo 52 3 | quillon grid forward --type 0 --zone 31\n"
         "  quillon show --help");
     AddShowCommands(app, context);
     AddRouteCommands(app, context);
     AddDtmCommands(app, context);
+    AddDxfCommands(app, context);
     AddThinCommand(app, context);
     AddListCommand(app, context);
     AddWindFarmCommands(app, context);

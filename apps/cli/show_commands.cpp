@@ -150,6 +150,8 @@ constexpr std::array<ShownKind, kKindCount> kShownKinds = {{
     {KIND::STRUCTURE, AddShowStructure},
     {KIND::DTM, AddShowDtm},
     {KIND::SHAPE, AddShowShape},
+    {KIND::DIG, AddShowDig},
+    {KIND::DXF, AddShowDxf},
 }};
 static_assert(HasEveryKind(kShownKinds), "every kind can be shown");
 
@@ -167,7 +169,6 @@ void AddShowCommands(CLI::App& app, CliContext& context) {
 
     for (const ShownKind& kind : kShownKinds) kind.add(show, context);
     AddShowVessels(show, context);
-    AddDrawingKinds(show, context);
     AddShowGpx(show, context);
 }
 

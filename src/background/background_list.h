@@ -31,6 +31,9 @@ public:
     Item& operator[](int index) { return *items[Checked(index)]; }
     const Item& operator[](int index) const { return *items[Checked(index)]; }
 
+    /// Keeps the entry for as long as somebody holds it, also when it has left the list.
+    std::shared_ptr<const Item> Share(int index) const { return items[Checked(index)]; }
+
     /// A new entry at the end that holds its path and isn't read yet. Null if the path names no file, or a file that is
     /// in the list, regardless of case.
     Item* Add(std::string_view path) {
@@ -38,17 +41,20 @@ public:
         for (const auto& item : items) {
             if (EqualNoCase(item->fileName, path)) return nullptr;
         }
-        items.push_back(std::make_unique<Item>(files));
+        items.push_back(std::make_shared<Item>(files));
         items.back()->fileName = path;
         return items.back().get();
     }
     /// Takes the entry out and hands it over, so that its memory can be given back elsewhere than under a lock.
-    std::unique_ptr<Item> Remove(int index) {
+    std::shared_ptr<Item> Remove(int index) {
         const auto at = items.begin() + static_cast<std::ptrdiff_t>(Checked(index));
-        std::unique_ptr<Item> removed = std::move(*at);
+        std::shared_ptr<Item> removed = std::move(*at);
         items.erase(at);
         return removed;
     }
+
+    /// Puts another entry in the place of one.
+    void Replace(int index, std::shared_ptr<Item> fresh) { items[Checked(index)] = std::move(fresh); }
 
     /// Writes the paths to the list's settings file. False if it can't be written.
     bool Save() const {
@@ -82,7 +88,7 @@ private:
     }
 
     FileSystem& files;
-    std::vector<std::unique_ptr<Item>> items;
+    std::vector<std::shared_ptr<Item>> items;
 };
 
 }  // namespace quillon

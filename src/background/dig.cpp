@@ -68,6 +68,7 @@ void CDig::Clear() {
     dateText.clear();
     timeText.clear();
     report = {};
+    summary = {};
     converted = outsideHeader = false;
     fault.clear();
 }
@@ -107,12 +108,14 @@ bool CDig::IsStale() const {
     return !read.IsBelievable() || !source || !read.IsOf(*source);
 }
 
-bool CDig::Save() const {
+bool CDig::Save() {
     CStdioFile file(files);
     if (!file.OpenForWriting(DigPath(), FILE_MODE::BINARY)) return false;
     file.WriteString(BytesOf(header));
     file.WriteString(BytesOf(Records()));
-    return file.Commit();
+    if (!file.Commit()) return false;
+    if (IsFrom("DIG")) readStamp = file.GetStamp();
+    return true;
 }
 
 std::string_view BytesOf(const DigHeader& header) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -45,6 +46,8 @@ public:
     std::string sizeText, dateText, timeText;  ///< of the file that the header tells of, for people
     DigExtents extents;                        ///< all 0 without a record
     KindReport report;                         ///< of the last load: records, and what its conversion passed over
+    ReadReport summary;                        ///< its counts
+    std::optional<FileStamp> readStamp;        ///< of the file chosen, at the last load
     bool converted = false;                    ///< the last load made it from its source
     bool outsideHeader = false;                ///< the conversion left everything outside the drawing's header extents
     std::string fault;                         ///< why the DIG file couldn't be written
@@ -77,7 +80,7 @@ public:
     /// source as it is now.
     bool IsStale() const;
     /// Replaces the DIG file, header and records. False leaves the old one, and the observer of commits is told.
-    bool Save() const;
+    bool Save();
 
     FileSystem& GetFiles() const { return files; }
 

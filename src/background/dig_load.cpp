@@ -63,6 +63,7 @@ void TakeConverted(CDig& dig, const DigHeader& header, const std::vector<BinaryD
     dig.UseHeader(header);
     dig.converted = true;
     dig.report = std::move(report);
+    dig.summary = dig.report.Summary();
     if (!dig.Adopt(records)) dig.fault = "not enough memory";
 }
 
@@ -120,7 +121,7 @@ bool ReadDigFile(CDig& dig, LoadProgress& progress) {
     dig.Clear();
     CRandomFile file;
     if (!file.OpenForReading(dig.GetFiles(), dig.DigPath())) return true;
-    dig.report.opened = true;
+    dig.report.opened = dig.summary.opened = true;
     dig.fileLength = file.GetLength();
     DigHeader header;
     std::size_t head = sizeof header;
@@ -157,10 +158,12 @@ bool ReadDigFile(CDig& dig, LoadProgress& progress) {
     dig.report.PassOver("last record cut short", 0, bytes % kRecord != 0 ? 1 : 0);
     dig.report.PassOver("record at 0, 0, which stretches no extents", 0, extents.atZero);
     dig.report.PassOver("record without a position", 0, extents.nowhere);
+    dig.summary = dig.report.Summary();
     return !progress.IsCancelled();
 }
 
 bool RemakeDigFile(CDig& dig, LoadProgress& progress) {
+    dig.readStamp = dig.GetFiles().Stamp(dig.fileName);
     dig.Clear();
     if (!Convert(dig, progress)) return false;
     if (!dig.converted) return ReadDigFile(dig, progress);
@@ -168,17 +171,26 @@ bool RemakeDigFile(CDig& dig, LoadProgress& progress) {
 }
 
 bool LoadDigFile(CDig& dig, LoadProgress& progress) {
+    dig.readStamp = dig.GetFiles().Stamp(dig.fileName);
     return (dig.IsFrom("DXF") || dig.IsFrom("CSV")) && dig.IsStale() ? RemakeDigFile(dig, progress)
                                                                      : ReadDigFile(dig, progress);
 }
 
 // ---- Drawings ----
 
+bool ReadDxfFile(CDxf& dxf, LoadProgress* progress) {
+    dxf.report = {};
+    dxf.readStamp = dxf.GetFiles().Stamp(dxf.fileName);
+    const bool opened = dxf.Read(dxf.fileName, progress, &dxf.report);
+    dxf.summary = dxf.report.Summary();
+    return opened;
+}
+
 bool LoadDxfFile(CDxf& dxf, LoadProgress& progress) {
     const auto header = DigHeaderOf(dxf.GetFiles(), dxf.fileName);
     CDig dig(dxf.GetFiles());
     dig.fileName = dxf.fileName;
-    if (!dxf.Read(dxf.fileName, &progress, &dxf.report)) return true;
+    if (!ReadDxfFile(dxf, &progress)) return true;
     if (progress.IsCancelled()) return false;
     std::vector<BinaryDigDef> records;
     KindReport report;

@@ -22,7 +22,9 @@ bool RemakeDigFile(CDig& dig, LoadProgress& progress);
 /// Reads the DIG file as it stands.
 bool ReadDigFile(CDig& dig, LoadProgress& progress);
 
-/// Reads a drawing whose name is set, with its settings, and makes its DIG file anew if that is stale.
+/// Reads a drawing whose name is set, with its settings. False if it can't be opened.
+bool ReadDxfFile(CDxf& dxf, LoadProgress* progress = nullptr);
+/// The same, and makes its DIG file anew if that is stale.
 bool LoadDxfFile(CDxf& dxf, LoadProgress& progress);
 
 /// How a drawing is to be converted, as its settings file says.

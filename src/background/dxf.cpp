@@ -63,6 +63,7 @@ CDxf::~CDxf() = default;
 
 void CDxf::Reset() {
     reader.reset();
+    stamp.Renew();
     entities = {};
     blocks.clear();
     layers.clear();

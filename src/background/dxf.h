@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "background/dxf_tables.h"
 #include "background/kind_report.h"
 #include "background/load_progress.h"
+#include "platform/array_stamp.h"
 #include "platform/file.h"
 #include "platform/palette.h"
 
@@ -68,6 +70,8 @@ public:
     bool FindOwnExtents(tagXY& least, tagXY& most) const;
 
     std::size_t GetEntityCount() const;
+    /// Another for other entities.
+    std::uint64_t GetStamp() const { return stamp.Get(); }
     FileSystem& GetFiles() const { return files; }
 
     // Settings.
@@ -83,7 +87,9 @@ public:
     bool readOnly = false;
     std::string dateText;
     std::string timeText;
-    KindReport report;  ///< of the last load, where the loader asked for one
+    KindReport report;                   ///< of the last load in a job
+    ReadReport summary;                  ///< its counts
+    std::optional<FileStamp> readStamp;  ///< of the file at that load
 
     // How it is placed when it is drawn; degrees, clockwise.
     double offsetEasting = 0.0;
@@ -114,6 +120,7 @@ private:
 
     FileSystem& files;
     DxfArena arena;
+    ArrayStamp stamp;
     std::unique_ptr<DxfReader> reader;
 };
 

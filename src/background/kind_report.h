@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "foundation/read_report.h"
+
 namespace quillon {
 
 /// What a reader of drawings made of a file: how many records it took, and what it passed over, by kind and count.
@@ -29,6 +31,11 @@ public:
     const std::vector<Kind>& GetKinds() const { return kinds; }
     /// The count under this reason; 0 if there is none.
     std::size_t CountOf(std::string_view reason) const;
+
+    /// For people, a sentence a kind: "3DFACE, 2 times, first on line 5".
+    std::vector<std::string> Sentences() const;
+    /// The counts alone, as of the lines of a file.
+    ReadReport Summary() const;
 
 private:
     std::size_t PlaceOf(std::string_view reason, std::size_t line);

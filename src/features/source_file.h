@@ -17,6 +17,14 @@ enum class DISK_CHANGE : std::uint8_t {
     APPEARED  ///< it couldn't be read, and is there now
 };
 
+/// What has become of a file that had the stamp when it was read; none if it couldn't be.
+inline DISK_CHANGE ChangeSince(const std::optional<FileStamp>& read, const FileSystem& files, std::string_view path) {
+    const std::optional<FileStamp> now = files.Stamp(path);
+    if (now == read) return DISK_CHANGE::NONE;
+    if (!now) return DISK_CHANGE::GONE;
+    return read ? DISK_CHANGE::RENEWED : DISK_CHANGE::APPEARED;
+}
+
 /// What stood on the disk when a feature read its data file, and what came of the reading.
 class CSourceFile {
 public:
@@ -30,10 +38,7 @@ public:
     const ReadReport& GetReport() const { return report; }
 
     DISK_CHANGE ChangeOnDisk(const FileSystem& files, std::string_view path) const {
-        const std::optional<FileStamp> now = files.Stamp(path);
-        if (now == readStamp) return DISK_CHANGE::NONE;
-        if (!now) return DISK_CHANGE::GONE;
-        return readStamp ? DISK_CHANGE::RENEWED : DISK_CHANGE::APPEARED;
+        return ChangeSince(readStamp, files, path);
     }
 
 protected:

@@ -61,6 +61,8 @@ JobRecord::JobRecord(FileSystem& files)
       shapes(files),
       gpx(files),
       windFarms(files),
+      digs(files),
+      drawings(files),
       geodesy(files),
       vessels(files, "Vessel List", {waypoints, sailLines, geodesy}),
       templates(files, "Template List", {waypoints, sailLines, geodesy}),

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <string>
 
+#include "background/dig.h"
+#include "background/dxf.h"
 #include "background/dtm.h"
 #include "background/shape_file_list.h"
 #include "features/boundary.h"
@@ -16,6 +18,7 @@
 #include "features/wind_farm.h"
 #include "geodesy/job_geodesy.h"
 #include "job/outline_list.h"
+#include "platform/mutex.h"
 #include "target/target_plot.h"
 
 namespace quillon {
@@ -49,6 +52,10 @@ struct JobRecord : private FileWatcher {
     CStructureList structures;  ///< with the drawings that serve as shapes
     CDtm dtm;
     CShapeFileList shapes;
+    CMutex digMutex;  ///< guards the digitised files against other threads of the host
+    CDigList digs;
+    CMutex dxfMutex;  ///< the same for the drawings
+    CDxfList drawings;
     CGPX gpx;                 ///< tracks and waypoints under the job
     CWindFarmList windFarms;  ///< as the database has them
     CJobGeodesy geodesy;      ///< the grid that the job's positions are on, if one is chosen

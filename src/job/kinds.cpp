@@ -1,8 +1,12 @@
 #include "job/kinds.h"
 
 #include <algorithm>
+#include <mutex>
 #include <type_traits>
+#include <utility>
 
+#include "background/dig_load.h"
+#include "background/dxf_palette.h"
 #include "features/rpl_place.h"
 #include "foundation/paths.h"
 #include "job/shape_place.h"
@@ -205,8 +209,15 @@ constexpr JobKind MakeKind(KIND id, FEATURE_TYPES type, std::string_view name, s
 
 // ---- What lies under the chart ----
 
+/// Kinds whose loads take long: they are the host's, and look themselves whether a file has changed.
+struct LoadedByHost {
+    static bool IsStub(const JobRecord&, int) { return false; }
+    static DISK_CHANGE ChangeOnDisk(const JobRecord&, int) { return DISK_CHANGE::NONE; }
+    static bool ReadAgain(JobRecord&, int) { return false; }
+};
+
 /// The files of the one depth model.
-struct DtmFiles {
+struct DtmFiles : LoadedByHost {
     static void Load(JobRecord& job) { job.dtm.ReadSettings(); }
     static int Count(const JobRecord& job) { return static_cast<int>(job.dtm.CountFiles()); }
     static const std::string& Path(const JobRecord& job, int file) { return job.dtm.fileName[Checked(job, file)]; }
@@ -234,7 +245,7 @@ private:
     }
 };
 
-struct ShapeFiles {
+struct ShapeFiles : LoadedByHost {
     static void Load(JobRecord& job) { job.shapes.ReadFiles(); }
     static int Count(const JobRecord& job) { return static_cast<int>(job.shapes.files.paths.size()); }
     static const std::string& Path(const JobRecord& job, int file) {
@@ -266,6 +277,75 @@ struct ShapeFiles {
     }
 };
 
+/// The members of a list of drawings.
+template <auto List>
+struct BackgroundFiles {
+    static bool Follow(JobRecord&, int) { return false; }
+    static int Count(const JobRecord& job) { return (job.*List).GetCount(); }
+    static const std::string& Path(const JobRecord& job, int file) { return (job.*List)[file].fileName; }
+    static const ReadReport& Report(const JobRecord& job, int file) { return (job.*List)[file].summary; }
+    static DISK_CHANGE ChangeOnDisk(const JobRecord& job, int file) {
+        return ChangeSince((job.*List)[file].readStamp, job.routes.GetFiles(), Path(job, file));
+    }
+};
+
+struct DigFiles : BackgroundFiles<&JobRecord::digs> {
+    static bool IsStub(const JobRecord& job, int file) { return job.digs[file].IsEmpty(); }
+    static bool ReadAgain(JobRecord& job, int file) {
+        if (!job.routes.GetFiles().Exists(Path(job, file))) return false;
+        const std::scoped_lock lock(job.digMutex);
+        CDig& dig = job.digs[file];
+        LoadProgress progress;
+        const std::uint8_t display = dig.header.display;
+        LoadDigFile(dig, progress);
+        if (std::exchange(dig.header.display, display) != display) dig.Save();
+        return true;
+    }
+    static void Load(JobRecord& job) {
+        LoadProgress progress;
+        job.digs.LoadPaths();
+        for (int i = 0; i < job.digs.GetCount(); ++i) LoadDigFile(job.digs[i], progress);
+    }
+    static std::vector<std::string> Notes(const JobRecord& job, int file) {
+        const CDig& dig = job.digs[file];
+        std::vector<std::string> notes = dig.report.Sentences();
+        if (!dig.fault.empty()) notes.push_back(NameOfPath(dig.fileName) + ".DIG isn't written: " + dig.fault);
+        return notes;
+    }
+    static bool IsShown(const JobRecord& job, int file) { return job.digs[file].header.display != 0; }
+    static KindLook LookOf(const JobRecord& job, int file) {
+        const CDig& dig = job.digs[file];
+        const int colour = dig.IsEmpty() ? kDxfWhite : dig[0].ColourIndex();
+        return {.line = {.thickness = 1, .colour = kDxfPalette[static_cast<std::size_t>(colour)]}};
+    }
+};
+
+struct DxfFiles : BackgroundFiles<&JobRecord::drawings> {
+    static bool IsStub(const JobRecord& job, int file) { return job.drawings[file].GetEntityCount() == 0; }
+    /// A new one takes its place: the chart may still be drawing out of the old one.
+    static bool ReadAgain(JobRecord& job, int file) {
+        auto fresh = std::make_shared<CDxf>(job.routes.GetFiles());
+        fresh->fileName = Path(job, file);
+        if (!ReadDxfFile(*fresh)) return false;
+        const std::scoped_lock lock(job.dxfMutex);
+        job.drawings.Replace(file, std::move(fresh));
+        return true;
+    }
+    static void Load(JobRecord& job) {
+        job.drawings.LoadPaths();
+        for (int i = 0; i < job.drawings.GetCount(); ++i) ReadDxfFile(job.drawings[i]);
+    }
+    static std::vector<std::string> Notes(const JobRecord& job, int file) {
+        return job.drawings[file].report.Sentences();
+    }
+    static bool IsShown(const JobRecord& job, int file) { return job.drawings[file].use; }
+    static KindLook LookOf(const JobRecord& job, int file) {
+        const CDxf& dxf = job.drawings[file];
+        const COLORREF colour = dxf.entities.empty() ? kDxfPalette[kDxfWhite] : ColourOf(*dxf.entities.front());
+        return {.line = {.thickness = 1, .colour = colour}};
+    }
+};
+
 /// A row of a kind without points, whose files say all that there is by the functions of `Files`.
 template <class Files>
 constexpr JobKind MakeUnderlay(KIND id, std::string_view name) {
@@ -282,6 +362,9 @@ constexpr JobKind MakeUnderlay(KIND id, std::string_view name) {
             .pointWord = "point",
             .pointKp = [](const JobRecord&, int, int) { return MISSING_VALUE; },
             .report = Files::Report,
+            .isStub = Files::IsStub,
+            .changeOnDisk = Files::ChangeOnDisk,
+            .readAgain = Files::ReadAgain,
             .notes = Files::Notes,
             .isDisplayed = Files::IsShown,
             .look = Files::LookOf,
@@ -309,6 +392,8 @@ constexpr std::array<JobKind, kKindCount> kKinds = {
     MakeKind<StructureFiles>(KIND::STRUCTURE, FEATURE_TYPES::STRUCTURE, "Structure"),
     MakeUnderlay<DtmFiles>(KIND::DTM, "Depth Model"),
     MakeUnderlay<ShapeFiles>(KIND::SHAPE, "Shape"),
+    MakeUnderlay<DigFiles>(KIND::DIG, "Digitized Data"),
+    MakeUnderlay<DxfFiles>(KIND::DXF, "Drawing"),
 };
 
 consteval bool StandInOrder() {

@@ -27,6 +27,8 @@ enum class KIND : std::uint8_t {
     STRUCTURE,
     DTM,
     SHAPE,
+    DIG,
+    DXF,
     NONE
 };
 

@@ -4,7 +4,9 @@
 #include <array>
 
 #include "panes/boundary_pane.h"
+#include "panes/dig_pane.h"
 #include "panes/dtm_pane.h"
+#include "panes/dxf_pane.h"
 #include "panes/listing_pane.h"
 #include "panes/pipe_route_pane.h"
 #include "panes/pipeline_pane.h"
@@ -25,6 +27,13 @@ template <class Pane, auto List>
 std::unique_ptr<CMyDockablePane> CreateOver(Platform& platform, CWnd* parent, JobRecord& job) {
     auto pane = std::make_unique<Pane>(platform);
     if (!pane->Create(parent, Pane::kTitleId, job.*List)) return nullptr;
+    return pane;
+}
+
+template <class Pane, auto List, auto Mutex>
+std::unique_ptr<CMyDockablePane> CreateGuarded(Platform& platform, CWnd* parent, JobRecord& job) {
+    auto pane = std::make_unique<Pane>(platform);
+    if (!pane->Create(parent, Pane::kTitleId, job.*List, job.*Mutex)) return nullptr;
     return pane;
 }
 
@@ -69,7 +78,7 @@ std::unique_ptr<CMyDockablePane> CreateTargetPlotWindow(Platform& platform, CWnd
 }
 
 // clang-format off
-constexpr std::array<PaneEntry, 16> kPanes = {{
+constexpr std::array<PaneEntry, 18> kPanes = {{
     {KIND::BOUNDARY,   CBoundaryPane::kTitleId,        CBoundaryPane::kTitle,             CreateOver<CBoundaryPane, &JobRecord::boundaries>},
     {KIND::WAYPOINT,   CGridWaypointPane::kPlainId,    CGridWaypointPane::kPlainTitle,    CreateWaypointPane<false>},
     {KIND::WAYPOINT,   CGridWaypointPane::kCatenaryId, CGridWaypointPane::kCatenaryTitle, CreateWaypointPane<true>},
@@ -81,6 +90,8 @@ constexpr std::array<PaneEntry, 16> kPanes = {{
     {KIND::STRUCTURE,  CStructurePane::kTitleId,       CStructurePane::kTitle,            CreateOver<CStructurePane, &JobRecord::structures>},
     {KIND::DTM,        CDtmPane::kTitleId,             CDtmPane::kTitle,                  CreateOver<CDtmPane, &JobRecord::dtm>},
     {KIND::SHAPE,      CShapePane::kTitleId,           CShapePane::kTitle,                CreateOver<CShapePane, &JobRecord::shapes>},
+    {KIND::DIG,        CDigPane::kTitleId,             CDigPane::kTitle,                  CreateGuarded<CDigPane, &JobRecord::digs, &JobRecord::digMutex>},
+    {KIND::DXF,        CDxfPane::kTitleId,             CDxfPane::kTitle,                  CreateGuarded<CDxfPane, &JobRecord::drawings, &JobRecord::dxfMutex>},
     {KIND::NONE,       CListingPane::kTitleId,         CListingPane::kTitle,              CreateListingPane},
     {KIND::NONE,       CTargetPane::kVesselId,         CTargetPane::kVesselTitle,         CreateTargetPane<CTargetPane::kVesselId, &JobRecord::vessels>},
     {KIND::NONE,       CTargetPane::kTemplateId,       CTargetPane::kTemplateTitle,       CreateTargetPane<CTargetPane::kTemplateId, &JobRecord::templates>},

@@ -183,8 +183,9 @@ TEST(SampleJobTest, IsWhole) {
         for (int i = 0; i < kind.fileCount(job.Record()); ++i) {
             const std::string& path = kind.path(job.Record(), i);
             EXPECT_TRUE(drives.Exists(path)) << path;
-            if (kind.id < KIND::DTM) {
-                EXPECT_GT(kind.pointCount(job.Record(), i), 1) << path;
+            // What the host loads later has no records yet.
+            if (kind.id != KIND::DTM && kind.id != KIND::SHAPE) {
+                EXPECT_GT(kind.report(job.Record(), i).taken, 1u) << path;
             }
             EXPECT_TRUE(kind.isDisplayed(job.Record(), i)) << path;
             EXPECT_NE(kind.look(job.Record(), i), KindLook()) << path;

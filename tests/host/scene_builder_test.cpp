@@ -26,13 +26,13 @@ protected:
     }
 
     CBoundary& Square() { return job->Record().boundaries[0]; }
-    SceneItems Layer() {
-        scene = scenes->Build();
-        for (const ChartLayer& layer : scene.layers) {
+    static SceneItems ItemsOf(const ChartScene& drawn) {
+        for (const ChartLayer& layer : drawn.layers) {
             if (layer.id == kLayer) return SceneItems(layer);
         }
         throw std::logic_error("no layer of boundaries");
     }
+    SceneItems Layer() { return ItemsOf(scene = scenes->Build()); }
     JobPoint Hit(std::size_t path, std::uint32_t point, HIT_KIND kind, tagXY at = {}) {
         const std::vector<std::size_t> places = Layer().pathPlaces;
         const std::size_t item = path < places.size() ? places[path] : 99;
@@ -114,10 +114,7 @@ TEST_F(SceneBuilderTest, PathsAreMadeAnewOnlyWhenTheirPointsAreOthers) {
     Square()[1].x += 1;
     EXPECT_NE(Paths()[0], first[0]);
     EXPECT_EQ(Paths()[1], first[1]);
-    const auto boundaries = std::find_if(keepsThem.layers.begin(), keepsThem.layers.end(),
-                                         [](const ChartLayer& layer) { return layer.id == kLayer; });
-    EXPECT_EQ(std::get<ChartPath>(boundaries->items[1]).path->Points()[1], (tagXY{200, 100}))
-        << "what was drawn stays as it was";
+    EXPECT_EQ(ItemsOf(keepsThem).paths[1].path->Points()[1], (tagXY{200, 100})) << "what was drawn stays as it was";
     user::Press(dynamic_cast<CFeaturePane&>(*job->PaneOf(KIND::BOUNDARY)).GetRemoveButton());
     EXPECT_THAT(Paths(), ::testing::ElementsAre(first[1])) << "what moved up keeps its own";
 }

@@ -75,6 +75,7 @@ void PaintLines(ChartCanvas& canvas, const ChartPath& path);
 void PaintLines(ChartCanvas& canvas, const ChartRings& rings);
 /// Symbols and arrow heads; labels and texts of legs begin to wait.
 void PaintMarks(ChartCanvas& canvas, const ChartPath& path, int priority);
+void PaintLetters(ChartCanvas& canvas, const ChartLetters& letters);
 void CollectTexts(ChartCanvas& canvas, const ChartTexts& texts, int priority);
 
 /// Draws what waits, as far as there is room: by priority, then in its order. Nothing is written over `keptFree`.

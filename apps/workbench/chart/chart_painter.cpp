@@ -49,6 +49,7 @@ void PaintLayerAreas(ChartCanvas& canvas, const ChartLayer& layer) {
 void PaintLayer(ChartCanvas& canvas, const ChartLayer& layer) {
     EachOf<ChartRings>(layer, [&](const ChartRings& rings) { PaintLines(canvas, rings); });
     EachOf<ChartPath>(layer, [&](const ChartPath& path) { PaintLines(canvas, path); });
+    EachOf<ChartLetters>(layer, [&](const ChartLetters& letters) { PaintLetters(canvas, letters); });
     EachOf<ChartPath>(layer, [&](const ChartPath& path) { PaintMarks(canvas, path, layer.priority); });
     EachOf<ChartTexts>(layer, [&](const ChartTexts& texts) { CollectTexts(canvas, texts, layer.priority); });
 }

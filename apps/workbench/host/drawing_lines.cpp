@@ -2,14 +2,18 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "foundation/angle_units.h"
 
 namespace quillon {
 namespace {
 
-/// Chords of a whole circle: at 500 pixels across the middle of a chord lies a third of a pixel off.
-constexpr int kChords = 72;
+/// Chords of a whole circle, at the least: at 500 pixels across the middle of a chord lies a third of a pixel off.
+constexpr double kLeastChords = 72;
+/// Large circles are looked at in parts: their chords lie at most so far off, as far as the greatest count allows.
+constexpr double kChordMetres = 0.02;
+constexpr double kMostChords = 720;
 constexpr double kFullTurn = 360.0;
 
 class Placer {
@@ -59,7 +63,9 @@ private:
     void AddArc(const CDxfCircle& circle, double from, double sweep) {
         if (!(circle.radius > 0.0)) return;
         Begin();
-        const int chords = std::max(1, static_cast<int>(std::ceil(sweep / kFullTurn * kChords)));
+        const double part = std::max(-1.0, 1.0 - kChordMetres / (circle.radius * place.scale));
+        const double wanted = std::clamp(std::numbers::pi / std::acos(part), kLeastChords, kMostChords);
+        const int chords = std::max(1, static_cast<int>(std::ceil(sweep / kFullTurn * wanted)));
         for (int i = 0; i <= chords; ++i) {
             const double bearing = (from + sweep * i / chords) * kRadiansPerDegree;
             Point(circle.centre.x + circle.radius * std::sin(bearing),

@@ -12,6 +12,7 @@
 #include "host/corridor_outline.h"
 #include "host/depth_scene.h"
 #include "host/drawing_lines.h"
+#include "host/drawing_scene.h"
 #include "host/label_text.h"
 #include "host/name_table.h"
 #include "host/rpl_outline.h"
@@ -434,6 +435,8 @@ void AddStructures(SceneBuilder& scene) {
 constexpr std::array<SceneKind, kKindCount> kKinds = {{
     {KIND::DTM, AddDepthModel},
     {KIND::SHAPE, AddShapeFiles},
+    {KIND::DIG, AddDigFiles},
+    {KIND::DXF, AddDxfFiles},
     {KIND::BOUNDARY, AddBoundaries},
     {KIND::PIPELINE, AddPipelines},
     {KIND::PIPE_ROUTE, AddPipeRoute},

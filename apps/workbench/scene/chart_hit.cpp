@@ -166,6 +166,7 @@ public:
         return {ChartHit{.kind = HIT_KIND::VALUE, .hit = {.at = place}, .value = value}};
     }
     Hits operator()(const ChartTexts&) const { return {}; }
+    Hits operator()(const ChartLetters&) const { return {}; }
 
 private:
     /// Symbols that lie over one another are all of them under the place.

@@ -18,6 +18,7 @@ struct ItemExtent {
     ChartBox operator()(const ChartTexts& texts) const {
         return texts.extends || all ? texts.places->Box() : ChartBox();
     }
+    ChartBox operator()(const ChartLetters&) const { return {}; }
 };
 
 ChartBox ExtentOf(const ChartScene& scene, bool all) {

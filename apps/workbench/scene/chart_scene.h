@@ -119,6 +119,28 @@ struct ChartTexts {
     bool extends = true;  ///< as for a path
 };
 
+/// Which edge of a text lies on its place.
+enum class LETTER_EDGE : std::uint8_t { BASELINE, BOTTOM, MIDDLE, TOP };
+
+/// A text of a drawing, which is part of what is drawn: it grows with the chart and leaves no other text out.
+struct ChartLetter {
+    std::string text;  ///< its lines are parted by line feeds
+    COLORREF colour = 0;
+    double height = 0.0;   ///< of its capitals, metres
+    double bearing = 0.0;  ///< in which it is read, radians clockwise from north
+    double across = 0.0;   ///< where along a line its place is: 0 at the left, 1 at the right
+    LETTER_EDGE edge = LETTER_EDGE::BASELINE;
+    double widthFactor = 1.0;
+    double fit = 0.0;   ///< metres that a line fills, in place of the width factor; 0 for none
+    double wrap = 0.0;  ///< metres beyond which a line is cut between words; 0 for none
+};
+
+/// The texts of a drawing, one at each point of a path.
+struct ChartLetters {
+    PathPtr places = {};
+    std::shared_ptr<const std::vector<ChartLetter>> letters = {};
+};
+
 /// A raster, each of its values in its colour.
 struct ChartImage {
     std::shared_ptr<const ChartRaster> raster = {};
@@ -135,7 +157,7 @@ struct ChartLegend {
     double unit = 1.0;  ///< what is shown for a value of 1
 };
 
-using ChartItem = std::variant<ChartImage, ChartPath, ChartRings, ChartTexts>;
+using ChartItem = std::variant<ChartImage, ChartPath, ChartRings, ChartTexts, ChartLetters>;
 
 struct ChartLayer {
     std::uint64_t id = 0;  ///< the host's own; one layer a number
