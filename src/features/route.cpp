@@ -145,6 +145,19 @@ bool CRoute::FollowStored() {
     return flags || drawing || corridor || reordered;
 }
 
+bool CRoute::ReadStored() {
+    const CDrawingOptions drawing = *this;
+    const CCorridor corridor = *this;
+    const bool flags = ReadCommon();
+    LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
+    LoadCorridor(GetFiles(), GetName());
+    const std::int32_t order = LoadDataOrder(GetFiles(), GetPath());
+    const bool reordered = std::exchange(dataOrder, order) != order;
+    if (reordered) ReadAgain();
+    ComputeCorridor();
+    return flags || reordered || drawing != *this || corridor != *this;
+}
+
 void CRoute::SaveDrawingOptions() {
     SaveDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
 }

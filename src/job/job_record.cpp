@@ -41,6 +41,11 @@ std::string SettingsOwner(const std::string& path) {
 
 }  // namespace
 
+bool MayHoldSettingsOf(const std::string& path, const std::string& dataPath) {
+    const std::string owner = SettingsOwner(path);
+    return !owner.empty() && SettingsName(SplitPath(dataPath).name) == owner;
+}
+
 JobRecord::JobRecord(FileSystem& files)
     : boundaries(files),
       waypoints(files),
@@ -66,11 +71,18 @@ void JobRecord::Load() {
 
 void JobRecord::OnFileWritten(const std::string& path) {
     const std::string owner = SettingsOwner(path);
-    if (owner.empty()) return;
+    if (owner.empty() || !following) return;
     for (const JobKind& kind : JobKinds()) {
         for (int i = 0; i < kind.fileCount(*this); ++i) {
             if (SettingsName(SplitPath(kind.path(*this, i)).name) == owner) kind.followStored(*this, i);
         }
+    }
+}
+
+void JobRecord::KeepUnsaved() {
+    for (const JobKind& kind : JobKinds()) {
+        if (!kind.keepUnsaved) continue;
+        for (int i = 0; i < kind.fileCount(*this); ++i) kind.keepUnsaved(*this, i);
     }
 }
 

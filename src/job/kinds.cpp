@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <type_traits>
+#include <utility>
+
+#include "platform/text.h"
 
 namespace quillon {
 namespace {
@@ -84,6 +87,7 @@ struct ListFiles {
     static CFileListBase* ListOf(JobRecord& job) { return &(job.*List); }
     static int Count(const JobRecord& job) { return (job.*List).GetCount(); }
     static auto& At(auto& job, int file) { return (job.*List)[file]; }
+    static std::vector<int> ReadRestored(JobRecord& job, const RestoredFiles& restored);
 };
 
 /// The shapes come first: a file of no use gets a structure with the first of them.
@@ -106,15 +110,35 @@ struct PipeRouteFile {
         if (file != 0 || Count(job) == 0) throw InvalidArgument("no pipe route");
         return job.pipeRoute;
     }
+    static std::vector<int> ReadRestored(JobRecord& job, const RestoredFiles& restored);
 };
 
+template <class Member>
+void KeepUnsaved(Member& member) {
+    if constexpr (requires { member.KeepUnsaved(); }) {
+        member.KeepUnsaved();
+    } else {
+        member.KeepCommon();
+    }
+}
+
+/// Null for a kind without flags beside the data file.
 template <class Files>
-CFeatureCommon* CommonOf(JobRecord& job, int file) {
-    auto& member = Files::At(job, file);
-    if constexpr (std::is_base_of_v<CFeatureCommon, std::remove_reference_t<decltype(member)>>) {
-        return &member;
+constexpr auto MakeKeepUnsaved() -> void (*)(JobRecord&, int) {
+    using Member = std::remove_reference_t<decltype(Files::At(std::declval<JobRecord&>(), 0))>;
+    if constexpr (std::is_base_of_v<CFeatureCommon, Member>) {
+        return [](JobRecord& job, int file) { KeepUnsaved(Files::At(job, file)); };
     } else {
         return nullptr;
+    }
+}
+
+template <class Member>
+bool ReadStored(Member& member) {
+    if constexpr (requires { member.ReadStored(); }) {
+        return member.ReadStored();
+    } else {
+        return member.ReadCommon();
     }
 }
 
@@ -126,6 +150,39 @@ bool FollowStored(JobRecord& job, int file) {
     } else {
         return member.FollowCommon();
     }
+}
+
+// ---- Files that were put back ----
+
+template <auto List>
+std::vector<int> ListFiles<List>::ReadRestored(JobRecord& job, const RestoredFiles& restored) {
+    auto& list = job.*List;
+    std::vector<int> renewed;
+    const bool members = restored.HasPathsOf(list);
+    const std::vector<int> came = members ? list.ReadPathsAgain() : std::vector<int>();
+    for (int i = 0; i < list.GetCount(); ++i) {
+        const bool differs = std::binary_search(came.begin(), came.end(), i) ||
+                             (restored.Has(list.GetPath(i)) && list.ReadWhole(i)) ||
+                             (restored.HasSettingsOf(list.GetPath(i)) && ReadStored(list[i]));
+        if (differs) renewed.push_back(i);
+    }
+    if (members) list.SetEditCursor(-1, -1);
+    if (restored.HasCursorOf(list)) list.ReadCursorAgain();
+    list.changed |= members || !renewed.empty();
+    return renewed;
+}
+
+std::vector<int> PipeRouteFile::ReadRestored(JobRecord& job, const RestoredFiles& restored) {
+    CPipeline& route = job.pipeRoute;
+    const std::string active = ReadActivePipeline(job.routes.GetFiles());
+    if (active.empty()) {
+        if (Count(job) > 0) route.Clear();
+        return {};
+    }
+    const bool differs = (active != route.GetPath() || restored.Has(active))
+                             ? (route.Load(active), true)
+                             : restored.HasSettingsOf(active) && route.ReadStored();
+    return differs ? std::vector{0} : std::vector<int>();
 }
 
 /// A row of the table. The functions are named here once; a kind gives the overloads above and says where its files
@@ -149,7 +206,8 @@ constexpr JobKind MakeKind(KIND id, FEATURE_TYPES type, std::string_view name, s
             .isDisplayed = [](Record job, int file) { return IsShown(Files::At(job, file)); },
             .look = [](Record job, int file) { return LookOf(Files::At(job, file)); },
             .followStored = FollowStored<Files>,
-            .common = CommonOf<Files>};
+            .keepUnsaved = MakeKeepUnsaved<Files>(),
+            .readRestored = Files::ReadRestored};
 }
 
 constexpr std::array<JobKind, kKindCount> kKinds = {
@@ -171,6 +229,23 @@ consteval bool StandInOrder() {
 static_assert(StandInOrder(), "every kind has its row, at the place of its number");
 
 }  // namespace
+
+bool RestoredFiles::Has(std::string_view path) const {
+    return std::any_of(paths.begin(), paths.end(), [&](const std::string& own) { return EqualNoCase(own, path); });
+}
+
+bool RestoredFiles::HasPathsOf(const CFileListBase& list) const {
+    return std::any_of(paths.begin(), paths.end(), [&](const std::string& own) { return list.IsPathsFile(own); });
+}
+
+bool RestoredFiles::HasCursorOf(const CFileListBase& list) const {
+    return std::any_of(paths.begin(), paths.end(), [&](const std::string& own) { return list.IsCursorFile(own); });
+}
+
+bool RestoredFiles::HasSettingsOf(const std::string& dataPath) const {
+    return std::any_of(paths.begin(), paths.end(),
+                       [&](const std::string& own) { return MayHoldSettingsOf(own, dataPath); });
+}
 
 std::span<const JobKind, kKindCount> JobKinds() {
     return kKinds;

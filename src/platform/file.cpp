@@ -71,6 +71,9 @@ int FileCalls::Sync(int fd) {
 int FileCalls::Rename(const char* from, const char* to) {
     return ::rename(from, to);
 }
+int FileCalls::Remove(const char* path) {
+    return ::unlink(path);
+}
 
 namespace {
 
@@ -156,6 +159,17 @@ void FileSystem::TellWritten(const std::string& path) const {
 
 void FileSystem::TellSaveFailed(const FailedSave& failed) const {
     if (commitObserver) commitObserver->OnSaveFailed(failed);
+}
+
+bool FileSystem::Remove(std::string_view path, std::string& fault) const {
+    const fs::path native = Native(path);
+    errno = EROFS;
+    if (access == FILE_ACCESS::READ_ONLY || Retry([&] { return calls->Remove(native.c_str()); }) != 0) {
+        fault = FaultText(errno);
+        return false;
+    }
+    FlushFolderOf(*calls, native);
+    return true;
 }
 
 std::size_t FileSystem::ClearLeftovers(std::string_view folder) const {

@@ -96,6 +96,9 @@ public:
     bool DriveIsFixed(char letter) const;
     FOLDER_RESULT CreateFolder(std::string_view path) const;
     std::optional<FileStamp> Stamp(std::string_view path) const;
+    /// Removes a file for good, also over a loss of power. Nobody is told. False, with the reason in `fault`, if it
+    /// stays.
+    bool Remove(std::string_view path, std::string& fault) const;
     /// Removes the new files that killed writers left in a folder; the count removed. For a start.
     std::size_t ClearLeftovers(std::string_view folder) const;
 

@@ -28,6 +28,7 @@ constexpr KeyLine kPropertyKeys[] = {
     {"Space", "Check a box, open a list, press a button"},
     {"Return  F2", "Edit the value"},
     {"Esc", "Give the edit up"},
+    {"Ctrl+Z  Ctrl+Shift+Z", "Take typing back and type it again, while a value is edited"},
     {"F4  Alt+Down", "Open the list of choices"},
     {"Ctrl+C", "Copy the value"},
 };
@@ -67,7 +68,8 @@ void ShowKeyboardHelp(QWidget* parent, const QList<QAction*>& actions) {
     for (const QAction* const action : actions) {
         if (action->shortcut().isEmpty()) continue;
         new QTreeWidgetItem(everywhere,
-                            {action->shortcut().toString(QKeySequence::NativeText), action->text().remove('&')});
+                            {action->shortcut().toString(QKeySequence::NativeText),
+                             action->whatsThis().isEmpty() ? action->text().remove('&') : action->whatsThis()});
     }
     AddLines(*tree, "Chart", kChartKeys);
     AddLines(*tree, "Properties", kPropertyKeys);

@@ -170,6 +170,7 @@ QAction* MainWindow::MakeAction(const QString& text, const QKeySequence& key, co
 
 void MainWindow::MakeActions() {
     MakeFileMenu();
+    edit.emplace(*this, job);
     MakeViewMenu();
     MakeChartMenu();
     MakeHelpMenu();
@@ -291,6 +292,9 @@ void MainWindow::MakeToolBar() {
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     bar->addAction(addFirstAction);
     bar->addAction(exportAction);
+    bar->addSeparator();
+    bar->addAction(&edit->UndoAction());
+    bar->addAction(&edit->RedoAction());
     bar->addSeparator();
     for (QAction* const action : {zoomAllAction, zoomInAction, zoomOutAction}) bar->addAction(action);
     bar->addSeparator();

@@ -10,6 +10,7 @@
 #include "toolkit/qt_platform.h"
 #include "toolkit/theme.h"
 #include "window/chart_acts.h"
+#include "window/edit_menu.h"
 #include "window/pane_docks.h"
 #include "window/status_line.h"
 #include "window/view_binding.h"
@@ -51,6 +52,7 @@ private:
     void OnClearanceStale() override;
     void OnFeatureUpdate(KIND kind) override;
     void OnFocusFeature(KIND kind) override;
+    void OnActsChanged() override { edit->Update(); }
 
     void ConnectChart();
     void MakeActions();
@@ -83,6 +85,7 @@ private:
     PaneDocks docks;
     StatusLine status;
     ChartActs acts;
+    std::optional<EditMenu> edit;  // behind the menu of files
     QAction* exportAction = nullptr;
     QAction* addFirstAction = nullptr;
     QAction* nightAction = nullptr;
