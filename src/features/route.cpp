@@ -196,6 +196,7 @@ bool CRoute::WriteCoordinateList() const {
     CStdioFile file(GetFiles());
     const std::string folder = GetDataFolder(GetFiles(), kFolder);
     if (!file.OpenForWriting(folder + GetName() + "_CoordList.CSV", FILE_MODE::BINARY)) return false;
+    file.SetIsResult();
     for (Index i = 0; i < GetSize(); ++i) {
         const RouteDef& record = (*this)[i];
         if (i == 0 || i == GetUpperBound() || record.radius == 0.0) {

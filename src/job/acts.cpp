@@ -66,7 +66,7 @@ void ActHistory::OnActEnded() {
 
 void ActHistory::OnCommitted(const FileCommit& commit) {
     if (further) further->OnCommitted(commit);
-    if (swapping || std::this_thread::get_id() != thread) return;
+    if (commit.isResult || swapping || std::this_thread::get_id() != thread) return;
     if (!open) open.emplace().name = "Change of " + NameOfFile(commit.path);
     if (openTooLarge || commit.after.size() + commit.before.value_or("").size() > mostBytes) {
         openTooLarge = true;

@@ -38,7 +38,8 @@ struct ActOutcome {
 ///
 /// What is committed from the beginning of an act until the next begins, or until all that it posted has been
 /// delivered, belongs to it. What is committed at other times is an act by itself. An act without a changed file is
-/// none, and one that did no more than move a cursor is part of the one before it.
+/// none, and one that did no more than move a cursor is part of the one before it. Exports are no part of a job, so they
+/// belong to no act.
 ///
 /// The history is kept in memory and bounded: the oldest acts are dropped first, and an act that alone is too large
 /// isn't kept. It observes the platform and its files as long as it lives; all on the user-interface thread. Commits on

@@ -360,13 +360,13 @@ bool CStdioFile::Commit() {
     const std::unique_ptr<FileWriter> ending = std::move(writer);
     if (!ending) return false;
     CommitObserver* const observer = files.Observer();
-    std::optional<std::string> before = observer ? ending->Before() : std::nullopt;
+    std::optional<std::string> before = observer && !isResult ? ending->Before() : std::nullopt;
     if (!ending->Commit(fault)) {
         files.TellSaveFailed({writtenPath, fault});
         return false;
     }
     stamp = ending->Stamp();
-    if (observer) observer->OnCommitted({writtenPath, std::move(before), ending->Bytes()});
+    if (observer) observer->OnCommitted({writtenPath, std::move(before), ending->Bytes(), isResult});
     files.TellWritten(writtenPath);
     return true;
 }
@@ -376,6 +376,7 @@ void CStdioFile::Close() {
     writer.reset();
     stamp.reset();
     fault.clear();
+    isResult = false;
 }
 
 }  // namespace quillon

@@ -115,11 +115,14 @@ void Click(CListCtrl& table, int row) {
 }
 
 void SelectRows(CListCtrl& table, std::vector<int> rows, int last) {
-    if (CanUse(table)) table.SetSelectedRows(std::move(rows), last);
+    if (!CanUse(table)) return;
+    const ControlAct act(table, "Table");
+    table.SetSelectedRows(std::move(rows), last);
 }
 
 void RightClick(CListCtrl& table, int row) {
     if (!CanUse(table)) return;
+    const ControlAct act(table, "Table");
     const bool isRow = row >= 0 && row < table.GetItemCount();
     const std::vector<int>& selected = table.GetSelectedRows();
     if (isRow && !std::binary_search(selected.begin(), selected.end(), row)) table.SetSelection(row);
