@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -66,6 +67,25 @@ public:
         if (!file.OpenSettingsForWrite(GetSettingsName())) return false;
         file.WriteSection(GetSection(), paths);
         return file.Commit();
+    }
+    std::string GetSettingsPath() const { return quillon::GetSettingsPath(files, GetSettingsName()); }
+    /// Brings the entries in line with the paths of the settings file; the places of those that came, not read yet.
+    std::vector<int> ReadPathsAgain() {
+        const std::vector<std::shared_ptr<Item>> before = std::exchange(items, {});
+        LoadPaths();
+        std::vector<int> came;
+        for (int i = 0; i < GetCount(); ++i) {
+            auto& item = items[Checked(i)];
+            const auto held = std::find_if(before.begin(), before.end(), [&](const auto& old) {
+                return EqualNoCase(old->fileName, item->fileName);
+            });
+            if (held == before.end()) {
+                came.push_back(i);
+            } else {
+                item = *held;
+            }
+        }
+        return came;
     }
     /// Adds the paths of the settings file. Nothing is read but that file, and a path that leads nowhere today keeps
     /// its place.

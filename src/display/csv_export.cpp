@@ -58,6 +58,7 @@ bool WriteCsv(FileSystem& files, std::string_view path, const ListTable& table, 
     CStdioFile file(files);
     // Line ends are written as they are: the text of a quoted cell may hold one of its own.
     if (!file.OpenForWriting(path, FILE_MODE::BINARY)) return false;
+    file.SetIsResult();
     CsvWriter writer(file, form);
     const int columns = table.ColumnCount();
     writer.Line(columns, kLongestHeader, [&](int i) { return table.columns[static_cast<std::size_t>(i)].header; });

@@ -187,6 +187,7 @@ ThinResult ThinFile(const CListCtrlImport& import, double tolerance, std::string
         result.fault = output.GetFault();
         return result;
     }
+    output.SetIsResult();
     std::string bytes;
     if (!input.OpenForReading(import.fullPath) || !import.SkipLines(input)) {
         result.end = THIN_END::NO_INPUT;

@@ -136,6 +136,7 @@ bool WriteWorkbook(FileSystem& files, std::string_view path, std::string_view sh
     if (workbook_close(book) != LXW_NO_ERROR || !scratch.Read(bytes)) return false;
     CStdioFile file(files);
     if (!file.OpenForWriting(path, FILE_MODE::BINARY)) return false;
+    file.SetIsResult();
     file.WriteString(bytes);
     return file.Commit();
 }

@@ -68,6 +68,13 @@ bool CBoundary::FollowStored() {
     return FollowDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName()) || flags;
 }
 
+bool CBoundary::ReadStored() {
+    const CDrawingOptions before = *this;
+    const bool flags = ReadCommon();
+    LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
+    return flags || before != *this;
+}
+
 void CBoundary::SaveDrawingOptions() {
     SaveDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
 }

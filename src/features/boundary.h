@@ -31,6 +31,8 @@ public:
     void SaveDrawingOptions();
     /// Takes over what another feature of that name has stored, with all that hangs on it; false if nothing.
     bool FollowStored();
+    /// Reads everything but the data anew, as at a start. False if all is what it was.
+    bool ReadStored();
 
     /// The points for the filled drawing; empty with fewer than 3 points.
     const CXYArray& GetPolygon() const;

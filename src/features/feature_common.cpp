@@ -1,5 +1,7 @@
 #include "features/feature_common.h"
 
+#include <array>
+
 #include "foundation/config_file.h"
 #include "foundation/paths.h"
 #include "foundation/settings_lines.h"
@@ -24,11 +26,26 @@ void CFeatureCommon::SetPathAndLoad(std::string_view newPath) {
     const tagPathParts parts = SplitPath(path);
     folder = parts.folder;
     name = parts.name;
+    ReadCommon();
+}
+
+bool CFeatureCommon::ReadCommon() {
+    const bool shown = Status, lit = Highlight;
     Status = true;
     Highlight = false;
     CConfigFile file(files);
     if (HasFlagsFile() && file.OpenForReadIn(folder, name)) ReadLines(file, *this);
     NoteLines(*this, storedFlags);
+    return Status != shown || Highlight != lit;
+}
+
+void CFeatureCommon::KeepCommon() {
+    const std::array now = {Status, Highlight};
+    const bool stored = storedFlags.values.size() == now.size() && storedFlags.values[0] == SettingsValue(Status) &&
+                        storedFlags.values[1] == SettingsValue(Highlight);
+    if (stored || triedFlags == now || !HasFlagsFile()) return;
+    SaveCommon();
+    triedFlags = now;
 }
 
 void CFeatureCommon::SaveCommon() {

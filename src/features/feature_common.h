@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,6 +25,10 @@ public:
     void SaveCommon();
     /// Takes over what another feature of the same data file has stored; false if nothing.
     bool FollowCommon();
+    /// Reads the flags as they are stored; false if they are what they were.
+    bool ReadCommon();
+    /// Writes the flags if they aren't what is stored. Where that failed, it is tried again when they change.
+    void KeepCommon();
 
     const std::string& GetPath() const { return path; }
     /// Ends in a separator.
@@ -49,6 +55,7 @@ private:
     std::string name;
     bool stub = false;
     StoredLines storedFlags;
+    std::optional<std::array<bool, 2>> triedFlags;  ///< the last that KeepCommon wrote, or tried to
 };
 
 }  // namespace quillon

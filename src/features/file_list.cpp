@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "foundation/config_file.h"
+#include "foundation/folders.h"
 #include "platform/text.h"
 
 namespace quillon {
@@ -62,6 +63,69 @@ bool CFileListBase::ReadAgain(int index) {
     return true;
 }
 
+bool CFileListBase::ReadWhole(int index) {
+    // Copied: the member goes.
+    const std::string path = GetPath(index);
+    if (!AppendFile(path, true)) return false;
+    RemoveAt(index);
+    MoveMember(GetCount() - 1, index);
+    if (editState.editFileIndex == index) SetEditCursor(-1, -1);
+    changed = true;
+    return true;
+}
+
+// ---- The list's own files ----
+
+bool CFileListBase::IsPathsFile(std::string_view path) const {
+    return EqualNoCase(path, GetSettingsPath(files, settingsName, "FLS"));
+}
+
+bool CFileListBase::IsCursorFile(std::string_view path) const {
+    return HasCursorFile() && EqualNoCase(path, GetSettingsPath(files, settingsName));
+}
+
+/// Each once, regardless of case.
+std::vector<std::string> CFileListBase::StoredPaths() const {
+    std::vector<std::string> stored;
+    std::unordered_set<std::string> seen;
+    CConfigFile file(files);
+    if (!file.OpenForRead(settingsName, "FLS")) return stored;
+    std::string_view line;
+    file.ReadLine(line);  // the section's head
+    while (file.ReadLine(line)) {
+        if (!Trim(line).empty() && seen.insert(ToUpper(line)).second) stored.emplace_back(line);
+    }
+    return stored;
+}
+
+std::vector<int> CFileListBase::ReadPathsAgain() {
+    std::unordered_set<std::string> held;
+    for (const std::string& path : GetPaths()) held.insert(ToUpper(path));
+    std::vector<int> came;
+    int place = 0;
+    for (const std::string& path : StoredPaths()) {
+        const bool stays = held.contains(ToUpper(path));
+        if (!stays && !AppendFile(path, true)) continue;
+        int member = stays ? place : GetCount() - 1;
+        // One that stays is nearly always the next.
+        while (stays && !EqualNoCase(GetPath(member), path)) ++member;
+        if (!stays) came.push_back(place);
+        MoveMember(member, place++);
+    }
+    while (GetCount() > place) RemoveAt(GetCount() - 1);
+    return came;
+}
+
+void CFileListBase::ReadCursorAgain() {
+    CConfigFile indexes(files);
+    if (!HasCursorFile()) return;
+    ResetEditCursor();
+    if (!indexes.OpenForRead(settingsName)) return;
+    const int file = indexes.ReadInt(-1);
+    const int point = indexes.ReadInt(-1);
+    SetEditCursor(file, point);
+}
+
 std::vector<std::string> CFileListBase::GetPaths() const {
     std::vector<std::string> paths;
     paths.reserve(static_cast<std::size_t>(GetCount()));
@@ -70,25 +134,8 @@ std::vector<std::string> CFileListBase::GetPaths() const {
 }
 
 void LoadFileList(CFileListBase& list) {
-    CConfigFile paths(list.GetFiles());
-    if (paths.OpenForRead(list.GetSettingsName(), "FLS")) {
-        std::string_view line;
-        paths.ReadLine(line);  // the section's head
-        // In capitals, so that no path costs a look at every member.
-        std::unordered_set<std::string> held;
-        for (const std::string& path : list.GetPaths()) held.insert(ToUpper(path));
-        while (paths.ReadLine(line)) {
-            if (Trim(line).empty() || held.contains(ToUpper(line))) continue;
-            const int before = list.GetCount();
-            list.AppendFile(line, true);
-            for (int i = before; i < list.GetCount(); ++i) held.insert(ToUpper(list.GetPath(i)));
-        }
-    }
-    CConfigFile indexes(list.GetFiles());
-    if (!list.HasCursorFile() || !indexes.OpenForRead(list.GetSettingsName())) return;
-    const int file = indexes.ReadInt(-1);
-    const int point = indexes.ReadInt(-1);
-    list.SetEditCursor(file, point);
+    list.ReadPathsAgain();
+    list.ReadCursorAgain();
 }
 
 }  // namespace quillon

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <memory>
@@ -64,6 +65,19 @@ public:
     /// there. A member without data is read with its settings, as at its first time. False, with the member as it was,
     /// if the file can't be opened. `index` is valid.
     bool ReadAgain(int index);
+    /// Puts a new feature in the member's place, read with its settings as at a start. False, with the member as it
+    /// was, if none comes of the file. `index` is valid.
+    bool ReadWhole(int index);
+
+    /// Whether the path is that of the list's own file of paths.
+    bool IsPathsFile(std::string_view path) const;
+    /// Whether the path is that of the file that the list keeps its cursor in.
+    bool IsCursorFile(std::string_view path) const;
+    /// Brings the members in line with the file of paths: those that stay keep their place in memory, the others are
+    /// dropped or read. The members that came, in their order. Writes nothing and moves no cursor.
+    std::vector<int> ReadPathsAgain();
+    /// Puts the cursor where its file says.
+    void ReadCursorAgain();
 
     bool IsEmpty() const { return GetCount() == 0; }
     bool IsValidIndex(int index) const { return index >= 0 && index < GetCount(); }
@@ -93,6 +107,8 @@ protected:
     /// gives nothing is kept in any case.
     virtual bool AppendFile(std::string_view path, bool keepUseless) = 0;
     virtual bool ReadMemberAgain(int index) = 0;
+    /// Moves a member to a place further ahead.
+    virtual void MoveMember(int from, int to) = 0;
     /// The head of the section that the paths are listed under.
     virtual std::string_view GetSection() const = 0;
     /// Whether the list keeps its cursor in an "INI" file.
@@ -100,6 +116,8 @@ protected:
     std::vector<std::string> GetPaths() const;
 
 private:
+    std::vector<std::string> StoredPaths() const;
+
     FileSystem& files;
     std::string settingsName;
 };
@@ -131,6 +149,10 @@ protected:
     bool ReadMemberAgain(int index) override {
         if constexpr (requires(Feature & feature) { feature.ReadAgain(); }) return (*this)[index].ReadAgain();
         return false;
+    }
+    void MoveMember(int from, int to) override {
+        const auto begin = members.begin();
+        std::rotate(begin + to, begin + from, begin + from + 1);
     }
 
 private:

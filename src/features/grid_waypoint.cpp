@@ -138,6 +138,13 @@ bool CGridWaypoint::FollowStored() {
     return followed;
 }
 
+bool CGridWaypoint::ReadStored() {
+    const WaypointSettings before = *this;
+    LoadSettings();
+    if (dataOrder != before.dataOrder) ReadAgain();
+    return before != static_cast<const WaypointSettings&>(*this);
+}
+
 const WaypointOrder& CGridWaypoint::Order() const {
     const bool known = dataOrder >= 0 && dataOrder < static_cast<std::int32_t>(kWaypointOrders.size());
     return kWaypointOrders[known ? static_cast<std::size_t>(dataOrder) : 0];

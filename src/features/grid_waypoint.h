@@ -98,6 +98,9 @@ public:
     void SaveSettings();
     /// Takes over what another file of that name has stored, the points with the data order; false if nothing.
     bool FollowStored();
+    /// Reads everything but the data anew, as at a start, with all that hangs on it; the data only where their order is
+    /// another. False if all is what it was.
+    bool ReadStored();
 
     /// Gives nameless points their names: "Wpt n" by their place, from 1. In the orders without a name all are named
     /// so.

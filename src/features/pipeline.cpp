@@ -179,6 +179,19 @@ bool CPipeline::FollowStored() {
     return true;
 }
 
+bool CPipeline::ReadStored() {
+    const PipelineSettings before = *this;
+    ReadSettings();
+    if (before == static_cast<const PipelineSettings&>(*this)) return false;
+    if (dataOrder != before.dataOrder) {
+        ReadAgain();
+    } else {
+        ComputeKps();
+        ComputeCorridor();
+    }
+    return true;
+}
+
 void CPipeline::WriteActive() const {
     CConfigFile file(files);
     if (!file.OpenSettingsForWrite(kActiveName)) return;

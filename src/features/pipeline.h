@@ -96,6 +96,9 @@ public:
     void WriteSettings();
     /// Takes over what another pipeline of that name has stored, with all that hangs on it; false if nothing.
     bool FollowStored();
+    /// Reads everything but the data anew, as at a start, with all that hangs on it; the data only where their order is
+    /// another. False if all is what it was.
+    bool ReadStored();
     /// Notes this pipeline as the active one.
     void WriteActive() const;
 

@@ -148,6 +148,19 @@ bool CRoute::FollowStored() {
     return flags || drawing || corridor || reordered;
 }
 
+bool CRoute::ReadStored() {
+    const CDrawingOptions drawing = *this;
+    const CCorridor corridor = *this;
+    const bool flags = ReadCommon();
+    LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
+    LoadCorridor(GetFiles(), GetName());
+    const std::int32_t order = LoadDataOrder(GetFiles(), GetPath());
+    const bool reordered = std::exchange(dataOrder, order) != order;
+    if (reordered) ReadAgain();
+    ComputeCorridor();
+    return flags || reordered || drawing != *this || corridor != *this;
+}
+
 void CRoute::SaveDrawingOptions() {
     SaveDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
 }
@@ -186,6 +199,7 @@ bool CRoute::WriteCoordinateList() const {
     CStdioFile file(GetFiles());
     const std::string folder = GetDataFolder(GetFiles(), kFolder);
     if (!file.OpenForWriting(folder + GetName() + "_CoordList.CSV", FILE_MODE::BINARY)) return false;
+    file.SetIsResult();
     for (Index i = 0; i < GetSize(); ++i) {
         const RouteDef& record = (*this)[i];
         if (i == 0 || i == GetUpperBound() || record.radius == 0.0) {

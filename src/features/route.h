@@ -39,6 +39,9 @@ public:
     void SaveDrawingOptions();
     /// Takes over what another feature of that name has stored, with all that hangs on it; false if nothing.
     bool FollowStored();
+    /// Reads everything but the data anew, as at a start, with all that hangs on it; the data only where their order is
+    /// another. False if all is what it was.
+    bool ReadStored();
     void SaveCorridorOptions();
     void SaveOrder() const { SaveDataOrder(GetFiles(), GetName(), dataOrder); }
     /// Rewrites the data file by the data order, with 3 decimals, and the data order and the flags with it. What the

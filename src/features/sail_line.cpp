@@ -86,6 +86,16 @@ bool CSailLine::FollowStored() {
     return flags || drawing || reordered;
 }
 
+bool CSailLine::ReadStored() {
+    const CDrawingOptions drawing = *this;
+    const bool flags = ReadCommon();
+    LoadDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
+    const std::int32_t order = LoadDataOrder(GetFiles(), GetPath());
+    const bool reordered = std::exchange(dataOrder, order) != order;
+    if (reordered) ReadAgain();
+    return flags || reordered || drawing != *this;
+}
+
 void CSailLine::SaveDrawingOptions() {
     SaveDrawing(GetFiles(), GetDataFolder(GetFiles(), kFolder), GetName());
 }

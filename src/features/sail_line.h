@@ -47,6 +47,9 @@ public:
     void SaveDrawingOptions();
     /// Takes over what another feature of that name has stored, with all that hangs on it; false if nothing.
     bool FollowStored();
+    /// Reads everything but the data anew, as at a start, with all that hangs on it; the data only where their order is
+    /// another. False if all is what it was.
+    bool ReadStored();
     void SaveOrder() const;
 
     std::int32_t dataOrder = 0;

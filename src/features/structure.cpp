@@ -126,6 +126,7 @@ bool CStructure::ReadFrom(CStdioFile& file) {
         report.Count(PASSED_OVER::NO);
     }
     if (block == BLOCK::CUT) report.Count(PASSED_OVER::CUT_BLOCK);
+    written = records;
     Adopt(std::move(records));
     return !IsEmpty();
 }
@@ -161,7 +162,15 @@ bool CStructure::Write() {
     // What was only shown is in the file now.
     SetStub(false);
     SetReadStamp(GetFiles().Stamp(GetPath()));
+    written.assign(begin(), end());
     return true;
+}
+
+void CStructure::KeepUnsaved() {
+    KeepCommon();
+    const bool isWritten = std::equal(begin(), end(), written.begin(), written.end());
+    if (isWritten || IsStub() || ChangeOnDisk(GetFiles(), GetPath()) != DISK_CHANGE::NONE) return;
+    Write();
 }
 
 // ---- The list ----

@@ -45,6 +45,12 @@ public:
     void MakeStub(std::string_view path, const StructureDef& record);
     /// Rewrites the data file. False, with the file as it was, if it can't be written.
     bool Write();
+    /// Writes the data file if the structures aren't what it holds, and the flags likewise: a pane doesn't write a
+    /// structure that was only added or renamed. What a file of no use shows isn't written.
+    void KeepUnsaved();
+
+private:
+    std::vector<StructureDef> written;  ///< what the data file holds
 };
 
 /// The structure files of a job, and the drawings that serve as shapes.

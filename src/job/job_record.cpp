@@ -15,7 +15,7 @@
 namespace quillon {
 namespace {
 
-constexpr std::array<std::string_view, 3> kSettingsExtensions = {"INI", "DRW", "COR"};
+constexpr std::array<std::string_view, 4> kSettingsExtensions = {"INI", "DRW", "COR", "DXI"};
 /// What stands behind the name of a data file in the names of its settings files.
 constexpr std::array<std::string_view, 4> kSettingsSuffixes = {"_PIPELINE", "_GRID_WAYPOINT", "_DATA_ORDER", "_RPL"};
 
@@ -47,6 +47,11 @@ std::string SettingsOwner(const std::string& path) {
 }
 
 }  // namespace
+
+bool MayHoldSettingsOf(const std::string& path, const std::string& dataPath) {
+    const std::string owner = SettingsOwner(path);
+    return !owner.empty() && SettingsName(SplitPath(dataPath).name) == owner;
+}
 
 JobRecord::JobRecord(FileSystem& files)
     : boundaries(files),
@@ -91,7 +96,7 @@ void JobRecord::Load() {
 
 void JobRecord::OnFileWritten(const std::string& path) {
     const std::string owner = SettingsOwner(path);
-    if (owner.empty()) return;
+    if (owner.empty() || !following) return;
     for (const JobKind& kind : JobKinds()) {
         for (int i = 0; i < kind.fileCount(*this); ++i) {
             if (SettingsName(SplitPath(kind.path(*this, i)).name) == owner) kind.followStored(*this, i);
@@ -107,6 +112,13 @@ bool JobRecord::ReadTargetsRestored(std::span<const std::string> paths) {
         std::any_of(paths.begin(), paths.end(), [&plot](const std::string& path) { return EqualNoCase(path, plot); });
     if (isPlot) targetPlot.Load(routes.GetFiles());
     return vessel || object || isPlot;
+}
+
+void JobRecord::KeepUnsaved() {
+    for (const JobKind& kind : JobKinds()) {
+        if (!kind.keepUnsaved) continue;
+        for (int i = 0; i < kind.fileCount(*this); ++i) kind.keepUnsaved(*this, i);
+    }
 }
 
 std::size_t JobRecord::ClearLeftovers() {

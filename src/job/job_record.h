@@ -24,6 +24,9 @@
 
 namespace quillon {
 
+/// Whether a file may hold settings of a data file: by their names, in whatever folder.
+bool MayHoldSettingsOf(const std::string& path, const std::string& dataPath);
+
 /// Everything that a job holds: what a host owns and lends to the panes. It outlives them. What there is of each kind
 /// is asked through the table of kinds, kinds.h.
 ///
@@ -45,6 +48,10 @@ struct JobRecord : private FileWatcher {
 
     /// Reads vessels, templates and the target plot anew whose files' bytes were put back. True if that was any.
     bool ReadTargetsRestored(std::span<const std::string> paths);
+    /// Writes what the panes leave unwritten: flags beside data files, structures that were added or renamed.
+    void KeepUnsaved();
+    /// Off, the features don't follow what is written: for who puts files back and reads them anew when all are there.
+    void SetFollowing(bool on) { following = on; }
 
     CBoundaryList boundaries;
     CGridWaypointList waypoints;
@@ -70,6 +77,8 @@ struct JobRecord : private FileWatcher {
 
 private:
     void OnFileWritten(const std::string& path) override;
+
+    bool following = true;
 };
 
 }  // namespace quillon

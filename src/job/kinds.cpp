@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <numeric>
 #include <type_traits>
 #include <utility>
 
@@ -10,6 +11,7 @@
 #include "features/rpl_place.h"
 #include "foundation/paths.h"
 #include "job/shape_place.h"
+#include "platform/text.h"
 
 namespace quillon {
 namespace {
@@ -105,6 +107,7 @@ struct ListFiles {
     static CFileListBase* ListOf(JobRecord& job) { return &(job.*List); }
     static int Count(const JobRecord& job) { return (job.*List).GetCount(); }
     static auto& At(auto& job, int file) { return (job.*List)[file]; }
+    static std::vector<int> ReadRestored(JobRecord& job, const RestoredFiles& restored);
 };
 
 /// The shapes come first: a file of no use gets a structure with the first of them.
@@ -127,15 +130,35 @@ struct PipeRouteFile {
         if (file != 0 || Count(job) == 0) throw InvalidArgument("no pipe route");
         return job.pipeRoute;
     }
+    static std::vector<int> ReadRestored(JobRecord& job, const RestoredFiles& restored);
 };
 
+template <class Member>
+void KeepUnsaved(Member& member) {
+    if constexpr (requires { member.KeepUnsaved(); }) {
+        member.KeepUnsaved();
+    } else {
+        member.KeepCommon();
+    }
+}
+
+/// Null for a kind without flags beside the data file.
 template <class Files>
-CFeatureCommon* CommonOf(JobRecord& job, int file) {
-    auto& member = Files::At(job, file);
-    if constexpr (std::is_base_of_v<CFeatureCommon, std::remove_reference_t<decltype(member)>>) {
-        return &member;
+constexpr auto MakeKeepUnsaved() -> void (*)(JobRecord&, int) {
+    using Member = std::remove_reference_t<decltype(Files::At(std::declval<JobRecord&>(), 0))>;
+    if constexpr (std::is_base_of_v<CFeatureCommon, Member>) {
+        return [](JobRecord& job, int file) { KeepUnsaved(Files::At(job, file)); };
     } else {
         return nullptr;
+    }
+}
+
+template <class Member>
+bool ReadStored(Member& member) {
+    if constexpr (requires { member.ReadStored(); }) {
+        return member.ReadStored();
+    } else {
+        return member.ReadCommon();
     }
 }
 
@@ -177,6 +200,39 @@ bool FollowStored(JobRecord& job, int file) {
     }
 }
 
+// ---- Files that were put back ----
+
+template <auto List>
+std::vector<int> ListFiles<List>::ReadRestored(JobRecord& job, const RestoredFiles& restored) {
+    auto& list = job.*List;
+    std::vector<int> renewed;
+    const bool members = restored.HasPathsOf(list);
+    const std::vector<int> came = members ? list.ReadPathsAgain() : std::vector<int>();
+    for (int i = 0; i < list.GetCount(); ++i) {
+        const bool differs = std::binary_search(came.begin(), came.end(), i) ||
+                             (restored.Has(list.GetPath(i)) && list.ReadWhole(i)) ||
+                             (restored.HasSettingsOf(list.GetPath(i)) && ReadStored(list[i]));
+        if (differs) renewed.push_back(i);
+    }
+    if (members) list.SetEditCursor(-1, -1);
+    if (restored.HasCursorOf(list)) list.ReadCursorAgain();
+    list.changed |= members || !renewed.empty();
+    return renewed;
+}
+
+std::vector<int> PipeRouteFile::ReadRestored(JobRecord& job, const RestoredFiles& restored) {
+    CPipeline& route = job.pipeRoute;
+    const std::string active = ReadActivePipeline(job.routes.GetFiles());
+    if (active.empty()) {
+        if (Count(job) > 0) route.Clear();
+        return {};
+    }
+    const bool differs = (active != route.GetPath() || restored.Has(active))
+                             ? (route.Load(active), true)
+                             : restored.HasSettingsOf(active) && route.ReadStored();
+    return differs ? std::vector{0} : std::vector<int>();
+}
+
 /// A row of the table. The functions are named here once; a kind gives the overloads above and says where its files
 /// are.
 template <class Files>
@@ -204,10 +260,17 @@ constexpr JobKind MakeKind(KIND id, FEATURE_TYPES type, std::string_view name, s
             .isDisplayed = [](Record job, int file) { return IsShown(Files::At(job, file)); },
             .look = [](Record job, int file) { return LookOf(Files::At(job, file)); },
             .followStored = FollowStored<Files>,
-            .common = CommonOf<Files>};
+            .keepUnsaved = MakeKeepUnsaved<Files>(),
+            .readRestored = Files::ReadRestored};
 }
 
 // ---- What lies under the chart ----
+
+std::vector<int> AllOf(int count) {
+    std::vector<int> numbers(static_cast<std::size_t>(count));
+    std::iota(numbers.begin(), numbers.end(), 0);
+    return numbers;
+}
 
 /// Kinds whose loads take long: they are the host's, and look themselves whether a file has changed.
 struct LoadedByHost {
@@ -234,6 +297,14 @@ struct DtmFiles : LoadedByHost {
     }
     static bool IsShown(const JobRecord& job, int) { return job.dtm.IsLoaded() || job.dtm.displayCoverage; }
     static bool Follow(JobRecord&, int) { return false; }
+    static std::vector<int> ReadRestored(JobRecord& job, const RestoredFiles& restored) {
+        if (!restored.Has(GetSettingsPath(job.routes.GetFiles(), "DTM"))) return {};
+        const auto before = std::exchange(job.dtm.fileName, {});
+        job.dtm.ReadSettings();
+        // The host loads what is named now.
+        if (job.dtm.fileName != before) job.dtm.Unload();
+        return AllOf(Count(job));
+    }
     static KindLook LookOf(const JobRecord& job, int file) {
         return {.line = job.dtm.pen[Checked(job, file)], .filled = true};
     }
@@ -271,6 +342,24 @@ struct ShapeFiles : LoadedByHost {
         shape->ReadSettings();
         return before != static_cast<const ShapeOptions&>(*shape);
     }
+    /// Shapes that came are loaded by the host.
+    static std::vector<int> ReadRestored(JobRecord& job, const RestoredFiles& restored) {
+        std::vector<int> renewed;
+        if (restored.Has(GetSettingsPath(job.shapes.GetFiles(), job.shapes.name, "FLS"))) {
+            const std::vector<std::string> before = std::exchange(job.shapes.files.paths, {});
+            job.shapes.ReadFiles();
+            const std::vector<std::string>& now = job.shapes.files.paths;
+            for (const std::string& path : before) {
+                if (std::find(now.begin(), now.end(), path) == now.end()) job.shapes.Remove(path);
+            }
+            renewed = AllOf(Count(job));
+        }
+        for (int i = 0; i < Count(job); ++i) {
+            if (restored.HasSettingsOf(Path(job, i)) && Follow(job, i) && !std::count(renewed.begin(), renewed.end(), i))
+                renewed.push_back(i);
+        }
+        return renewed;
+    }
     static KindLook LookOf(const JobRecord& job, int file) {
         const auto shape = job.shapes.Find(Path(job, file));
         return {.line = shape ? shape->pen : ShapeOptions().pen, .filled = true};
@@ -280,6 +369,20 @@ struct ShapeFiles : LoadedByHost {
 /// The members of a list of drawings.
 template <auto List>
 struct BackgroundFiles {
+    /// `read` reads a member that came, `follow` tells whether a member that stayed has other settings now.
+    template <class Read, class FollowStored>
+    static std::vector<int> ReadList(JobRecord& job, const RestoredFiles& restored, Read read, FollowStored follow) {
+        auto& list = job.*List;
+        const bool members = restored.Has(list.GetSettingsPath());
+        const std::vector<int> came = members ? list.ReadPathsAgain() : std::vector<int>();
+        for (const int file : came) read(list[file]);
+        if (members) return AllOf(Count(job));
+        std::vector<int> renewed;
+        for (int i = 0; i < Count(job); ++i) {
+            if (follow(list[i])) renewed.push_back(i);
+        }
+        return renewed;
+    }
     static bool Follow(JobRecord&, int) { return false; }
     static int Count(const JobRecord& job) { return (job.*List).GetCount(); }
     static const std::string& Path(const JobRecord& job, int file) { return (job.*List)[file].fileName; }
@@ -312,6 +415,13 @@ struct DigFiles : BackgroundFiles<&JobRecord::digs> {
         if (!dig.fault.empty()) notes.push_back(NameOfPath(dig.fileName) + ".DIG isn't written: " + dig.fault);
         return notes;
     }
+    static std::vector<int> ReadRestored(JobRecord& job, const RestoredFiles& restored) {
+        const std::scoped_lock lock(job.digMutex);
+        LoadProgress progress;
+        return ReadList(
+            job, restored, [&](CDig& dig) { LoadDigFile(dig, progress); },
+            [&](CDig& dig) { return restored.Has(dig.DigPath()) && (LoadDigFile(dig, progress), true); });
+    }
     static bool IsShown(const JobRecord& job, int file) { return job.digs[file].header.display != 0; }
     static KindLook LookOf(const JobRecord& job, int file) {
         const CDig& dig = job.digs[file];
@@ -337,6 +447,12 @@ struct DxfFiles : BackgroundFiles<&JobRecord::drawings> {
     }
     static std::vector<std::string> Notes(const JobRecord& job, int file) {
         return job.drawings[file].report.Sentences();
+    }
+    static std::vector<int> ReadRestored(JobRecord& job, const RestoredFiles& restored) {
+        const std::scoped_lock lock(job.dxfMutex);
+        return ReadList(
+            job, restored, [](CDxf& dxf) { ReadDxfFile(dxf); },
+            [&](CDxf& dxf) { return restored.HasSettingsOf(dxf.fileName) && (dxf.LoadSettings(), true); });
     }
     static bool IsShown(const JobRecord& job, int file) { return job.drawings[file].use; }
     static KindLook LookOf(const JobRecord& job, int file) {
@@ -369,7 +485,8 @@ constexpr JobKind MakeUnderlay(KIND id, std::string_view name) {
             .isDisplayed = Files::IsShown,
             .look = Files::LookOf,
             .followStored = Files::Follow,
-            .common = [](JobRecord&, int) -> CFeatureCommon* { return nullptr; }};
+            .keepUnsaved = nullptr,
+            .readRestored = Files::ReadRestored};
 }
 
 /// Curves lie beside the points that shape them.
@@ -405,6 +522,23 @@ consteval bool StandInOrder() {
 static_assert(StandInOrder(), "every kind has its row, at the place of its number");
 
 }  // namespace
+
+bool RestoredFiles::Has(std::string_view path) const {
+    return std::any_of(paths.begin(), paths.end(), [&](const std::string& own) { return EqualNoCase(own, path); });
+}
+
+bool RestoredFiles::HasPathsOf(const CFileListBase& list) const {
+    return std::any_of(paths.begin(), paths.end(), [&](const std::string& own) { return list.IsPathsFile(own); });
+}
+
+bool RestoredFiles::HasCursorOf(const CFileListBase& list) const {
+    return std::any_of(paths.begin(), paths.end(), [&](const std::string& own) { return list.IsCursorFile(own); });
+}
+
+bool RestoredFiles::HasSettingsOf(const std::string& dataPath) const {
+    return std::any_of(paths.begin(), paths.end(),
+                       [&](const std::string& own) { return MayHoldSettingsOf(own, dataPath); });
+}
 
 std::span<const JobKind, kKindCount> JobKinds() {
     return kKinds;

@@ -44,6 +44,21 @@ struct KindLook {
     friend bool operator==(const KindLook&, const KindLook&) = default;
 };
 
+/// Files whose bytes were put back.
+class RestoredFiles {
+public:
+    explicit RestoredFiles(std::span<const std::string> restored) : paths(restored) {}
+
+    bool Has(std::string_view path) const;
+    bool HasPathsOf(const CFileListBase& list) const;
+    bool HasCursorOf(const CFileListBase& list) const;
+    /// By their names: it may be another file's of that name.
+    bool HasSettingsOf(const std::string& dataPath) const;
+
+private:
+    std::span<const std::string> paths;
+};
+
 /// What every floor above asks of a kind. Files are known by their number within the kind, from 0, and their points
 /// (waypoints, legs' ends, lines) by their number within the file; InvalidArgument for what isn't there. What lies
 /// under the chart as a whole has files, and no points and no edit cursor.
@@ -84,8 +99,10 @@ struct JobKind {
     KindLook (*look)(const JobRecord& job, int file);
     /// Takes over what another feature has stored in settings files that they share; false if nothing.
     bool (*followStored)(JobRecord& job, int file);
-    /// The flags that lie beside the data file; null where the kind keeps none there.
-    CFeatureCommon* (*common)(JobRecord& job, int file);
+    /// Writes what the panes leave unwritten, flags above all; null where they leave nothing.
+    void (*keepUnsaved)(JobRecord& job, int file);
+    /// Reads anew what stands in files that were put back; the numbers of the files that are others than they were.
+    std::vector<int> (*readRestored)(JobRecord& job, const RestoredFiles& restored);
 };
 
 /// Every kind, in the order of their numbers.

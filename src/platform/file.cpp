@@ -72,6 +72,9 @@ int FileCalls::Sync(int fd) {
 int FileCalls::Rename(const char* from, const char* to) {
     return ::rename(from, to);
 }
+int FileCalls::Remove(const char* path) {
+    return ::unlink(path);
+}
 
 namespace {
 
@@ -157,6 +160,17 @@ void FileSystem::TellWritten(const std::string& path) const {
 
 void FileSystem::TellSaveFailed(const FailedSave& failed) const {
     if (commitObserver) commitObserver->OnSaveFailed(failed);
+}
+
+bool FileSystem::Remove(std::string_view path, std::string& fault) const {
+    const fs::path native = Native(path);
+    errno = EROFS;
+    if (access == FILE_ACCESS::READ_ONLY || Retry([&] { return calls->Remove(native.c_str()); }) != 0) {
+        fault = FaultText(errno);
+        return false;
+    }
+    FlushFolderOf(*calls, native);
+    return true;
 }
 
 std::size_t FileSystem::ClearLeftovers(std::string_view folder) const {
@@ -357,13 +371,13 @@ bool CStdioFile::Commit() {
     const std::unique_ptr<FileWriter> ending = std::move(writer);
     if (!ending) return false;
     CommitObserver* const observer = files.Observer();
-    std::optional<std::string> before = observer ? ending->Before() : std::nullopt;
+    std::optional<std::string> before = observer && !isResult ? ending->Before() : std::nullopt;
     if (!ending->Commit(fault)) {
         files.TellSaveFailed({writtenPath, fault});
         return false;
     }
     stamp = ending->Stamp();
-    if (observer) observer->OnCommitted({writtenPath, std::move(before), ending->Bytes()});
+    if (observer) observer->OnCommitted({writtenPath, std::move(before), ending->Bytes(), isResult});
     files.TellWritten(writtenPath);
     return true;
 }
@@ -373,6 +387,7 @@ void CStdioFile::Close() {
     writer.reset();
     stamp.reset();
     fault.clear();
+    isResult = false;
 }
 
 }  // namespace quillon

@@ -18,6 +18,8 @@ struct FileCommit {
     std::string path;                   ///< as the writer was given it
     std::optional<std::string> before;  ///< the bytes replaced; none if there was no file
     std::string_view after;
+    /// Made for others, such as a table exported, and no part of a job; `before` isn't told.
+    bool isResult = false;
 };
 
 /// A save that failed; the old file stands.
@@ -96,6 +98,9 @@ public:
     bool DriveIsFixed(char letter) const;
     FOLDER_RESULT CreateFolder(std::string_view path) const;
     std::optional<FileStamp> Stamp(std::string_view path) const;
+    /// Removes a file for good, also over a loss of power. Nobody is told. False, with the reason in `fault`, if it
+    /// stays.
+    bool Remove(std::string_view path, std::string& fault) const;
     /// Removes the new files that killed writers left in a folder; the count removed. For a start.
     std::size_t ClearLeftovers(std::string_view folder) const;
 
@@ -178,6 +183,9 @@ public:
     /// The commit fails unless what it replaces is the file with that stamp (none: there is no file).
     void ExpectStamp(const std::optional<FileStamp>& expected);
 
+    /// Says, behind OpenForWriting, that the file is made for others and no part of a job.
+    void SetIsResult() { isResult = true; }
+
     /// Replaces the file with what was written and closes. False leaves the old file as it was.
     bool Commit();
     /// Ends reading; drops what was written without a commit.
@@ -193,6 +201,7 @@ private:
     std::string writtenPath;
     std::string fault;
     std::optional<FileStamp> stamp;
+    bool isResult = false;
 };
 
 }  // namespace quillon

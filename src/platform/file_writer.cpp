@@ -20,13 +20,6 @@ constexpr int kMostLinks = 40;
 /// No writer takes that long from opening its file to committing it, seconds.
 constexpr std::int64_t kOldSeconds = 60;
 
-/// A rename is on the disk only when its folder is.
-void FlushFolderOf(FileCalls& calls, const fs::path& path) {
-    const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
-    const Descriptor fd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (fd) calls.Sync(fd.Get());
-}
-
 /// The file that a path names in the end: links are followed, also to a file that isn't there yet. Empty for a circle.
 fs::path FollowLinks(fs::path path) {
     std::error_code error;
@@ -58,6 +51,12 @@ bool IsOld(const fs::path& path) {
 }
 
 }  // namespace
+
+void FlushFolderOf(FileCalls& calls, const fs::path& path) {
+    const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
+    const Descriptor fd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (fd) calls.Sync(fd.Get());
+}
 
 bool RemoveLeftover(const fs::path& fresh) {
     constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY;

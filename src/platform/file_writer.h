@@ -21,6 +21,9 @@ inline constexpr std::string_view kNewSuffix = ".new~";
 /// tested, a file younger than a minute counts as one being written. False if it stays.
 bool RemoveLeftover(const std::filesystem::path& fresh);
 
+/// A rename or a removal is on the disk only when its folder is.
+void FlushFolderOf(FileCalls& calls, const std::filesystem::path& path);
+
 /// Why a call of the system failed, for people: "the disk is full".
 std::string FaultText(int error);
 

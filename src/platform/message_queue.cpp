@@ -115,7 +115,13 @@ bool MessageQueue::DeliverPosted() {
         window = windows.at(next.target);
     }
     window->OnMessage(next.message);
+    if (drained && !HasPosted()) drained();
     return true;
+}
+
+bool MessageQueue::HasPosted() const {
+    const std::lock_guard lock(mutex);
+    return !posted.empty();
 }
 
 bool MessageQueue::DeliverTimer() {

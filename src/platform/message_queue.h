@@ -9,6 +9,7 @@
 #include <mutex>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quillon {
@@ -95,6 +96,11 @@ public:
     /// Called after each post (any thread) and each new timer, so that an event loop of the host comes and pumps.
     void SetWake(std::function<void()> wake);
 
+    /// Whether something posted waits to be delivered.
+    bool HasPosted() const;
+    /// Called each time that the last of what was posted has been delivered.
+    void SetDrained(std::function<void()> call) { drained = std::move(call); }
+
 private:
     struct Posted {
         WindowId target;
@@ -117,6 +123,7 @@ private:
     std::deque<Posted> posted;
     std::map<WindowId, CWnd*> windows;
     std::function<void()> wake;
+    std::function<void()> drained;  // user-interface thread only
     WindowId lastId = 0;
     std::vector<Timer> timers;  // user-interface thread only
 };

@@ -78,6 +78,19 @@ public:
     virtual void SetText(std::string_view section, std::string_view key, std::string_view value) = 0;
 };
 
+/// Told of what the operator does, act by act. What an act does may run a loop of messages of its own (a dialog); the
+/// acts in it are part of the outer one and not told.
+class ActObserver {
+public:
+    virtual ~ActObserver() = default;
+    /// `name` is for people: "Boundary: Colour".
+    virtual void OnActBegun(const std::string& name) = 0;
+    /// The act itself is over; what it has posted may not have been delivered yet.
+    virtual void OnActEnded() = 0;
+    /// No act is under way, and all that was posted has been delivered.
+    virtual void OnActsSettled() = 0;
+};
+
 /// The services that the library asks of the program it runs in. One object, handed in at start, which outlives every
 /// window. All on the user-interface thread but `Messages().Post`.
 class Platform {
@@ -120,6 +133,12 @@ public:
     /// Width of one line in the font of tables, pixels.
     virtual int TextWidth(std::string_view text) const = 0;
 
+    /// Null to tell nobody; the observer is lent.
+    void SetActObserver(ActObserver* observer) { actObserver = observer; }
+    /// An act of the operator begins and ends; see UserAct.
+    void BeginAct(const std::string& name);
+    void EndAct();
+
     /// Runs until `ended` says so, delivering messages meanwhile.
     virtual void RunModal(const std::function<bool()>& ended) = 0;
     /// Shows a dialog over the other windows until the result is dropped; a modal one keeps input from them. The dialog
@@ -144,14 +163,31 @@ protected:
     Platform(std::filesystem::path drives, std::string commandLine, std::unique_ptr<Clock> clock);
 
 private:
+    void TellSettled();
+
     FileSystem files;
     std::unique_ptr<Clock> clock;
     MessageQueue messages;
     CWnd* mainWindow = nullptr;
+    ActObserver* actObserver = nullptr;
+    int openActs = 0;
     bool night = false;
     TableMenu tableMenu;
     std::function<std::string()> printHeading;
     std::unique_ptr<PasswordLock> passwords;  // made when first asked for: the profile belongs to the derived class
+};
+
+/// An act of the operator, from here to the end of the scope. `quillon::user` makes one for all that comes through the
+/// controls; a host makes one for what it offers beside them.
+class UserAct {
+public:
+    UserAct(Platform& owner, const std::string& name) : platform(owner) { platform.BeginAct(name); }
+    ~UserAct() { platform.EndAct(); }
+    UserAct(const UserAct&) = delete;
+    UserAct& operator=(const UserAct&) = delete;
+
+private:
+    Platform& platform;
 };
 
 }  // namespace quillon

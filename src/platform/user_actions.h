@@ -14,7 +14,8 @@ namespace quillon {
 /// What the operator does to a control. For the bindings of a host and for tests; panes and dialogs don't call it.
 namespace user {
 
-// Nothing happens on a control that is disabled or hidden.
+// Each is an act of its own (see UserAct), named after the window and the row or button. Nothing happens on a control
+// that is disabled or hidden.
 
 void Press(CButton& button);
 /// Chooses an item, also the one already chosen.

@@ -28,6 +28,7 @@
 #include "panes/structure_pane.h"
 #include "support/comma_locale.h"
 #include "toolkit/text_edge.h"
+#include "window/act_list_dialog.h"
 
 namespace quillon {
 namespace {
@@ -224,6 +225,43 @@ TEST_F(MainWindowTest, ADaysWorkIsThereTheNextMorning) {
         EXPECT_FALSE(run.Dock().isFloating());
     }
     EXPECT_THAT(ChangedSince(left), ::testing::IsEmpty()) << "a start and an end change nothing";
+}
+
+TEST_F(MainWindowTest, ADaysWorkIsUndoneByKeyAndDoneAgainByTheList) {
+    Write(kNewArea, kNewAreaPoints);
+    const auto start = Files();
+    Program run(Drives(), Profile());
+    const auto action = [&](const char* key) -> QAction& {
+        for (QAction* const each : run.window.actions()) {
+            if (each->shortcut() == QKeySequence(key)) return *each;
+        }
+        throw std::logic_error(key);
+    };
+    EXPECT_FALSE(action("Ctrl+Z").isEnabled());
+    Work(run);
+    const auto worked = Files();
+    EXPECT_EQ(action("Ctrl+Z").text(), "&Undo Boundary: Display");
+    // What is typed into an editor is the editor's to take back.
+    QLineEdit editor(&run.window);
+    editor.show();
+    editor.setFocus();
+    QTest::keyClicks(&editor, "12");
+    QTest::keyClick(&editor, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(editor.text(), "");
+    EXPECT_EQ(Files(), worked);
+    run.window.Chart().setFocus();
+    for (int acts = 3; acts > 0; --acts) run.Key(QKeySequence("Ctrl+Z"));
+    EXPECT_EQ(Files(), start);
+    EXPECT_FALSE(action("Ctrl+Z").isEnabled());
+    EXPECT_EQ(action("Ctrl+Shift+Z").text(), "&Redo Boundary: Add File");
+    run.Key(QKeySequence("Ctrl+Shift+Z"));
+    ActListDialog list(run.job, &run.window);
+    ASSERT_EQ(list.List().topLevelItemCount(), 4);
+    EXPECT_EQ(list.List().currentIndex().row(), 1);
+    list.List().setCurrentItem(list.List().topLevelItem(3));
+    list.GoThere();
+    run.window.Settle();
+    EXPECT_EQ(Files(), worked);
 }
 
 TEST_F(MainWindowTest, ADecimalCommaInTheUsersLocaleChangesNoByte) {

@@ -38,15 +38,20 @@ Job::~Job() {
 }
 
 void Job::Open() {
+    const bool mayWrite = GetPlatform().Files().Access() == FILE_ACCESS::READ_WRITE;
+    if (mayWrite) FinishSwap(GetPlatform().Files());
     record.Load();
     ReadWindFarmDatabase();
-    if (GetPlatform().Files().Access() == FILE_ACCESS::READ_WRITE) record.ClearLeftovers();
+    if (mayWrite) record.ClearLeftovers();
     OpenPanes();
     targets.SetPanes(panes);
     countedFiles = CountFiles();
-    KeepFlags();
     loads.onTaken = [this](KIND kind) { OnLoaded(kind); };
     loads.Start();
+    acts.emplace(GetPlatform(), record);
+    acts->onAct = [this] {
+        if (observer) observer->OnActsChanged();
+    };
 }
 
 std::string Job::PrintHeading() const {
@@ -102,7 +107,7 @@ void Job::BringUpToDate(CMyDockablePane& pane) {
 }
 
 void Job::OnFeatureUpdate(KIND kind) {
-    KeepFlags();
+    record.KeepUnsaved();
     if (const CFileListBase* const list = ListOf(kind)) {
         for (const auto& pane : panes) {
             auto* const files = dynamic_cast<CFeaturePane*>(pane.get());
@@ -139,6 +144,7 @@ void Job::ShowInPane(CMyDockablePane& pane, const JobPoint& chosen) {
 
 bool Job::SelectPoint(const JobPoint& chosen) {
     if (!HasPoint(chosen)) return false;
+    const UserAct act(GetPlatform(), "Chart");
     MoveCursorTo(chosen);
     for (const auto& pane : panes) {
         if (KindOfPane(pane->GetDlgCtrlID()) == chosen.kind) ShowInPane(*pane, chosen);
@@ -218,10 +224,16 @@ void Job::ClearGeodesy() {
 }
 
 LRESULT Job::OnMessage(const MSG& message) {
+    if (!Answer(message)) return CWnd::OnMessage(message);
+    if (acts) acts->NoteTold(message);
+    return 0;
+}
+
+bool Job::Answer(const MSG& message) {
     if (message.message == UM_REDRAW_CHART || message.message == UM_REDRAW_VECTOR_DISPLAY) {
         OnRedraw(message.wParam);
     } else if (message.message == UM_RECOMPUTE_CATENARY_DATA) {
-        KeepFlags();
+        record.KeepUnsaved();
         RefreshRows();
         clearanceStale = true;
         if (observer) observer->OnClearanceStale();
@@ -232,9 +244,9 @@ LRESULT Job::OnMessage(const MSG& message) {
     } else if (message.message == UM_UPDATE_DTM) {
         if (observer) observer->OnDrawingChanged();
     } else {
-        return CWnd::OnMessage(message);
+        return false;
     }
-    return 0;
+    return true;
 }
 
 void Job::OnRedraw(WPARAM point) {
@@ -244,7 +256,7 @@ void Job::OnRedraw(WPARAM point) {
         if (observer) observer->OnPointShown(*shownPoint);
         return;
     }
-    KeepFlags();
+    record.KeepUnsaved();
     targets.Follow();
     RefreshRows();
     DropPointOfRemovedFile();
@@ -273,20 +285,80 @@ int Job::CountFiles() {
     return files;
 }
 
-void Job::KeepFlags() {
-    FlagsByPath now;
-    for (const JobKind& kind : JobKinds()) {
-        for (int i = 0; i < kind.fileCount(record); ++i) {
-            CFeatureCommon* const common = kind.common(record, i);
-            if (!common) break;
-            const FlagsByPath::key_type key(kind.id, common->GetPath());
-            const Flags read{common->Status, common->Highlight};
-            const auto before = flags.find(key);
-            if (before != flags.end() && before->second != read) common->SaveCommon();
-            now.emplace(key, read);
+// ---- Undo and redo ----
+
+bool Job::Undo() {
+    const std::vector<std::string> shown = ShownPaths();
+    return acts && Follow(acts->Undo(), shown);
+}
+
+bool Job::Redo() {
+    const std::vector<std::string> shown = ShownPaths();
+    return acts && Follow(acts->Redo(), shown);
+}
+
+void Job::GoToAct(std::size_t done) {
+    while (acts && acts->Done().size() > done && Undo()) continue;
+    while (acts && acts->Done().size() < done && Redo()) continue;
+}
+
+/// The path that each pane's combo is at, in the order of the panes; empty for a pane without one.
+std::vector<std::string> Job::ShownPaths() {
+    std::vector<std::string> paths;
+    for (const auto& pane : panes) {
+        auto* const files = dynamic_cast<CFeaturePane*>(pane.get());
+        const CFileListBase* const list = ListOf(KindOfPane(pane->GetDlgCtrlID()));
+        const int shown = files ? files->GetCombo().GetCurSel() : -1;
+        paths.push_back(list && list->IsValidIndex(shown) ? list->GetPath(shown) : std::string());
+    }
+    return paths;
+}
+
+/// Shows what an undo or redo has put back: the panes first, then the messages of the act itself.
+bool Job::Follow(const ActOutcome& outcome, const std::vector<std::string>& shownBefore) {
+    if (!outcome.refusal.empty()) GetPlatform().WarningMessage(outcome.refusal);
+    if (!outcome.done) return false;
+    for (std::size_t i = 0; i < panes.size(); ++i) {
+        CMyDockablePane& pane = *panes[i];
+        const KIND kind = KindOfPane(pane.GetDlgCtrlID());
+        const auto isOfKind = [kind](const RenewedFile& renewed) { return renewed.kind == kind; };
+        if (auto* const files = dynamic_cast<CFeaturePane*>(&pane)) {
+            ShowRenewed(outcome, *files, shownBefore[i]);
+        } else if (std::any_of(outcome.renewed.begin(), outcome.renewed.end(), isOfKind) || outcome.movedCursors) {
+            ListOf(kind) ? BringUpToDate(pane) : pane.Refresh();
         }
     }
-    flags = std::move(now);
+    loads.Start();
+    for (const MSG& message : outcome.told) PostMessage(message.message, message.wParam, message.lParam);
+    if (observer && outcome.told.empty()) observer->OnDrawingChanged();
+    if (observer) observer->OnActsChanged();
+    return true;
+}
+
+/// The pane goes to what came or changed, so that the operator sees what was undone; else it stays on its file as long
+/// as that is there.
+void Job::ShowRenewed(const ActOutcome& outcome, CFeaturePane& pane, const std::string& shownBefore) {
+    const KIND kind = KindOfPane(pane.GetDlgCtrlID());
+    CFileListBase& list = *ListOf(kind);
+    const FeatureEditState cursor = list.editState;
+    int wanted = list.Find(shownBefore);
+    if (wanted < 0) wanted = cursor.editFileIndex;
+    for (const RenewedFile& renewed : outcome.renewed) {
+        if (renewed.kind == kind) wanted = renewed.file;
+    }
+    CComboBox& combo = pane.GetCombo();
+    const bool staysOnFile = list.IsValidIndex(wanted) && list.GetPath(wanted) == shownBefore;
+    if (staysOnFile && combo.GetCount() == list.GetCount() && combo.GetCurSel() == wanted) {
+        const int row = pane.GetTable().GetSelection();
+        pane.RefreshRows();
+        pane.CreateTable();
+        pane.GetTable().SetSelection(row);
+    } else {
+        pane.SetupComboBox();
+        if (list.IsValidIndex(wanted)) combo.SetCurSel(wanted);
+        pane.OnCombo();
+    }
+    list.editState = cursor;
 }
 
 }  // namespace quillon

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <map>
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "host/background_loads.h"
 #include "host/job_targets.h"
+#include "job/acts.h"
 #include "job/kinds.h"
 #include "panes/feature_pane.h"
 #include "panes/pane_registry.h"
@@ -40,12 +40,14 @@ public:
     virtual void OnFocusFeature(KIND kind) = 0;
     /// The job's positions are on another grid than before, or on none that is known.
     virtual void OnGeodesyChanged() = 0;
+    /// There is another act to be undone or to be done again. Told at the end of an act, not by a message.
+    virtual void OnActsChanged() {}
 };
 
 /// The host of a job: it owns the features and the panes over them, and is the window that the panes' messages reach.
 ///
 /// Whether a feature is displayed, and whether it is on the cross profile, is kept beside its data file. Not every pane
-/// writes that file; the job does after a message, for whichever feature's flags have changed.
+/// writes that file; the job does, at the end of an act and after a message, where the flags aren't what is stored.
 class Job : public CWnd {
 public:
     explicit Job(Platform& platform);
@@ -71,6 +73,15 @@ public:
 
     void SetObserver(JobObserver* newObserver) { observer = newObserver; }
     void SetNightMode(bool night);
+
+    /// What the operator did since the job was opened; null before.
+    const ActHistory* Acts() const { return acts ? &*acts : nullptr; }
+    /// Undoes the last act: its files are put back, the features are read anew, panes and chart follow. False, and the
+    /// operator told why, if it can't be done; false too where there is nothing to undo.
+    bool Undo();
+    bool Redo();
+    /// Undoes or does again until so many acts are done, or until one can't be.
+    void GoToAct(std::size_t done);
 
     /// The operator chose a point on the chart: the list's edit cursor goes to it, the pane shows its file, and its row
     /// becomes the selected one. False, and nothing done, if there is no such point.
@@ -104,13 +115,6 @@ public:
     LRESULT OnMessage(const MSG& message) override;
 
 private:
-    struct Flags {
-        bool status;
-        bool highlight;
-        friend bool operator==(const Flags&, const Flags&) = default;
-    };
-    using FlagsByPath = std::map<std::pair<KIND, std::string>, Flags>;
-
     void OpenPanes();
     /// The job and its grid, for printed pages.
     std::string PrintHeading() const;
@@ -118,14 +122,16 @@ private:
     void MoveCursorTo(const JobPoint& point);
     void ShowStructureEdit();
     void ShowInPane(CMyDockablePane& pane, const JobPoint& chosen);
+    bool Answer(const MSG& message);
+    std::vector<std::string> ShownPaths();
+    bool Follow(const ActOutcome& outcome, const std::vector<std::string>& shownBefore);
+    void ShowRenewed(const ActOutcome& outcome, CFeaturePane& pane, const std::string& shownBefore);
     /// Null for NONE and for a kind that is in no list.
     CFileListBase* ListOf(KIND kind);
     void OnFeatureUpdate(KIND kind);
     void OnRedraw(WPARAM point);
     void RefreshRows();
     void DropPointOfRemovedFile();
-    /// Writes the flags of the features in which they differ from the last time.
-    void KeepFlags();
     int CountFiles();
 
     void OnLoaded(KIND kind);
@@ -139,7 +145,7 @@ private:
     bool clearanceStale = false;
     bool structureEdit = false;
     int countedFiles = 0;
-    FlagsByPath flags;
+    std::optional<ActHistory> acts;  // gone before what it observes
 };
 
 }  // namespace quillon

@@ -71,6 +71,16 @@ void DrawPanes(QPainter& painter) {
     for (const double y : {8.5, 12.0, 15.5}) painter.drawLine(QPointF(16.3, y), QPointF(18.7, y));
 }
 
+/// An arrow that turns back to the left.
+void DrawBack(QPainter& painter) {
+    QPainterPath turn(QPointF(4.5, 9.5));
+    turn.lineTo(14, 9.5);
+    turn.arcTo(QRectF(9, 9.5, 10.5, 9.5), 90, -180);
+    turn.lineTo(9, 19);
+    painter.drawPath(turn);
+    painter.drawPolyline(QPolygonF({{9, 5}, {4.5, 9.5}, {9, 14}}));
+}
+
 /// A route through three points on a dark sea, with the area that it crosses.
 void DrawApplication(QPainter& painter) {
     painter.setPen(Qt::NoPen);
@@ -107,6 +117,12 @@ void DrawOnGrid(QPainter& painter, ICON icon) {
             return DrawFullScreen(painter);
         case ICON::PANES:
             return DrawPanes(painter);
+        case ICON::REDO:
+            painter.translate(kGrid, 0);
+            painter.scale(-1, 1);
+            return DrawBack(painter);
+        case ICON::UNDO:
+            return DrawBack(painter);
     }
 }
 

@@ -35,6 +35,7 @@ constexpr KeyLine kPropertyKeys[] = {
     {"Return  Tab", "In an edit: take the value; Tab goes on to the next row"},
     {"Up  Down", "In an edit of a whole number: one more, one less"},
     {"Esc", "Give the edit up"},
+    {"Ctrl+Z  Ctrl+Shift+Z", "Take typing back and type it again, while a value is edited"},
     {"F4  Alt+Down", "Open the list of choices"},
     {"Ctrl+C", "Copy the value"},
 };
@@ -94,7 +95,9 @@ void ShowKeyboardHelp(QWidget* parent, const QList<QAction*>& actions) {
     QTreeWidgetItem* const everywhere = AddSection(*tree, "Everywhere");
     for (const QAction* const action : actions) {
         if (action->shortcut().isEmpty()) continue;
-        new QTreeWidgetItem(everywhere, {KeysOf(*action), action->text().remove('&').remove("...")});
+        new QTreeWidgetItem(everywhere, {KeysOf(*action), action->whatsThis().isEmpty()
+                                                               ? action->text().remove('&').remove("...")
+                                                               : action->whatsThis()});
     }
     AddLines(*tree, "Chart", kChartKeys);
     AddLines(*tree, "Job tree", JobTreeDock::Keys());

@@ -251,6 +251,7 @@ QAction* MainWindow::MakeAction(const QString& text, const QKeySequence& key, co
 
 void MainWindow::MakeActions() {
     MakeFileMenu();
+    edit.emplace(*this, job);
     MakeViewMenu();
     MakeChartMenu();
     menuBar()->addMenu(new TargetMenu(job, this));
@@ -438,6 +439,9 @@ void MainWindow::MakeToolBar() {
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     bar->addAction(addFirstAction);
     bar->addAction(exportAction);
+    bar->addSeparator();
+    bar->addAction(&edit->UndoAction());
+    bar->addAction(&edit->RedoAction());
     bar->addSeparator();
     for (QAction* const action : {zoomAllAction, zoomInAction, zoomOutAction}) bar->addAction(action);
     bar->addSeparator();

@@ -11,6 +11,7 @@
 #include "toolkit/qt_platform.h"
 #include "toolkit/theme.h"
 #include "window/chart_acts.h"
+#include "window/edit_menu.h"
 #include "window/empty_hint.h"
 #include "window/file_taker.h"
 #include "window/geodesy_display.h"
@@ -68,6 +69,7 @@ private:
     void OnFeatureUpdate(KIND kind) override;
     void OnFocusFeature(KIND kind) override;
     void OnGeodesyChanged() override;
+    void OnActsChanged() override { edit->Update(); }
 
     void ConnectChart();
     void MakeActions();
@@ -115,6 +117,7 @@ private:
     EmptyHint* hint = nullptr;  // a child of the chart
     QMenu* addMenu = nullptr;
     std::unique_ptr<ReferenceMenu> references;
+    std::optional<EditMenu> edit;  // behind the menu of files
     QAction* exportAction = nullptr;
     QAction* addFirstAction = nullptr;
     QAction* nightAction = nullptr;

@@ -135,6 +135,7 @@ void PrintPreview::SaveAsPdf() {
     const QByteArray pdf = MakePdf();
     CStdioFile file(platform.Files());
     const bool written = !pdf.isEmpty() && file.OpenForWriting(choice.path, FILE_MODE::BINARY);
+    file.SetIsResult();
     if (written) file.WriteString(std::string_view(pdf.constData(), static_cast<std::size_t>(pdf.size())));
     if (!written || !file.Commit()) {
         platform.WarningMessage(choice.path + "\ncan't be written");
