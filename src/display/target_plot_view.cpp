@@ -5,6 +5,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "drawing/contrast.h"
 #include "foundation/angle_units.h"
 #include "platform/text.h"
 
@@ -13,6 +14,9 @@ namespace {
 
 constexpr std::array<std::string_view, 4> kCardinals = {"N", "E", "S", "W"};
 constexpr COLORREF kGround = 0x000000;
+constexpr COLORREF kDayBrightest = 0xFFFFFF;
+constexpr COLORREF kNightBrightest = 0xB8B8B8;
+constexpr double kNightDim = 0.5;
 constexpr COLORREF kCentre = 0xC0C0C0;
 constexpr int kCentreArm = 6;  ///< pixels
 constexpr int kMarkArm = 5;
@@ -63,10 +67,13 @@ void CTargetPlotView::SetNightMode(bool on) {
     Invalidate();
 }
 
-/// Black can't be seen on black.
-COLORREF CTargetPlotView::ColourOf(COLORREF colour) const {
-    if ((colour & 0xFFFFFF) == kGround) colour = 0xFFFFFF;
-    return night ? (colour >> 1) & 0x7F7F7F : colour;
+COLORREF CTargetPlotView::LineColour(COLORREF colour) const {
+    return night ? Lifted(Blend(kGround, colour, kNightDim), kNightBrightest, kGround, kLeastContrast)
+                 : Lifted(colour, kDayBrightest, kGround, kLeastContrast);
+}
+
+COLORREF CTargetPlotView::TextColour(COLORREF colour) const {
+    return Lifted(LineColour(colour), night ? kNightBrightest : kDayBrightest, kGround, kLeastTextContrast);
 }
 
 // ---- Metres and pixels ----
@@ -99,7 +106,7 @@ void CTargetPlotView::Paint(CDrawDevice& device) {
     if (scale.radius < kLeastRadius || !(scale.metres > 0.0)) return;
     if (plot->display.drawRings) DrawRings(dc, scale);
     if (plot->display.drawZoneLines) DrawZones(dc, scale);
-    dc.SelectObject(CPen{PS_SOLID, 1, ColourOf(kCentre)});
+    dc.SelectObject(CPen{PS_SOLID, 1, LineColour(kCentre)});
     DrawCross(dc, scale.centre, kCentreArm);
     DrawMarks(dc, scale);
     if (plot->display.drawRings && plot->display.labelRings) DrawRingLabels(dc, scale);
@@ -107,7 +114,7 @@ void CTargetPlotView::Paint(CDrawDevice& device) {
 }
 
 void CTargetPlotView::DrawRings(CDC& dc, const Scale& scale) const {
-    dc.SelectObject(CPen{PS_SOLID, 1, ColourOf(plot->display.ringColour)});
+    dc.SelectObject(CPen{PS_SOLID, 1, LineColour(plot->display.ringColour)});
     for (int ring = 1; ring <= plot->display.ringCount; ++ring) {
         const int pixels = scale.radius * ring / plot->display.ringCount;
         dc.Ellipse(scale.centre.x - pixels, scale.centre.y - pixels, scale.centre.x + pixels + 1,
@@ -119,7 +126,7 @@ void CTargetPlotView::DrawRings(CDC& dc, const Scale& scale) const {
 void CTargetPlotView::DrawRingLabels(CDC& dc, const Scale& scale) const {
     const TargetDisplay& display = plot->display;
     if (display.ringCount < 1) return;
-    dc.SetTextColor(ColourOf(display.textColour));
+    dc.SetTextColor(TextColour(display.textColour));
     const double unit = display.nauticalMiles ? display.ringRadiusNauticalMiles : display.ringRadiusMetres;
     // Along the diagonal a line of text takes its height by the root of 2.
     const double spacing = static_cast<double>(scale.radius) / display.ringCount * std::numbers::sqrt2 / 2;
@@ -133,7 +140,7 @@ void CTargetPlotView::DrawRingLabels(CDC& dc, const Scale& scale) const {
 }
 
 void CTargetPlotView::DrawCardinals(CDC& dc, const Scale& scale) const {
-    dc.SetTextColor(ColourOf(plot->display.cardinalColour));
+    dc.SetTextColor(TextColour(plot->display.cardinalColour));
     const double pixels = scale.radius + kTextGap + dc.GetTextExtent("N").height / 2.0;
     for (std::size_t i = 0; i < kCardinals.size(); ++i) {
         CentreText(dc, PixelAt(scale, static_cast<double>(i) * std::numbers::pi / 2, pixels), kCardinals[i]);
@@ -141,7 +148,7 @@ void CTargetPlotView::DrawCardinals(CDC& dc, const Scale& scale) const {
 }
 
 void CTargetPlotView::DrawZones(CDC& dc, const Scale& scale) const {
-    dc.SelectObject(CPen{PS_SOLID, 1, ColourOf(plot->display.zoneColour)});
+    dc.SelectObject(CPen{PS_SOLID, 1, LineColour(plot->display.zoneColour)});
     for (const double zone : {plot->display.startZone, plot->display.stopZone}) {
         const tagPOINT end = PixelAt(scale, zone * kRadiansPerDegree, scale.radius);
         dc.MoveTo(scale.centre.x, scale.centre.y);
@@ -157,9 +164,9 @@ void CTargetPlotView::DrawMarks(CDC& dc, const Scale& scale) const {
         const double range = std::hypot(east, north);
         if (!(range <= scale.metres)) continue;
         const tagPOINT at = PixelAt(scale, std::atan2(east, north), range / scale.metres * scale.radius);
-        dc.SelectObject(CPen{PS_SOLID, 2, ColourOf(mark.colour)});
+        dc.SelectObject(CPen{PS_SOLID, 2, LineColour(mark.colour)});
         DrawCross(dc, at, kMarkArm);
-        dc.SetTextColor(ColourOf(mark.colour));
+        dc.SetTextColor(TextColour(mark.colour));
         dc.TextOut(at.x + kMarkArm + kTextGap, at.y - dc.GetTextExtent("0").height / 2, mark.name);
     }
 }

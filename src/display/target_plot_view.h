@@ -22,7 +22,7 @@ struct PlotMark {
 /// The target plot: range rings about its centre with their radii, the cardinal points, the zone lines, and what lies
 /// within the rings. The outermost ring fills the view; north is up, or the bearing of the plot's orientation is.
 ///
-/// The ground is black; by night everything on it is dimmed.
+/// The ground is black; by night everything on it is dimmed, as far as it can still be read.
 class CTargetPlotView : public CView, public NightControl {
 public:
     using CView::CView;
@@ -44,7 +44,8 @@ private:
     Scale MakeScale(CDC& dc) const;
     /// Where a bearing (radians) leaves a circle of so many pixels about the centre.
     static tagPOINT PixelAt(const Scale& scale, double bearing, double pixels);
-    COLORREF ColourOf(COLORREF colour) const;
+    COLORREF LineColour(COLORREF colour) const;
+    COLORREF TextColour(COLORREF colour) const;
 
     void DrawRings(CDC& dc, const Scale& scale) const;
     void DrawRingLabels(CDC& dc, const Scale& scale) const;

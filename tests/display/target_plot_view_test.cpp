@@ -79,11 +79,14 @@ TEST_F(TargetPlotViewTest, TurnsByTheOrientationAndDimsAtNight) {
     plot.display.northUp = false;
     plot.display.drawZoneLines = true;
     plot.display.startZone = plot.display.stopZone = 90;
-    plot.display.cardinalColour = 0;
+    plot.display.ringColour = plot.display.cardinalColour = RGB(255, 255, 255);
+    plot.display.textColour = 0;
     view.SetNightMode(true);
-    EXPECT_EQ(Missing(Painted(), {"pen 1 #7F0000", "line 150,123 150,23 pen 1 #7F7F00", "text 35,116 \"N\"",
-                                  "text 147,4 \"E\" Tahoma -13 #7F7F7F"}),
+    const std::string drawn = Painted();
+    EXPECT_EQ(Missing(drawn, {"pen 1 #808080", "line 150,123 150,23 pen 1 #808000", "text 35,116 \"N\"",
+                              "text 147,4 \"E\" Tahoma -13 #808080"}),
               "");
+    EXPECT_EQ(drawn.find("Tahoma -13 #000000"), std::string::npos) << "black can't be read on black";
 }
 
 // Marks stand where their ranges and bearings from the centre say; beyond the rings there are none.

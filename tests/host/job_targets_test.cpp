@@ -103,7 +103,7 @@ TEST_F(JobTargetsTest, AVesselIsMadeBroughtToItsTargetAndDrawn) {
     EXPECT_EQ(items.paths[0].line.colour, Vessel().shadowPen.colour);
     ASSERT_EQ(items.circles.size(), 3u);
     EXPECT_EQ(items.circles[2].radius, 150);
-    EXPECT_THAT(Texts(), ElementsAre("50m", "100m", "150m", "N", "E", "S", "W", "Survey"));
+    EXPECT_THAT(Texts(), ElementsAre("Survey", "50m", "100m", "150m", "N", "E", "S", "W"));
 
     Pick(TARGET_SHAPE, "Box");
     Pick(TARGET_ZONE_LINES, "True");
@@ -111,12 +111,12 @@ TEST_F(JobTargetsTest, AVesselIsMadeBroughtToItsTargetAndDrawn) {
     Pick(SAIL_FILE, "Lines");
     const SceneItems boxed = Items();
     EXPECT_THAT(boxed.circles, IsEmpty());
-    // The line followed, the box, two zone lines, the point.
+    // The line followed, the point, the box, two zone lines.
     ASSERT_EQ(boxed.paths.size(), 5u);
     EXPECT_EQ(boxed.paths[0].line.colour, Vessel().sailLineColour);
     EXPECT_TRUE(boxed.paths[0].arrows);
-    EXPECT_EQ(SceneItems::PointsOf(boxed.paths[1])[0], Vessel().target.box[0]);
-    const tagXY start = SceneItems::PointsOf(boxed.paths[2])[1], stop = SceneItems::PointsOf(boxed.paths[3])[1];
+    EXPECT_EQ(SceneItems::PointsOf(boxed.paths[2])[0], Vessel().target.box[0]);
+    const tagXY start = SceneItems::PointsOf(boxed.paths[3])[1], stop = SceneItems::PointsOf(boxed.paths[4])[1];
     EXPECT_NEAR(start.y - 6000100, 6000100 - stop.y, 1e-6) << "either side of east";
     EXPECT_GT(start.y, stop.y);
 

@@ -187,12 +187,13 @@ void AddTarget(SceneBuilder& scene, const COutline& outline) {
         AddOutline(scene, outline, outline.trackedPosition, outline.shadowPen, "Shadow of " + outline.name);
         AddPoint(scene, outline.trackedPosition, kReferenceCross, kReferenceSize, outline.shadowPen.colour);
     }
-    AddTolerance(scene, outline);
+    // The name comes first, and so has room before all other texts.
     const auto size = static_cast<SYMBOL_SIZE>(std::clamp<int>(outline.trackSymbolSize, 0, kMostSymbolSize));
     const OffsetPoint* const point = outline.OffsetAt(outline.trackType, outline.trackIndex);
     AddPoint(scene, WaypointOf(outline), kTrackedSymbol, size, outline.waypointColour);
     const std::string name = point ? outline.name + ", " + point->name : outline.name;
     AddTexts(scene, {{WaypointOf(outline), name, SIDE_BOTTOM, kNameGap}}, outline.waypointColour);
+    AddTolerance(scene, outline);
 }
 
 void AddMembers(SceneBuilder& scene, const COutlineList& list) {

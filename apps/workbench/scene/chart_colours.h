@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drawing/contrast.h"
 #include "platform/palette.h"
 
 namespace quillon {
@@ -22,10 +23,6 @@ const ChartColours& ColoursOf(bool night);
 
 /// 0 for black, 1 for white: the light that a colour gives (ITU-R BT.709 weights, without gamma).
 double Lightness(COLORREF colour);
-
-/// How strongly two colours stand off from each other, 1 to 21: the contrast ratio of the Web Content Accessibility
-/// Guidelines 2.1 (W3C, 2018), which ask for 3 of graphics and 4.5 of text.
-double ContrastOf(COLORREF a, COLORREF b);
 
 /// How much of what is below a filled area covers, 0 to 255.
 int AreaAlpha(bool night);
