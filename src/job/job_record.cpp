@@ -89,6 +89,16 @@ void JobRecord::OnFileWritten(const std::string& path) {
     }
 }
 
+bool JobRecord::ReadTargetsRestored(std::span<const std::string> paths) {
+    const bool vessel = vessels.ReadRestored(paths);
+    const bool object = templates.ReadRestored(paths);
+    const std::string plot = CTargetPlot::SettingsPath(routes.GetFiles());
+    const bool isPlot =
+        std::any_of(paths.begin(), paths.end(), [&plot](const std::string& path) { return EqualNoCase(path, plot); });
+    if (isPlot) targetPlot.Load(routes.GetFiles());
+    return vessel || object || isPlot;
+}
+
 std::size_t JobRecord::ClearLeftovers() {
     FileSystem& files = routes.GetFiles();
     std::set<std::string> folders = {FolderOfPath(GetSettingsPath(files, ""))};

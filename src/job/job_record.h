@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 
 #include "features/boundary.h"
@@ -32,6 +33,9 @@ struct JobRecord : private FileWatcher {
     /// Removes what killed writers left in the folders of the job's settings, its data and its files; the count
     /// removed. For the program that holds the drives folder, after Load.
     std::size_t ClearLeftovers();
+
+    /// Reads vessels, templates and the target plot anew whose files' bytes were put back. True if that was any.
+    bool ReadTargetsRestored(std::span<const std::string> paths);
 
     CBoundaryList boundaries;
     CGridWaypointList waypoints;

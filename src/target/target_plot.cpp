@@ -4,6 +4,7 @@
 #include <numbers>
 
 #include "foundation/angle_units.h"
+#include "foundation/folders.h"
 #include "foundation/settings_lines.h"
 
 namespace quillon {
@@ -71,6 +72,10 @@ bool CTargetPlot::Load(FileSystem& files) {
     if (!file.OpenForRead(kSettingsName)) return false;
     ReadFrom(file);
     return true;
+}
+
+std::string CTargetPlot::SettingsPath(FileSystem& files) {
+    return GetSettingsPath(files, kSettingsName);
 }
 
 void CTargetPlot::ReadFrom(CConfigFile& file) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "foundation/config_file.h"
 #include "foundation/values.h"
@@ -26,6 +27,7 @@ public:
     /// A line that is missing keeps its default; false if there is no file.
     bool Load(FileSystem& files);
     void ReadFrom(CConfigFile& file);
+    static std::string SettingsPath(FileSystem& files);
 
     bool dirty = false;  ///< the centre has moved since the host last looked
     TargetDisplay display;

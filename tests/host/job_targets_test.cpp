@@ -153,18 +153,6 @@ TEST_F(JobTargetsTest, PanesFollowWhatComesAndGoes) {
     platform.Messages().Pump();
 }
 
-// The target's file leaves the job: the chart shows no target and the pane says so.
-TEST_F(JobTargetsTest, ATargetThatIsGone) {
-    MakeVessel();
-    Pick(TARGET_FILE, "Wells");
-    Pick(TARGET_WAYPOINT, "W1");
-    user::Press(dynamic_cast<CFeaturePane&>(*job->PaneOf(KIND::WAYPOINT)).GetRemoveButton());
-    platform.Messages().Pump();
-    EXPECT_FALSE(Vessel().waypointValid);
-    EXPECT_THAT(Items().paths, IsEmpty());
-    EXPECT_THAT(drives.Read("C:\\MyData\\Vessel\\Survey.VSL"), ::testing::HasSubstr("Waypoint File Index = -1\r\n"));
-}
-
 // The plot's centre comes as longitude and latitude with the redraw pair: it is no point of the chart.
 TEST_F(JobTargetsTest, ThePlotFollowsTheVessel) {
     GeodesyChoice utm;

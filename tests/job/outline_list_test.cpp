@@ -99,7 +99,36 @@ TEST_F(OutlineListTest, ATargetIsNeverSilentlyAnother) {
     job->vessels.FollowSources();
     EXPECT_FALSE(Vessel().sailLineValid);
     Restart();
-    EXPECT_FALSE(Vessel().waypointValid) << "also at the next start";
+    EXPECT_FALSE(Vessel().waypointValid || Vessel().sailLineValid) << "also at the next start";
+}
+
+// Files put back behind its back: a vessel is what its file says, and one that came is gone while nobody may hold it
+// yet.
+TEST_F(OutlineListTest, FollowsFilesThatWerePutBack) {
+    constexpr std::string_view kList = "C:\\MySettings\\Host\\Vessel_List.INI",
+                               kPlot = "C:\\MySettings\\Host\\Target_Plot.INI";
+    job->vessels.AddNew("Survey", "", fault);
+    COutline& survey = Vessel();
+    const std::string before = drives.Read(survey.SettingsPath()), listBefore = drives.Read(kList);
+    survey.trueAlignment = 45;
+    survey.SetWaypoint(0, 0);
+    EXPECT_TRUE(survey.Save());
+    job->vessels.AddNew("Tug", "", fault);
+    const COutline& tug = Vessel();
+    drives.Write(survey.SettingsPath(), before);
+    drives.Write(kList, listBefore);
+    drives.Write(kPlot, "Latitude = 0.5\r\n");
+    const std::vector<std::string> other = {"C:\\MySettings\\Host\\Other.INI"};
+    EXPECT_FALSE(job->ReadTargetsRestored(other));
+    const std::vector<std::string> paths = {survey.SettingsPath(), std::string(kList), std::string(kPlot)};
+    EXPECT_TRUE(job->ReadTargetsRestored(paths));
+    ASSERT_EQ(job->vessels.GetCount(), 1);
+    EXPECT_EQ(&job->vessels[0], &survey) << "who shows it goes on showing it";
+    EXPECT_EQ(survey.trueAlignment, 0);
+    EXPECT_FALSE(survey.waypointValid);
+    EXPECT_EQ(tug.name, "Tug");
+    job->vessels.DropRetired();
+    EXPECT_EQ(job->targetPlot.centre.y, 0.5);
 }
 
 TEST_F(OutlineListTest, AnotherGridTurnsTheTarget) {

@@ -159,32 +159,21 @@ TEST_F(TargetPaneTest, ADayOnTheTabOfTheTarget) {
     Pick(TARGET_HEADING, "100");
     EXPECT_DOUBLE_EQ(Row(TARGET, "Heading Tolerance", "Minimum").Get<double>(), 350);
     EXPECT_DOUBLE_EQ(Row(TARGET, "Heading Tolerance", "Maximum").Get<double>(), 190);
-    struct PickedRow {
-        UINT id;
-        const char* text;
-        const char* key;
-        const char* value;
-    };
-    for (const PickedRow& row :
-         std::initializer_list<PickedRow>{{TARGET_RINGS, "False", "Draw Rings", "0"},
-                                          {TARGET_RING_SIZE, "75", "Radius Metres", "75.000"},
-                                          {TARGET_RING_COLOUR, "Red", "Ring Colour", "255"},
-                                          {TARGET_CARDINALS, "False", "Display Labels", "0"},
-                                          {TARGET_CARDINAL_COLOUR, "Red", "Cardinal Colour", "255"},
-                                          {TARGET_RING_LABELS, "False", "Label Rings", "0"},
-                                          {TARGET_TEXT_COLOUR, "Red", "Text Colour", "255"},
-                                          {TARGET_ZONE_LINES, "True", "Draw Zone Lines", "1"},
-                                          {TARGET_ZONE_COLOUR, "Blue", "Zone Line Colour", "16711680"},
-                                          {TARGET_PITCH, "3", "Pitch Tolerance", "3.000"},
-                                          {TARGET_ROLL, "4", "Roll Tolerance", "4.000"},
-                                          {TARGET_DEPTH, "0.5", "Depth Tolerance", "0.500"},
-                                          {SHADOW_SHOW, "False", "Show", "0"},
-                                          {SHADOW_COLOUR, "Red", "Shadow Colour", "255"},
-                                          {SHADOW_THICKNESS, "3", "Shadow Size", "3"},
-                                          {SHADOW_FILL, "Solid", "Shadow Fill", "65535"}}) {
-        EXPECT_NE(Setting(row.key), row.value) << row.key << " tells nothing";
-        Pick(row.id, row.text);
-        EXPECT_EQ(Setting(row.key), row.value) << row.key;
+    // clang-format off
+    const std::initializer_list<std::tuple<UINT, const char*, const char*, const char*>> rows = {
+        {TARGET_RINGS, "False", "Draw Rings", "0"}, {TARGET_RING_SIZE, "75", "Radius Metres", "75.000"},
+        {TARGET_RING_COLOUR, "Red", "Ring Colour", "255"}, {TARGET_CARDINALS, "False", "Display Labels", "0"},
+        {TARGET_CARDINAL_COLOUR, "Red", "Cardinal Colour", "255"}, {TARGET_RING_LABELS, "False", "Label Rings", "0"},
+        {TARGET_TEXT_COLOUR, "Red", "Text Colour", "255"}, {TARGET_ZONE_LINES, "True", "Draw Zone Lines", "1"},
+        {TARGET_ZONE_COLOUR, "Blue", "Zone Line Colour", "16711680"}, {TARGET_PITCH, "3", "Pitch Tolerance", "3.000"},
+        {TARGET_ROLL, "4", "Roll Tolerance", "4.000"}, {TARGET_DEPTH, "0.5", "Depth Tolerance", "0.500"},
+        {SHADOW_SHOW, "False", "Show", "0"}, {SHADOW_COLOUR, "Red", "Shadow Colour", "255"},
+        {SHADOW_THICKNESS, "3", "Shadow Size", "3"}, {SHADOW_FILL, "Solid", "Shadow Fill", "65535"}};
+    // clang-format on
+    for (const auto& [id, text, key, value] : rows) {
+        EXPECT_NE(Setting(key), value) << key << " tells nothing";
+        Pick(id, text);
+        EXPECT_EQ(Setting(key), value) << key;
     }
     const auto& fill = dynamic_cast<CPickerProperty&>(*List(SHADOW).FindItemByData(SHADOW_FILL));
     EXPECT_EQ(fill.GetColour(), RGB(255, 0, 0)) << "the pickers draw in the shadow's colour";
@@ -264,27 +253,6 @@ TEST_F(TargetPaneTest, TheListInFrontTakesTheColoursOfTheFrame) {
     user::Select(pane->GetTabs(), TARGET);
     EXPECT_EQ(List(TARGET).GetCustomColors(), TabListColours(0x808080, true));
     EXPECT_EQ(List(TARGET).GetRect(), (tagRECT{0, pane->GetTabs().GetTabsHeight(), 300, 600}));
-}
-
-// A host without an object, then with one, then without again: what is gone is touched no more.
-TEST_F(TargetPaneTest, ObjectsComeAndGo) {
-    pane = std::make_unique<CTargetPane>(*platform);
-    ASSERT_TRUE(pane->Create(log.get(), 77, static_cast<CBarge*>(nullptr)));
-    auto other = std::make_unique<CBarge>(platform->Files());
-    Prepare(*other);
-    for (COutline* const shown : std::initializer_list<COutline*>{nullptr, other.get(), &vessel, nullptr}) {
-        pane->SetObject(shown);
-        if (!shown) other.reset();
-        EXPECT_EQ(List(SHADOW).GetPropertyCount(), shown ? 4 : 1);
-        pane->UpdateVessel();
-        pane->UpdateWaypoint();
-        pane->UpdateCrp();
-        pane->UpdateSailLine();
-        pane->Refresh();
-        EXPECT_EQ(Messages(), shown ? RedrawPair() : Texts());
-        if (!other) other = std::make_unique<CBarge>(platform->Files());
-        Prepare(*other);
-    }
 }
 
 }  // namespace

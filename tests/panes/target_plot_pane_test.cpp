@@ -42,43 +42,21 @@ TEST_F(TargetPlotPaneTest, ADaysWork) {
     Pick(PLOT_RING_NAUTICAL_MILES, "0.25");
     Pick(PLOT_UNITS, "Metres");
     EXPECT_FALSE(Row(PLOT_RING_NAUTICAL_MILES)->IsVisible());
-    Pick(PLOT_RING_METRES, "125");
-    Pick(PLOT_RING_COUNT, "24");
-    Pick(PLOT_RING_COUNT, "25");
-    Pick(PLOT_DISPLAY, "False");
-    Pick(PLOT_RING_COLOUR, "Red");
-    Pick(PLOT_ZONE_LINES, "True");
-    Pick(PLOT_START_ZONE, "360");
-    Pick(PLOT_STOP_ZONE, "45");
-    Pick(PLOT_ZONE_COLOUR, "Blue");
-    Pick(PLOT_CARDINALS, "False");
-    Pick(PLOT_CARDINAL_COLOUR, "Red");
-    Pick(PLOT_RING_LABELS, "False");
-    Pick(PLOT_TEXT_COLOUR, "Blue");
-    Pick(PLOT_HEADING_MODE, "Vessel Up");
-    Pick(PLOT_ORIENTATION, "30");
+    // clang-format off
+    for (const auto& [id, text] : std::initializer_list<std::pair<UINT, const char*>>{
+             {PLOT_RING_METRES, "125"}, {PLOT_RING_COUNT, "24"}, {PLOT_RING_COUNT, "25"}, {PLOT_DISPLAY, "False"},
+             {PLOT_RING_COLOUR, "Red"}, {PLOT_ZONE_LINES, "True"}, {PLOT_START_ZONE, "360"}, {PLOT_STOP_ZONE, "45"},
+             {PLOT_ZONE_COLOUR, "Blue"}, {PLOT_CARDINALS, "False"}, {PLOT_CARDINAL_COLOUR, "Red"},
+             {PLOT_RING_LABELS, "False"}, {PLOT_TEXT_COLOUR, "Blue"}, {PLOT_HEADING_MODE, "Vessel Up"},
+             {PLOT_ORIENTATION, "30"}}) Pick(id, text);
     EXPECT_NEAR(plot.sinOrientation, 0.5, 1e-12);
-    const Texts expected = {"Latitude = 0.8988445647770645",
-                            "Longitude = -0.0392699081698717",
-                            "Orientation = 30",
-                            "North Up = 0",
-                            "Nautical Miles = 0",
-                            "Display Labels = 0",
-                            "Label Rings = 0",
-                            "Cardinal Colour = 255",
-                            "Text Colour = 16711680",
-                            "Draw Zone Lines = 1",
-                            "Start Zone Line = 0.000",
-                            "Stop Zone Line = 45.000",
-                            "Zone Line Colour = 16711680",
-                            "Shape Box = 0",
-                            "Box Size X = 10.000",
-                            "Box Size Y = 10.000",
-                            "Draw Rings = 0",
-                            "No Rings = 24",
-                            "Radius Metres = 125.000",
-                            "Box Size Y = 0.250",
-                            "Ring Colour = 255"};
+    const Texts expected = {
+        "Latitude = 0.8988445647770645", "Longitude = -0.0392699081698717", "Orientation = 30", "North Up = 0",
+        "Nautical Miles = 0", "Display Labels = 0", "Label Rings = 0", "Cardinal Colour = 255",
+        "Text Colour = 16711680", "Draw Zone Lines = 1", "Start Zone Line = 0.000", "Stop Zone Line = 45.000",
+        "Zone Line Colour = 16711680", "Shape Box = 0", "Box Size X = 10.000", "Box Size Y = 10.000",
+        "Draw Rings = 0", "No Rings = 24", "Radius Metres = 125.000", "Box Size Y = 0.250", "Ring Colour = 255"};
+    // clang-format on
     EXPECT_EQ(Lines(kFile), expected);
 
     // A value out of bounds, and a row without a reaction, write and redraw all the same.

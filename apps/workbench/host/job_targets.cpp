@@ -31,7 +31,6 @@ CTargetPane* JobTargets::PaneOf(const COutlineList& list) const {
     return &list == &record.vessels ? vesselPane : templatePane;
 }
 
-/// The pane lets go of an object before it may go.
 void JobTargets::ShowCurrent(COutlineList& list) {
     if (CTargetPane* const pane = PaneOf(list)) pane->SetObject(list.GetCurrent());
     Follow();
@@ -94,8 +93,12 @@ void JobTargets::PlaceAt(COutlineList& list, std::optional<tagXY> place) {
 // ---- What follows ----
 
 void JobTargets::Follow() {
-    record.vessels.FollowSources();
-    record.templates.FollowSources();
+    for (COutlineList* const list : std::initializer_list<COutlineList*>{&record.vessels, &record.templates}) {
+        list->FollowSources();
+        CTargetPane* const pane = PaneOf(*list);
+        if (pane && pane->GetObject() != list->GetCurrent()) pane->SetObject(list->GetCurrent());
+        list->DropRetired();
+    }
     FollowVessel();
     if (plotWindow) plotWindow->GetView().SetMarks(Marks());
     record.targetPlot.dirty = false;
