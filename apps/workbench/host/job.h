@@ -105,6 +105,7 @@ private:
     CFileListBase* ListOf(KIND kind);
     void OnFeatureUpdate(KIND kind);
     void OnRedraw(WPARAM point);
+    void FollowGeodesy();
     void RefreshRows();
     void DropPointOfRemovedFile();
     /// Writes the flags of the features in which they differ from the last time.

@@ -248,7 +248,12 @@ void MainWindow::MakeActions() {
     MakeFileMenu();
     MakeViewMenu();
     MakeChartMenu();
-    menuBar()->addMenu(new TargetMenu(job, this));
+    menuBar()->addMenu(new TargetMenu(
+        job,
+        [this](UINT paneId) {
+            if (QDockWidget* const dock = docks.DockOfPane(paneId)) docks.BringToFront(*dock);
+        },
+        this));
     MakeHelpMenu();
     MakeToolBar();
 }
