@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "foundation/config_file.h"
+#include "foundation/folders.h"
 #include "foundation/paths.h"
 #include "platform/errors.h"
 #include "platform/file.h"

@@ -100,8 +100,8 @@ bool PrintTableOf(Platform& platform, const CListCtrl& list, std::string_view do
     std::string heading(document);
     if (!heading.empty() && !job.empty()) heading += "   ";
     const PrintMargins margins = {heading + job, TodayText(platform)};
-    return platform.Print(document, [&](CPrinter& printer, const PrintJob& job) {
-        return PrintTable(printer, job, document, table, true, margins);
+    return platform.Print(document, [&](CPrinter& printer, const PrintJob& pages) {
+        return PrintTable(printer, pages, document, table, true, margins);
     });
 }
 

@@ -355,7 +355,8 @@ struct ShapeFiles : LoadedByHost {
             renewed = AllOf(Count(job));
         }
         for (int i = 0; i < Count(job); ++i) {
-            if (restored.HasSettingsOf(Path(job, i)) && Follow(job, i) && !std::count(renewed.begin(), renewed.end(), i))
+            if (restored.HasSettingsOf(Path(job, i)) && Follow(job, i) &&
+                !std::count(renewed.begin(), renewed.end(), i))
                 renewed.push_back(i);
         }
         return renewed;

@@ -155,13 +155,15 @@ TEST_F(JobTargetsTest, PanesFollowWhatComesAndGoes) {
 
 // The plot's centre comes as longitude and latitude with the redraw pair: it is no point of the chart.
 TEST_F(JobTargetsTest, ThePlotFollowsTheVessel) {
-    GeodesyChoice utm;
-    utm.zone = 31;
-    ASSERT_EQ(job->Record().geodesy.Choose(utm), GEODESY_FAULT::NONE);
     MakeVessel();
     Pick(TARGET_FILE, "Wells");
-    Pick(TARGET_WAYPOINT, "W1");
+    Pick(TARGET_WAYPOINT, "W2");
     Pick(TARGET_TRUE, "45");
+    GeodesyChoice utm;
+    utm.zone = 31;
+    ASSERT_EQ(job->ChooseGeodesy(utm), GEODESY_FAULT::NONE);
+    EXPECT_GT(Vessel().convergence, 0) << "100 m east of the middle meridian";
+    EXPECT_LT(Vessel().gridAlignment, 45);
     job->Targets().PlaceAt(Vessels(), tagXY{500000, 5999900});
     auto& plotPane = PaneWith<CTargetPlotPane>(CTargetPlotPane::kTitleId);
     const auto pick = [&](UINT id, std::string_view text) {

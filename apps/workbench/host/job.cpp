@@ -212,14 +212,20 @@ void Job::ClearShownPoint() {
 GEODESY_FAULT Job::ChooseGeodesy(const GeodesyChoice& choice) {
     const GEODESY_FAULT fault = record.geodesy.Choose(choice);
     if (fault != GEODESY_FAULT::NONE) return fault;
-    record.geodesy.Save();
-    if (observer) observer->OnGeodesyChanged();
+    FollowGeodesy();
     return fault;
 }
 
 void Job::ClearGeodesy() {
     record.geodesy.Clear();
+    FollowGeodesy();
+}
+
+/// Targets are turned by the convergence, and the plot lies where the grid puts the vessel.
+void Job::FollowGeodesy() {
     record.geodesy.Save();
+    targets.Follow();
+    RefreshRows();
     if (observer) observer->OnGeodesyChanged();
 }
 

@@ -130,6 +130,7 @@ private:
     CFileListBase* ListOf(KIND kind);
     void OnFeatureUpdate(KIND kind);
     void OnRedraw(WPARAM point);
+    void FollowGeodesy();
     void RefreshRows();
     void DropPointOfRemovedFile();
     int CountFiles();

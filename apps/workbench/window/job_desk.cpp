@@ -112,13 +112,11 @@ JobTreeRequests JobDesk::Requests() {
 /// A file chosen in a pane is the tree's file too, where the tree stands on a file of that kind.
 void JobDesk::FollowCombos() {
     for (std::size_t i = 0; i < docks.Docks().size(); ++i) {
-        CMyDockablePane* const pane = job.Panes()[i].get();
-        const KIND kind = KindOfPane(pane->GetDlgCtrlID());
+        const KIND kind = KindOfPane(job.Panes()[i]->GetDlgCtrlID());
         for (QComboBox* const combo : docks.Docks()[i]->findChildren<QComboBox*>()) {
-            QObject::connect(combo, &QComboBox::activated, &context, [this, pane, kind] {
-                Later([this, pane, kind] {
-                    const CComboBox* const choice = pane->GetFileControls().choice;
-                    if (choice && treeDock->CurrentKind() == kind) Select({kind, choice->GetCurSel(), -1});
+            QObject::connect(combo, &QComboBox::activated, &context, [this, kind] {
+                Later([this, kind] {
+                    if (treeDock->CurrentKind() == kind) SelectShown(kind);
                 });
             });
         }
@@ -137,6 +135,18 @@ void JobDesk::AddFilesOf(KIND kind) {
     if (!dock) return;
     docks.BringToFront(*dock);
     AddFiles(job, kind);
+    Later([this, kind] {
+        RefreshTree();
+        SelectShown(kind);
+    });
+}
+
+/// The tree goes to the file that the pane of a kind shows.
+void JobDesk::SelectShown(KIND kind) {
+    CMyDockablePane* const pane = job.PaneOf(kind);
+    if (!pane) return;
+    const CComboBox* const choice = pane->GetFileControls().choice;
+    Select({kind, choice ? choice->GetCurSel() : 0, -1});
 }
 
 void JobDesk::Select(const JobPoint& point) {
@@ -228,8 +238,16 @@ void JobDesk::TellNews() {
     if (!text.empty()) status.ShowLasting(ToQString(text) + "; Ctrl+I lists them");
 }
 
-void JobDesk::Refresh() {
+void JobDesk::RefreshTree() {
+    const std::optional<JobFile> before = treeDock->Current();
     treeDock->Refresh();
+    // At the start, and where the file under the cursor has gone.
+    if (!before && treeDock->CurrentKind() == KIND::NONE) SelectShown(docks.FrontKind());
+    if (before && treeDock->Current() != before) SelectShown(before->kind);
+}
+
+void JobDesk::Refresh() {
+    RefreshTree();
     TellNews();
     if (reportDock->isVisible()) reportDock->SetFindings(FindingsOf(job.Record()));
 }
@@ -267,7 +285,7 @@ void JobDesk::ShowLosses() {
 void JobDesk::LookAtDisk() {
     std::vector<ChangedFile> changed = FilesChangedOnDisk(job.Record());
     tree.SetChanged(changed);
-    treeDock->Refresh();
+    RefreshTree();
     std::erase_if(changed, [this](const ChangedFile& file) {
         const auto kept = keptAsRead.find(file.file);
         return kept != keptAsRead.end() && kept->second == job.GetPlatform().Files().Stamp(file.file.path);

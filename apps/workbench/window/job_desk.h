@@ -53,7 +53,9 @@ public:
 
 private:
     JobTreeRequests Requests();
+    void RefreshTree();
     void FollowCombos();
+    void SelectShown(KIND kind);
     void ReadFilesAgain(const std::vector<JobFile>& files);
     void Reveal(const JobFile& file);
     void ShowReportOf(const std::optional<JobFile>& file);

@@ -95,9 +95,9 @@ void ShowKeyboardHelp(QWidget* parent, const QList<QAction*>& actions) {
     QTreeWidgetItem* const everywhere = AddSection(*tree, "Everywhere");
     for (const QAction* const action : actions) {
         if (action->shortcut().isEmpty()) continue;
-        new QTreeWidgetItem(everywhere, {KeysOf(*action), action->whatsThis().isEmpty()
-                                                               ? action->text().remove('&').remove("...")
-                                                               : action->whatsThis()});
+        new QTreeWidgetItem(everywhere,
+                            {KeysOf(*action), action->whatsThis().isEmpty() ? action->text().remove('&').remove("...")
+                                                                            : action->whatsThis()});
     }
     AddLines(*tree, "Chart", kChartKeys);
     AddLines(*tree, "Job tree", JobTreeDock::Keys());

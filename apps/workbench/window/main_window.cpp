@@ -254,7 +254,12 @@ void MainWindow::MakeActions() {
     edit.emplace(*this, job);
     MakeViewMenu();
     MakeChartMenu();
-    menuBar()->addMenu(new TargetMenu(job, this));
+    menuBar()->addMenu(new TargetMenu(
+        job,
+        [this](UINT paneId) {
+            if (QDockWidget* const dock = docks.DockOfPane(paneId)) docks.BringToFront(*dock);
+        },
+        this));
     references = std::make_unique<ReferenceMenu>(*menuBar()->addMenu("&Reference"), job, *chart,
                                                  [this](const QString& text, const QKeySequence& key,
                                                         const QString& tip) { return MakeAction(text, key, tip); });

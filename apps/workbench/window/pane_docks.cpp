@@ -9,6 +9,7 @@
 
 #include "bindings/window_binding.h"
 #include "panes/listing_pane.h"
+#include "panes/target_plot_window.h"
 #include "toolkit/text_edge.h"
 #include "window/pin_button.h"
 
@@ -104,7 +105,8 @@ void PaneDocks::PlaceAll() {
     for (QDockWidget* const dock : docks) {
         dock->setFloating(false);
         dock->setVisible(dock == docks.front());
-        if (job.Panes()[PlaceOf(*dock)]->GetDlgCtrlID() == CListingPane::kTitleId) {
+        if (IdOf(*dock) == CTargetPlotWindow::kTitleId) continue;
+        if (IdOf(*dock) == CListingPane::kTitleId) {
             // A wide table lies best below the chart.
             window.addDockWidget(Qt::BottomDockWidgetArea, dock);
             continue;
@@ -120,6 +122,10 @@ void PaneDocks::PlaceAll() {
         const bool isBeside = side.area == Qt::LeftDockWidgetArea || side.area == Qt::RightDockWidgetArea;
         window.resizeDocks({side.dock}, {side.extent}, isBeside ? Qt::Horizontal : Qt::Vertical);
     }
+    // The plot is looked at while the pane at the right is worked in: it lies below the tree.
+    if (QDockWidget* const plot = DockOfPane(CTargetPlotWindow::kTitleId)) {
+        window.addDockWidget(Qt::LeftDockWidgetArea, plot);
+    }
 }
 
 // ---- Which of them is shown ----
@@ -128,8 +134,17 @@ std::size_t PaneDocks::PlaceOf(const QDockWidget& dock) const {
     return static_cast<std::size_t>(std::find(docks.begin(), docks.end(), &dock) - docks.begin());
 }
 
+UINT PaneDocks::IdOf(const QDockWidget& dock) const {
+    return job.Panes()[PlaceOf(dock)]->GetDlgCtrlID();
+}
+
 std::string PaneDocks::SectionOf(const QDockWidget& dock) const {
-    return CMyDockablePane::ProfileSection(job.Panes()[PlaceOf(dock)]->GetDlgCtrlID());
+    return CMyDockablePane::ProfileSection(IdOf(dock));
+}
+
+QDockWidget* PaneDocks::DockOfPane(UINT id) const {
+    const auto found = std::find_if(docks.begin(), docks.end(), [this, id](auto* dock) { return IdOf(*dock) == id; });
+    return found == docks.end() ? nullptr : *found;
 }
 
 QDockWidget* PaneDocks::DockOf(KIND kind) const {

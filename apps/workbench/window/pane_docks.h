@@ -42,6 +42,8 @@ public:
     const std::vector<QDockWidget*>& Docks() const { return docks; }
     /// Where a kind is shown: of several panes the one in sight, else the first. Null if there is none.
     QDockWidget* DockOf(KIND kind) const;
+    /// Null for an id that is no pane's.
+    QDockWidget* DockOfPane(UINT id) const;
     /// What the pane edits that was in front last and is still shown; NONE if there is none.
     KIND FrontKind() const;
     /// Shown, in front of its neighbours, with the keyboard in it.
@@ -66,6 +68,7 @@ private:
     void PlaceAll();
     void Show(QDockWidget& dock);
     std::size_t PlaceOf(const QDockWidget& dock) const;
+    UINT IdOf(const QDockWidget& dock) const;
     std::string SectionOf(const QDockWidget& dock) const;
     Profile& GetProfile() const { return job.GetPlatform().GetProfile(); }
 

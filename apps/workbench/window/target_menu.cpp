@@ -2,31 +2,42 @@
 
 #include <QActionGroup>
 
+#include "panes/target_plot_pane.h"
 #include "toolkit/text_edge.h"
 
 namespace quillon {
 
-TargetMenu::TargetMenu(Job& shownJob, QWidget* parent) : QMenu("&Target", parent), job(shownJob) {
-    AddList(job.Record().vessels, "&Vessel");
-    AddList(job.Record().templates, "&Template");
+TargetMenu::TargetMenu(Job& shownJob, std::function<void(UINT paneId)> show, QWidget* parent)
+    : QMenu("&Target", parent), job(shownJob), showPane(std::move(show)) {
+    AddList(job.Record().vessels, CTargetPane::kVesselId, "&Vessel");
+    AddList(job.Record().templates, CTargetPane::kTemplateId, "&Template");
+    const auto addPane = [this](const QString& text, UINT id) {
+        connect(addAction(text), &QAction::triggered, this, [this, id] { showPane(id); });
+    };
+    addSeparator();
+    addPane("Target &Plot", CTargetPlotWindow::kTitleId);
+    addPane("Plot P&roperties", CTargetPlotPane::kTitleId);
 }
 
-void TargetMenu::AddList(COutlineList& list, const QString& title) {
+void TargetMenu::AddList(COutlineList& list, UINT paneId, const QString& title) {
     QMenu* const menu = addMenu(title);
-    Fill(*menu, list);
+    Fill(*menu, list, paneId);
     // What can be done changes from one opening to the next.
-    connect(menu, &QMenu::aboutToShow, this, [this, menu, &list] {
+    connect(menu, &QMenu::aboutToShow, this, [this, menu, &list, paneId] {
         menu->clear();
         qDeleteAll(menu->findChildren<QActionGroup*>());
-        Fill(*menu, list);
+        Fill(*menu, list, paneId);
     });
 }
 
-void TargetMenu::Fill(QMenu& menu, COutlineList& list) {
+void TargetMenu::Fill(QMenu& menu, COutlineList& list, UINT paneId) {
     const auto add = [&](const QString& text, bool enabled, auto act) {
         QAction* const action = menu.addAction(text);
         action->setEnabled(enabled);
-        connect(action, &QAction::triggered, this, act);
+        connect(action, &QAction::triggered, this, [this, act, paneId] {
+            act();
+            showPane(paneId);
+        });
         return action;
     };
     JobTargets& targets = job.Targets();
