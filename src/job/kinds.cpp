@@ -157,8 +157,10 @@ template <class Member>
 bool ReadStored(Member& member) {
     if constexpr (requires { member.ReadStored(); }) {
         return member.ReadStored();
-    } else {
+    } else if constexpr (requires { member.ReadCommon(); }) {
         return member.ReadCommon();
+    } else {
+        return member.FollowStored();
     }
 }
 
@@ -478,6 +480,8 @@ constexpr JobKind MakeUnderlay(KIND id, std::string_view name) {
             .pointName = [](const JobRecord&, int, int) { return std::string_view(); },
             .pointWord = "point",
             .pointKp = [](const JobRecord&, int, int) { return MISSING_VALUE; },
+            .kpAt = nullptr,
+            .placeAtKp = nullptr,
             .report = Files::Report,
             .isStub = Files::IsStub,
             .changeOnDisk = Files::ChangeOnDisk,

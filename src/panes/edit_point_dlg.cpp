@@ -1,5 +1,6 @@
 #include "panes/edit_point_dlg.h"
 
+#include "platform/platform.h"
 #include "platform/text.h"
 
 namespace quillon {

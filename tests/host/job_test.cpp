@@ -34,7 +34,6 @@ public:
     void OnPointShown(tagXY point) override { log.push_back(Format("point %.0lf %.0lf", point.x, point.y)); }
     void OnClearanceStale() override { log.push_back("stale"); }
     void OnFeatureUpdate(KIND kind) override { log.push_back("update " + NameOf(kind)); }
-    void OnGeodesyChanged() override {}
     void OnFocusFeature(KIND kind) override { log.push_back("focus " + NameOf(kind)); }
     std::vector<std::string> log;
 };

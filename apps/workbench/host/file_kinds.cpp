@@ -89,6 +89,10 @@ Likelihood AsPipeline(const FileHead& head) {
 Likelihood AsSailLine(const FileHead& head) {
     return !HasPoints(head) || head.numbers < 4 ? 0 : 7;
 }
+/// Radii or KPs beside the positions.
+Likelihood AsRpl(const FileHead& head) {
+    return !HasPoints(head) || head.numbers < 3 ? 0 : 3;
+}
 Likelihood AsStructure(const FileHead& head) {
     return head.hasText && head.startsStructure ? kSure : 0;
 }
@@ -108,7 +112,12 @@ constexpr std::array<KindSign, kKindCount> kSigns = {{
     {KIND::SAIL_LINE,  "", AsSailLine},
     {KIND::PIPELINE,   "", AsPipeline},
     {KIND::PIPE_ROUTE, "", Never},
+    {KIND::RPL,        " RPL RLX ", AsRpl},
     {KIND::STRUCTURE,  "", AsStructure},
+    {KIND::DTM,        " XYZ ", Never},
+    {KIND::SHAPE,      " SHP ", Never},
+    {KIND::DIG,        " DIG ", Never},
+    {KIND::DXF,        " DXF ", Never},
 }};
 // clang-format on
 static_assert(HasEveryKind(kSigns), "every kind says which files are its own");

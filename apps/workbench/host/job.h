@@ -39,7 +39,7 @@ public:
     /// The pane of this kind asks to be brought to the front.
     virtual void OnFocusFeature(KIND kind) = 0;
     /// The job's positions are on another grid than before, or on none that is known.
-    virtual void OnGeodesyChanged() = 0;
+    virtual void OnGeodesyChanged() {}
     /// There is another act to be undone or to be done again. Told at the end of an act, not by a message.
     virtual void OnActsChanged() {}
 };
