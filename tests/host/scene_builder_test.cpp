@@ -114,7 +114,10 @@ TEST_F(SceneBuilderTest, PathsAreMadeAnewOnlyWhenTheirPointsAreOthers) {
     Square()[1].x += 1;
     EXPECT_NE(Paths()[0], first[0]);
     EXPECT_EQ(Paths()[1], first[1]);
-    EXPECT_EQ(ItemsOf(keepsThem).paths[1].path->Points()[1], (tagXY{200, 100})) << "what was drawn stays as it was";
+    const auto boundaries = std::find_if(keepsThem.layers.begin(), keepsThem.layers.end(),
+                                         [](const ChartLayer& layer) { return layer.id == kLayer; });
+    EXPECT_EQ(std::get<ChartPath>(boundaries->items[1]).path->Points()[1], (tagXY{200, 100}))
+        << "what was drawn stays as it was";
     user::Press(dynamic_cast<CFeaturePane&>(*job->PaneOf(KIND::BOUNDARY)).GetRemoveButton());
     EXPECT_THAT(Paths(), ::testing::ElementsAre(first[1])) << "what moved up keeps its own";
 }

@@ -65,7 +65,7 @@ protected:
         return scenes->PointOf({.layer = static_cast<std::uint64_t>(kind),
                                 .item = Layer(kind).pathPlaces.at(path),
                                 .kind = isVertex ? HIT_KIND::VERTEX : HIT_KIND::SEGMENT,
-                                .hit = {.point = point, .at = at}});
+                                .hit = {.point = point, .isVertex = isVertex, .at = at, .next = point}});
     }
     /// The cursor of a list and what its pane shows, after a click.
     void ExpectChosen(KIND kind, CFileListBase& list, const JobPoint& point) {
