@@ -36,6 +36,7 @@
 #include "bindings/sample_pane.h"
 #include "bindings/window_binding.h"
 #include "chart/chart_symbols.h"
+#include "frame/messages.h"
 #include "panes/dtm_regular_dlg.h"
 #include "toolkit/colours.h"
 #include "toolkit/qt_platform.h"

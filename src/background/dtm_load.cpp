@@ -162,6 +162,11 @@ void SettleDtm(CDtm& dtm) {
         dtm.Unload();
     } else if (dtm.report.imported) {
         dtm.UseHeader(DtmHeader(dtm.header));
+    } else {
+        // The texts stand behind their cache, which wouldn't be fresh without them.
+        for (std::size_t slot = 0; slot < CDtm::kSlots; ++slot) {
+            dtm.report.lines[slot].opened = !dtm.fileName[slot].empty();
+        }
     }
 }
 

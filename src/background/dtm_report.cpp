@@ -37,7 +37,11 @@ std::string GridText(const DtmReport& report, const std::array<std::string, 3>& 
 }  // namespace
 
 std::vector<std::string> NotesOf(const DtmReport& report, const std::array<std::string, 3>& names) {
-    if (!report.imported) return {};
+    if (!report.imported) {
+        if (!report.lines[0].opened) return {};
+        return {Format("%llu cells with a depth, from the depth cache",
+                       static_cast<unsigned long long>(report.cellsWithDepth))};
+    }
     std::vector<std::string> notes = {Format(
         "%llu samples without a depth; %llu fell into a cell that an earlier one held; %llu lie outside the array",
         static_cast<unsigned long long>(report.withoutDepth), static_cast<unsigned long long>(report.merged),

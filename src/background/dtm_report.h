@@ -51,7 +51,7 @@ struct DtmReport {
 /// Whether the extents give an array that may be made.
 DTM_REFUSAL JudgeExtents(const DtmExtents& extents, const DtmLimits& limits);
 
-/// For people: what became of the samples, and what set the step. Nothing of a model that came from its cache.
+/// For people: what became of the samples, and what set the step.
 std::vector<std::string> NotesOf(const DtmReport& report, const std::array<std::string, 3>& names);
 
 /// For people, one sentence: why there is no depth array, with the step, the counts and the two samples that set it.

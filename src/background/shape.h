@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "background/dbase.h"
+#include "background/file_stamp.h"
 #include "background/load_progress.h"
 #include "background/prj_reader.h"
 #include "background/shape_record.h"
@@ -64,6 +65,7 @@ public:
     std::array<double, 4> boundsMin = {}, boundsMax = {};  ///< x, y, z, m in that header
     CDbase dbase;
 
+    DosStamp source;  ///< of the .shp that was loaded
     /// What the last load made of it, if whoever loaded it asked for that.
     ShapeReport report;
     /// A number for the records; no others of this run have it.

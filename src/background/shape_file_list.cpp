@@ -42,6 +42,7 @@ std::shared_ptr<CShape> CShapeFileList::Find(std::string_view path) const {
 const ReadReport& CShapeFileList::ReportOf(std::string_view path) const {
     static const ReadReport kNotLoaded = [] {
         ReadReport report;
+        report.opened = true;
         report.fault = "not loaded";
         return report;
     }();
@@ -58,6 +59,14 @@ bool CShapeFileList::Take(std::shared_ptr<CShape> shape, bool loaded) {
     shapes.push_back(std::move(shape));
     changed = true;
     return true;
+}
+
+bool CShapeFileList::ReadAgain(std::string_view path) {
+    auto fresh = std::make_shared<CShape>(fileSystem);
+    fresh->SetPath(path);
+    if (!LoadShapeHere(*fresh)) return false;
+    std::erase_if(shapes, [path](const auto& shape) { return shape->GetPath() == path; });
+    return Take(std::move(fresh), true);
 }
 
 void CShapeFileList::Remove(std::string_view path) {

@@ -41,6 +41,9 @@ public:
     /// Takes in a shape whose load has ended, and notes what became of it. False, and it isn't kept, unless it was
     /// `loaded`.
     bool Take(std::shared_ptr<CShape> shape, bool loaded);
+    /// Reads the file of a path anew, in the place of what was read before; its settings stay what its settings file
+    /// says. False, with the shape as it was, if it can't be read.
+    bool ReadAgain(std::string_view path);
     /// Takes path and shape out; nothing is saved.
     void Remove(std::string_view path);
     /// Rewrites the settings file. False if it can't be written.

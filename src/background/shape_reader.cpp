@@ -118,6 +118,8 @@ void TakeSettings(CShape& shape) {
 }  // namespace
 
 bool LoadShape(CShape& shape, LoadProgress& progress, ShapeReport* report) {
+    // Before the first byte is read: a file that changes meanwhile is another one afterwards.
+    shape.source = DosStampOf(shape.GetFiles(), shape.GetPath());
     return LoadShape(shape, OpenerOf(shape.GetFiles()), progress, report);
 }
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "background/dig_load.h"
+#include "background/dtm_load.h"
 #include "background/dxf_palette.h"
 #include "features/rpl_place.h"
 #include "foundation/paths.h"
@@ -274,19 +275,36 @@ std::vector<int> AllOf(int count) {
     return numbers;
 }
 
-/// Kinds whose loads take long: they are the host's, and look themselves whether a file has changed.
-struct LoadedByHost {
-    static bool IsStub(const JobRecord&, int) { return false; }
-    static DISK_CHANGE ChangeOnDisk(const JobRecord&, int) { return DISK_CHANGE::NONE; }
-    static bool ReadAgain(JobRecord&, int) { return false; }
-};
-
 /// The files of the one depth model.
-struct DtmFiles : LoadedByHost {
+struct DtmFiles {
     static void Load(JobRecord& job) { job.dtm.ReadSettings(); }
     static int Count(const JobRecord& job) { return static_cast<int>(job.dtm.CountFiles()); }
     static const std::string& Path(const JobRecord& job, int file) { return job.dtm.fileName[Checked(job, file)]; }
-    static const ReadReport& Report(const JobRecord& job, int file) { return job.dtm.report.lines[Checked(job, file)]; }
+    /// Of a model that nobody has tried to load yet there is nothing to tell.
+    static const ReadReport& Report(const JobRecord& job, int file) {
+        static const ReadReport kNothing = [] {
+            ReadReport nothing;
+            nothing.opened = true;
+            return nothing;
+        }();
+        return job.dtm.IsLoaded() || job.dtm.report.imported ? job.dtm.report.lines[Checked(job, file)] : kNothing;
+    }
+    static bool IsStub(const JobRecord& job, int) { return job.dtm.report.imported && !job.dtm.IsLoaded(); }
+    static DISK_CHANGE ChangeOnDisk(const JobRecord& job, int file) {
+        const std::string& path = Path(job, file);
+        if (!job.dtm.IsLoaded() || !job.dtm.SourceChanged(Checked(job, file))) return DISK_CHANGE::NONE;
+        return job.dtm.GetFiles().Exists(path) ? DISK_CHANGE::RENEWED : DISK_CHANGE::GONE;
+    }
+    static bool ReadAgain(JobRecord& job, int file) {
+        if (!job.dtm.GetFiles().Exists(Path(job, file))) return false;
+        CDtm fresh(job.dtm.GetFiles());
+        fresh.fileName = job.dtm.fileName;
+        fresh.limits = job.dtm.limits;
+        DtmProgress progress;
+        LoadDtmFiles(fresh, progress);
+        job.dtm.TakeModel(fresh);
+        return true;
+    }
     static std::vector<std::string> Notes(const JobRecord& job, int) {
         const CDtm& dtm = job.dtm;
         std::array<std::string, CDtm::kSlots> names;
@@ -318,7 +336,7 @@ private:
     }
 };
 
-struct ShapeFiles : LoadedByHost {
+struct ShapeFiles {
     static void Load(JobRecord& job) { job.shapes.ReadFiles(); }
     static int Count(const JobRecord& job) { return static_cast<int>(job.shapes.files.paths.size()); }
     static const std::string& Path(const JobRecord& job, int file) {
@@ -326,6 +344,16 @@ struct ShapeFiles : LoadedByHost {
         return job.shapes.files.paths[static_cast<std::size_t>(file)];
     }
     static const ReadReport& Report(const JobRecord& job, int file) { return job.shapes.ReportOf(Path(job, file)); }
+    static bool IsStub(const JobRecord& job, int file) {
+        const auto shape = job.shapes.Find(Path(job, file));
+        return shape && shape->report.taken == 0;
+    }
+    static DISK_CHANGE ChangeOnDisk(const JobRecord& job, int file) {
+        const auto shape = job.shapes.Find(Path(job, file));
+        if (!shape || IsStampOf(shape->GetFiles(), shape->GetPath(), shape->source)) return DISK_CHANGE::NONE;
+        return shape->GetFiles().Exists(shape->GetPath()) ? DISK_CHANGE::RENEWED : DISK_CHANGE::GONE;
+    }
+    static bool ReadAgain(JobRecord& job, int file) { return job.shapes.ReadAgain(Path(job, file)); }
     static std::vector<std::string> Notes(const JobRecord& job, int file) {
         const auto shape = job.shapes.Find(Path(job, file));
         if (!shape) return {};

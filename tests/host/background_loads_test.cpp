@@ -82,6 +82,7 @@ TEST_F(BackgroundLoadsTest, TheJobIsOpenBeforeTheyAreThere) {
     const JobKind& shapes = KindOf(KIND::SHAPE);
     EXPECT_EQ(shapes.report(job->Record(), 1).fault, "there is no .shp file");
     EXPECT_EQ(shapes.report(job->Record(), 0).passedOver, 1U);
+    EXPECT_TRUE(shapes.report(job->Record(), 0).opened);
     EXPECT_EQ(shapes.notes(job->Record(), 0).back(),
               "converted from degrees to Grid Zone 31 (3\xB0 E) N, its datum (not told) taken for the job's (WGS84)");
     EXPECT_THAT(shapes.notes(job->Record(), 2).back(), ::testing::HasSubstr("doesn't tell a projection"));
