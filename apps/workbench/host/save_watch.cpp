@@ -27,10 +27,10 @@ SaveWatch::~SaveWatch() {
 
 void SaveWatch::OnCommitted(const FileCommit& commit) {
     if (next) next->OnCommitted(commit);
-    const auto gone = std::erase_if(failures, [&](const FailedSave& f) { return EqualNoCase(f.path, commit.path); });
-    const bool isRoute = job.routes.Find(commit.path) >= 0;
-    if (isRoute) rewritten.push_back(commit.path);
-    if ((gone > 0 || isRoute) && onChanged) onChanged();
+    Settle(commit.path);
+    if (job.routes.Find(commit.path) < 0) return;
+    rewritten.push_back(commit.path);
+    if (onChanged) onChanged();
 }
 
 void SaveWatch::OnSaveFailed(const FailedSave& failed) {
@@ -38,6 +38,11 @@ void SaveWatch::OnSaveFailed(const FailedSave& failed) {
     std::erase_if(failures, [&](const FailedSave& f) { return EqualNoCase(f.path, failed.path); });
     failures.push_back(failed);
     if (onChanged) onChanged();
+}
+
+void SaveWatch::Settle(std::string_view path) {
+    const auto gone = std::erase_if(failures, [&](const FailedSave& f) { return EqualNoCase(f.path, path); });
+    if (gone > 0 && onChanged) onChanged();
 }
 
 std::vector<SaveWatch::Loss> SaveWatch::TakeLosses() {

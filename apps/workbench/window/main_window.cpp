@@ -394,7 +394,10 @@ void MainWindow::TogglePane(QDockWidget& dock) {
     // A floating pane may lie behind any window. The keyboard comes to the tree first.
     const bool isInFront = dock.isFloating() ? dock.isActiveWindow() : PaneDocks::IsInFront(dock);
     if (isInFront && (!isSide || (focus && dock.isAncestorOf(focus)))) return dock.hide();
-    if (!isSide) return docks.BringToFront(dock);
+    if (!isSide) {
+        docks.BringToFront(dock);
+        return desk.FollowFront();
+    }
     dock.show();
     dock.raise();
     dock.widget()->setFocus(Qt::ShortcutFocusReason);
