@@ -224,6 +224,11 @@ TEST_F(JobTreeTest, SavesThatFailAndRewritesThatLose) {
     EXPECT_THAT(LossText(losses[0]), ::testing::StartsWith("R.csv was rewritten and lost lines without a point (1), "));
     EXPECT_THAT(LossText(losses[0]), ::testing::EndsWith("; it is kept as it was in R (original).csv"));
     EXPECT_THAT(saves.TakeLosses(), IsEmpty());
+    CStdioFile undone(platform.Files());
+    ASSERT_TRUE(undone.OpenForWriting("C:\\Job\\R.csv", FILE_MODE::BINARY));
+    undone.WriteString(drives.Read("C:\\Job\\R (original).csv"));
+    EXPECT_TRUE(undone.Commit());
+    EXPECT_THAT(saves.TakeLosses(), IsEmpty()) << "the file is as it was";
 }
 
 }  // namespace

@@ -14,6 +14,16 @@ std::string FileOf(const std::string& path) {
     return path.substr(FolderOfPath(path).size());
 }
 
+bool HoldTheSame(FileSystem& files, const std::string& a, const std::string& b) {
+    constexpr std::size_t kLargest = std::size_t{1} << 28;
+    std::string bytes[2];
+    for (int i = 0; i < 2; ++i) {
+        CStdioFile file(files);
+        if (!file.OpenForReading(i == 0 ? a : b, FILE_MODE::BINARY) || !file.ReadAll(bytes[i], kLargest)) return false;
+    }
+    return bytes[0] == bytes[1];
+}
+
 }  // namespace
 
 SaveWatch::SaveWatch(JobRecord& watchedJob)
@@ -51,7 +61,10 @@ std::vector<SaveWatch::Loss> SaveWatch::TakeLosses() {
         const int index = job.routes.Find(path);
         if (index < 0) continue;
         const RouteSave& save = job.routes[index].GetLastSave();
-        if (save.saved && save.losses.Any()) losses.push_back({path, save.original, save.losses});
+        if (!save.saved || !save.losses.Any()) continue;
+        // Nothing is lost where the rewrite has been undone.
+        if (!files.Exists(save.original) || HoldTheSame(files, path, save.original)) continue;
+        losses.push_back({path, save.original, save.losses});
     }
     return losses;
 }
