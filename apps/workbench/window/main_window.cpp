@@ -223,6 +223,8 @@ void MainWindow::OnFeatureUpdate(KIND) {
 }
 
 void MainWindow::OnFocusFeature(KIND kind) {
+    // Whoever moves through the tree goes on doing so.
+    if (desk.Tree().HasKeyboard()) return docks.Raise(kind);
     if (QDockWidget* const dock = docks.DockOf(kind)) docks.BringToFront(*dock);
 }
 
