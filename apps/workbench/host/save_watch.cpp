@@ -14,6 +14,16 @@ std::string FileOf(const std::string& path) {
     return path.substr(FolderOfPath(path).size());
 }
 
+bool HoldTheSame(FileSystem& files, const std::string& a, const std::string& b) {
+    constexpr std::size_t kLargest = std::size_t{1} << 28;
+    std::string bytes[2];
+    for (int i = 0; i < 2; ++i) {
+        CStdioFile file(files);
+        if (!file.OpenForReading(i == 0 ? a : b, FILE_MODE::BINARY) || !file.ReadAll(bytes[i], kLargest)) return false;
+    }
+    return bytes[0] == bytes[1];
+}
+
 }  // namespace
 
 SaveWatch::SaveWatch(JobRecord& watchedJob)
@@ -27,10 +37,10 @@ SaveWatch::~SaveWatch() {
 
 void SaveWatch::OnCommitted(const FileCommit& commit) {
     if (next) next->OnCommitted(commit);
-    const auto gone = std::erase_if(failures, [&](const FailedSave& f) { return EqualNoCase(f.path, commit.path); });
-    const bool isRoute = job.routes.Find(commit.path) >= 0;
-    if (isRoute) rewritten.push_back(commit.path);
-    if ((gone > 0 || isRoute) && onChanged) onChanged();
+    Settle(commit.path);
+    if (job.routes.Find(commit.path) < 0) return;
+    rewritten.push_back(commit.path);
+    if (onChanged) onChanged();
 }
 
 void SaveWatch::OnSaveFailed(const FailedSave& failed) {
@@ -40,13 +50,21 @@ void SaveWatch::OnSaveFailed(const FailedSave& failed) {
     if (onChanged) onChanged();
 }
 
+void SaveWatch::Settle(std::string_view path) {
+    const auto gone = std::erase_if(failures, [&](const FailedSave& f) { return EqualNoCase(f.path, path); });
+    if (gone > 0 && onChanged) onChanged();
+}
+
 std::vector<SaveWatch::Loss> SaveWatch::TakeLosses() {
     std::vector<Loss> losses;
     for (const std::string& path : std::exchange(rewritten, {})) {
         const int index = job.routes.Find(path);
         if (index < 0) continue;
         const RouteSave& save = job.routes[index].GetLastSave();
-        if (save.saved && save.losses.Any()) losses.push_back({path, save.original, save.losses});
+        if (!save.saved || !save.losses.Any()) continue;
+        // Nothing is lost where the rewrite has been undone.
+        if (!files.Exists(save.original) || HoldTheSame(files, path, save.original)) continue;
+        losses.push_back({path, save.original, save.losses});
     }
     return losses;
 }

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "features/route_rewrite.h"
@@ -23,6 +24,9 @@ public:
 
     /// In the order of their coming; one a file, with the last reason.
     const std::vector<FailedSave>& Failures() const { return failures; }
+
+    /// The file was read again: there is nothing of it left to be saved.
+    void Settle(std::string_view path);
 
     /// A route's data file was replaced, and something of it is not in the new one.
     struct Loss {

@@ -187,6 +187,7 @@ void JobDesk::ReadFilesAgain(const std::vector<JobFile>& files) {
         if (quillon::ReadAgain(job, file)) {
             ++read;
             keptAsRead.erase(file);
+            saves.Settle(file.path);
         } else {
             unread = NameOf(file.path);
         }

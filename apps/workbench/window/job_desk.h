@@ -38,6 +38,8 @@ public:
 
     /// The file that was chosen elsewhere: on the chart, in a list.
     void Select(const JobPoint& point);
+    /// A pane was brought to the front: the tree goes to the file that it shows.
+    void FollowFront() { SelectShown(docks.FrontKind()); }
     /// What files would be added to: the kind with the keyboard, else the one in front.
     KIND FrontKind() const;
     void AddFilesOf(KIND kind);

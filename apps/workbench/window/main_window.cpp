@@ -228,6 +228,8 @@ void MainWindow::OnFeatureUpdate(KIND) {
 }
 
 void MainWindow::OnFocusFeature(KIND kind) {
+    // Whoever moves through the tree goes on doing so.
+    if (desk.Tree().HasKeyboard()) return docks.Raise(kind);
     if (QDockWidget* const dock = docks.DockOf(kind)) docks.BringToFront(*dock);
 }
 
@@ -420,7 +422,10 @@ void MainWindow::TogglePane(QDockWidget& dock) {
     // A floating pane may lie behind any window. The keyboard comes to the tree first.
     const bool isInFront = dock.isFloating() ? dock.isActiveWindow() : PaneDocks::IsInFront(dock);
     if (isInFront && (!isSide || (focus && dock.isAncestorOf(focus)))) return dock.hide();
-    if (!isSide) return docks.BringToFront(dock);
+    if (!isSide) {
+        docks.BringToFront(dock);
+        return desk.FollowFront();
+    }
     dock.show();
     dock.raise();
     dock.widget()->setFocus(Qt::ShortcutFocusReason);
