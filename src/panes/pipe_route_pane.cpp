@@ -8,6 +8,7 @@
 #include "frame/pane_layout.h"
 #include "frame/select_feature_files.h"
 #include "frame/size_columns.h"
+#include "panes/line_rows.h"
 #include "panes/row_values.h"
 #include "platform/platform.h"
 #include "platform/text.h"
@@ -37,6 +38,8 @@ constexpr std::array<RowEffect, 8> kEffects = {{
     {PIPE_ROUTE_INTERVAL,   COUNTS, kSaveSettings, false,   {REDRAW}},
 }};
 // clang-format on
+
+constexpr LineRowIds kLineRows = {.colour = PIPE_ROUTE_COLOUR, .thickness = PIPE_ROUTE_THICKNESS};
 
 }  // namespace
 
@@ -78,12 +81,7 @@ void CPipeRoutePane::BuildPropertyRows() {
     AddOrderRow(properties, kPipelineOrderTxt, route->dataOrder, "Order of data within Pipeline File",
                 PIPE_ROUTE_ORDER);
 
-    auto& line = GetPropertyList().AddGroup("Line");
-    line.Add<CMFCPropertyGridPrimaryColourProperty>("Colour", route->linePen.colour, kPaletteCount,
-                                                    "Specifies the pen colour of the Line", PIPE_ROUTE_COLOUR);
-    line.Add<CMFCPropertyGridLineThicknessProperty>(route->linePen.thickness, route->linePen.colour,
-                                                    PIPE_ROUTE_THICKNESS);
-
+    BuildLineRows(GetPropertyList(), kLineRows, route->linePen);
     auto& kp = GetPropertyList().AddGroup("K.P.");
     kp.Add<CMFCPropertyGridDouble>("Start KP", route->startKp, "%7.3lf", "KP at the first co-ordinates ",
                                    PIPE_ROUTE_START_KP)
@@ -114,11 +112,8 @@ bool CPipeRoutePane::StoreRow(CMFCPropertyGridProperty& row) {
             StoreOrder(ChosenOption(row));
             return true;
         case PIPE_ROUTE_COLOUR:
-            differed = Take(route->linePen.colour, row);
-            ColourRow(GetPropertyList(), PIPE_ROUTE_THICKNESS, route->linePen.colour);
-            return differed;
         case PIPE_ROUTE_THICKNESS:
-            return Take(route->linePen.thickness, row);
+            return StoreLineRow(GetPropertyList(), kLineRows, route->linePen, row);
         case PIPE_ROUTE_START_KP:
             return StoreKpRow(Take(route->startKp, row));
         case PIPE_ROUTE_INCREASING:

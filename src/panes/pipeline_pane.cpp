@@ -5,6 +5,7 @@
 
 #include "features/pipeline_columns.h"
 #include "panes/corridor_rows.h"
+#include "panes/line_rows.h"
 #include "panes/row_values.h"
 
 namespace quillon {
@@ -33,6 +34,8 @@ constexpr std::array<RowEffect, 13> kEffects = {{
     {PIPELINE_PASSWORD,        COUNTS, 0,             false,   {}},
 }};
 // clang-format on
+
+constexpr LineRowIds kLineRows = {.colour = PIPELINE_COLOUR, .thickness = PIPELINE_THICKNESS};
 
 constexpr CorridorRowIds kCorridorRows = {.display = PIPELINE_CORRIDOR,
                                           .portWidth = PIPELINE_PORT_WIDTH,
@@ -71,7 +74,6 @@ bool CPipelinePane::Create(CWnd* parent, UINT id, CPipelineList& features, bool 
 
 void CPipelinePane::BuildRows(int index) {
     CPipeline& pipeline = Member(index);
-    const COLORREF colour = pipeline.linePen.colour;
     auto& properties = GetPropertyList().AddGroup("Properties");
     properties.Add<CMFCPropertyGridProperty>("Display", pipeline.use, "Determine whether to display Pipeline File",
                                              PIPELINE_DISPLAY);
@@ -82,11 +84,7 @@ void CPipelinePane::BuildRows(int index) {
                                        "Enter the pipeline diameter in Inches", PIPELINE_DIAMETER)
         .EnableSpinControl(true, 0, std::numeric_limits<std::int16_t>::max());
 
-    auto& line = GetPropertyList().AddGroup("Line");
-    line.Add<CMFCPropertyGridPrimaryColourProperty>("Colour", colour, kPaletteCount,
-                                                    "Specifies the pen colour of the Line", PIPELINE_COLOUR);
-    line.Add<CMFCPropertyGridLineThicknessProperty>(pipeline.linePen.thickness, colour, PIPELINE_THICKNESS);
-
+    BuildLineRows(GetPropertyList(), kLineRows, pipeline.linePen);
     BuildCorridorRows(GetPropertyList(), kCorridorRows, CorridorOf(pipeline),
                       "Width of Corridor either side of Pipeline ");
     if (alarmRows) {
@@ -107,11 +105,8 @@ bool CPipelinePane::StoreMemberRow(int index, CMFCPropertyGridProperty& row) {
         case PIPELINE_DIAMETER:
             return Take(pipeline.diameter, row);
         case PIPELINE_COLOUR:
-            differed = Take(pipeline.linePen.colour, row);
-            ColourRow(GetPropertyList(), PIPELINE_THICKNESS, pipeline.linePen.colour);
-            return differed;
         case PIPELINE_THICKNESS:
-            return Take(pipeline.linePen.thickness, row);
+            return StoreLineRow(GetPropertyList(), kLineRows, pipeline.linePen, row);
         case PIPELINE_PORT_WIDTH:
         case PIPELINE_STARBOARD_WIDTH:
             differed = StoreCorridorRow(GetPropertyList(), kCorridorRows, CorridorOf(pipeline), row);

@@ -7,6 +7,7 @@
 #include "display/grid_list_ctrl.h"
 #include "frame/select_feature_files.h"
 #include "panes/corridor_rows.h"
+#include "panes/line_rows.h"
 #include "panes/row_values.h"
 #include "panes/rpl_table.h"
 #include "platform/text.h"
@@ -36,6 +37,8 @@ constexpr std::array<RowEffect, 11> kEffects = {{
     {RPL_TOLERANCE,       COUNTS, kSaveSettings, false,   {RECOMPUTE}},
 }};
 // clang-format on
+
+constexpr LineRowIds kLineRows = {.colour = RPL_COLOUR, .thickness = RPL_THICKNESS};
 
 constexpr CorridorRowIds kCorridorRows = {.display = RPL_CORRIDOR,
                                           .portWidth = RPL_PORT_WIDTH,
@@ -91,7 +94,6 @@ void CRPLPane::BuildPropertyRows() {
 
 void CRPLPane::BuildRows(int index) {
     CRPL& rpl = Member(index);
-    const COLORREF colour = rpl.linePen.colour;
     auto& properties = GetPropertyList().AddGroup("Properties");
     properties.Add<CMFCPropertyGridProperty>("Display", rpl.use, "Determine whether to display RPL File", RPL_DISPLAY);
     properties
@@ -99,11 +101,7 @@ void CRPLPane::BuildRows(int index) {
                                        "Enter the RPL diameter in Inches", RPL_DIAMETER)
         .EnableSpinControl(true, 0, std::numeric_limits<std::int16_t>::max());
 
-    auto& line = GetPropertyList().AddGroup("Line");
-    line.Add<CMFCPropertyGridPrimaryColourProperty>("Colour", colour, kPaletteCount,
-                                                    "Specifies the pen colour of the Line", RPL_COLOUR);
-    line.Add<CMFCPropertyGridLineThicknessProperty>(rpl.linePen.thickness, colour, RPL_THICKNESS);
-
+    BuildLineRows(GetPropertyList(), kLineRows, rpl.linePen);
     BuildCorridorRows(GetPropertyList(), kCorridorRows, CorridorOf(rpl), "Width of Corridor either side of RPL ");
     alarm.Build(rpl.clearance, rpl.tolerance, "ERROR if cable gets close than clearance + Tolerance distance");
 }
@@ -115,13 +113,9 @@ bool CRPLPane::StoreMemberRow(int index, CMFCPropertyGridProperty& row) {
             return Take(rpl.use, row);
         case RPL_DIAMETER:
             return Take(rpl.diameter, row);
-        case RPL_COLOUR: {
-            const bool differed = Take(rpl.linePen.colour, row);
-            ColourRow(GetPropertyList(), RPL_THICKNESS, rpl.linePen.colour);
-            return differed;
-        }
+        case RPL_COLOUR:
         case RPL_THICKNESS:
-            return Take(rpl.linePen.thickness, row);
+            return StoreLineRow(GetPropertyList(), kLineRows, rpl.linePen, row);
         case RPL_CORRIDOR:
         case RPL_PORT_WIDTH:
         case RPL_STARBOARD_WIDTH:

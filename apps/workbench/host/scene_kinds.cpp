@@ -214,7 +214,7 @@ void AddRplCorridor(SceneBuilder& scene, const CRPL& rpl, double tolerance) {
 
 /// A small ring at each tangent point, with its KP.
 void AddRplMarks(SceneBuilder& scene, const CRPL& rpl, int file) {
-    constexpr VECTOR_SYMBOL kRing = 2;
+    constexpr VECTOR_SYMBOL kRing = 8;
     const std::string name = rpl.GetPath() + "|marks";
     const auto marks = scene.Keep<RplLine>(name, rpl.GetStamp(),
                                            [&] { return std::make_shared<const RplLine>(RplMarks(rpl.GetRecords())); });
