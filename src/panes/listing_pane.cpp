@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
+#include "features/design_route.h"
 #include "frame/pane_layout.h"
 #include "job/kinds.h"
 #include "platform/platform.h"
@@ -13,8 +15,9 @@ namespace {
 constexpr const char* kProfileKey = "FeatureType";
 
 /// In the order of the choice.
-constexpr std::array kTypes = {FEATURE_TYPES::WAYPOINT, FEATURE_TYPES::SAIL_LINE, FEATURE_TYPES::ROUTE,
-                               FEATURE_TYPES::PIPELINE, FEATURE_TYPES::BOUNDARY,  FEATURE_TYPES::STRUCTURE};
+constexpr std::array kTypes = {FEATURE_TYPES::WAYPOINT,    FEATURE_TYPES::SAIL_LINE, FEATURE_TYPES::ROUTE,
+                               FEATURE_TYPES::PIPELINE,    FEATURE_TYPES::BOUNDARY,  FEATURE_TYPES::STRUCTURE,
+                               FEATURE_TYPES::DESIGN_ROUTE};
 
 /// Of the records of a member, so that a change of them is seen.
 std::uint64_t StampOf(const JobRecord& job, FEATURE_TYPES type, int file) {
@@ -32,6 +35,7 @@ std::uint64_t StampOf(const JobRecord& job, FEATURE_TYPES type, int file) {
         case FEATURE_TYPES::STRUCTURE:
             return job.structures[file].GetStamp();
         case FEATURE_TYPES::DESIGN_ROUTE:
+            return job.rpls[file].GetStamp();
         case FEATURE_TYPES::NONE:
             break;
     }
@@ -40,7 +44,8 @@ std::uint64_t StampOf(const JobRecord& job, FEATURE_TYPES type, int file) {
 
 }  // namespace
 
-CListingPane::CListingPane(Platform& platform) : CMyDockablePane(platform), types(*this, TYPES), view(*this, VIEW) {
+CListingPane::CListingPane(Platform& platform)
+    : CMyDockablePane(platform), types(*this, TYPES), designs(platform.Files()), view(*this, VIEW) {
     for (const FEATURE_TYPES type : kTypes) types.AddString(FeatureTypeText(type));
     view.onCursorMoved = [this] { OnCursorMoved(); };
 }
@@ -51,6 +56,7 @@ bool CListingPane::Create(CWnd* parent, UINT id, JobRecord& record) {
     view.SetSailLineFiles(&record.sailLines);
     view.SetRouteFiles(&record.routes);
     view.SetPipelineFiles(&record.pipelines);
+    view.SetDesignRouteFiles(&designs);
     view.SetBoundaryFiles(&record.boundaries);
     view.SetStructureFiles(&record.structures);
     if (!CreatePane(parent, id, kTitle)) return false;
@@ -77,6 +83,7 @@ void CListingPane::OnCommand(UINT control) {
 }
 
 void CListingPane::ChooseType(int index) {
+    MakeDesigns();
     view.SetFeatureType(kTypes[static_cast<std::size_t>(index)]);
     listed = What();
 }
@@ -89,7 +96,27 @@ CListingPane::Listed CListingPane::What() const {
     return {{type, file}, {list->GetPath(file), StampOf(*job, type, file)}};
 }
 
+void CListingPane::MakeDesigns() {
+    std::vector<std::pair<std::string, std::uint64_t>> now;
+    for (int i = 0; i < job->rpls.GetCount(); ++i) now.emplace_back(job->rpls.GetPath(i), job->rpls[i].GetStamp());
+    if (now != made) {
+        while (!designs.IsEmpty()) designs.RemoveAt(0);
+        for (int i = 0; i < job->rpls.GetCount(); ++i) {
+            auto route = std::make_unique<CRoute>(designs.GetFiles());
+            route->MakeStub(job->rpls.GetPath(i));
+            static_cast<CRouteArray&>(*route) = DesignRouteOf(job->rpls[i]);
+            designs.Append(std::move(route));
+        }
+        made = std::move(now);
+    }
+    // Route position lists keep no cursor of their own; the first one shows until the operator has chosen another.
+    const FeatureEditState& cursor = job->rpls.editState;
+    designs.ResetEditCursor();
+    designs.SetEditCursor(std::max<int>(0, cursor.editFileIndex), std::max(0, cursor.editPointIndex));
+}
+
 void CListingPane::RefreshRows() {
+    MakeDesigns();
     const Listed now = What();
     if (now == listed) return;
     listed = now;
@@ -97,10 +124,12 @@ void CListingPane::RefreshRows() {
 }
 
 void CListingPane::OnCursorMoved() {
-    CFileListBase* const list = view.List();
-    const JobKind* const kind = FindKind(view.GetFeatureType());
-    if (!list || !kind) return;
-    list->Save();
+    const bool isDesign = view.GetFeatureType() == FEATURE_TYPES::DESIGN_ROUTE;
+    const JobKind* const kind = isDesign ? &KindOf(KIND::RPL) : FindKind(view.GetFeatureType());
+    if (!view.List() || !kind) return;
+    if (isDesign) job->rpls.SetEditCursor(designs.editState.editFileIndex, designs.editState.editPointIndex);
+    CFileListBase* const list = isDesign ? &job->rpls : view.List();
+    if (!isDesign) list->Save();
     const FeatureEditState& cursor = list->editState;
     if (!list->IsValidIndex(cursor.editFileIndex) || cursor.editPointIndex < 0) return;
     // The structure pane shows the structure under the cursor.

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "display/feature_view.h"
 #include "frame/my_dockable_pane.h"
@@ -38,10 +40,14 @@ private:
     FEATURE_TYPES GetFeatureType() const override { return view.GetFeatureType(); }
     void ChooseType(int index);
     void OnCursorMoved();
+    /// A design route is what a route position list describes; they are made anew where these are others.
+    void MakeDesigns();
     Listed What() const;
 
     JobRecord* job = nullptr;
     CComboBox types;
+    CDesignRouteList designs;                                 // of the route position lists
+    std::vector<std::pair<std::string, std::uint64_t>> made;  // paths and stamps that the designs are made of
     CFeatureView view;
     Listed listed;
 };

@@ -30,6 +30,16 @@ TEST_F(ListingPaneTest, FollowsTheCursorAndMovesIt) {
     job->sailLines.Add("C:\\Jobs\\A.csv");
     user::Select(pane.GetTypeCombo(), 1);
     EXPECT_EQ(pane.GetView().GetColumn(1).header, "SOL Easting");
+    drives.Write("C:\\Jobs\\cable.csv", "1000,1000,0\r\n2000,1000,100\r\n2000,2000,0\r\n");
+    ASSERT_TRUE(job->rpls.Add("C:\\Jobs\\cable.csv"));
+    user::Select(pane.GetTypeCombo(), 6);
+    EXPECT_EQ(pane.GetWindowText(), "Design Route - cable");
+    EXPECT_EQ(pane.GetView().GetItemText(1, 0) + " " + pane.GetView().GetItemText(1, 1), "TP 1 900.000");
+    Messages();
+    user::Click(pane.GetView(), 2);
+    EXPECT_EQ(Messages(), RedrawPair("2000.000, 1000.000"));
+    EXPECT_EQ(job->rpls.editState.editPointIndex, 1);
+    user::Select(pane.GetTypeCombo(), 1);
     CListingPane next(*platform);
     ASSERT_TRUE(next.Create(log.get(), CListingPane::kTitleId, *job));
     EXPECT_EQ(next.GetTypeCombo().GetCurSel(), 1) << "the choice is kept";
