@@ -106,13 +106,13 @@ public:
             report.fault = parsed ? "no GPX file" : FaultText(parsed);
             return;
         }
-        report.opened = true;
         // What stands before a break is whole.
         if (!parsed) report.fault = FaultText(parsed);
         EachChild(root, "wpt", [this](const pugi::xml_node& node) { TakeWaypoint(node); });
         EachChild(root, "trk", [this](const pugi::xml_node& node) { TakeTrack(node); });
         int routes = 0;
         EachChild(root, "rte", [&](const pugi::xml_node& node) { TakeRoute(node, ++routes); });
+        report.opened = parsed || !gpx.tracks.empty() || !gpx.waypoints.empty();
     }
 
 private:

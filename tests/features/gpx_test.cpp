@@ -109,7 +109,7 @@ TEST_F(GpxTest, TracksSegmentsRoutesWaypointsInBothVersions) {
     gpx.tracks[1].show = false;
     gpx.WriteShowFile();
     EXPECT_EQ(drives.Read("C:\\Jobs\\day.INI"),
-              "Waypoints = 1\r\nBo\xEF A=B = 0\r\nWaypoint 2 = 1\r\nTrack 1 = 1\r\nRoute 1 = 0\r\n");
+              "Waypoints = 1\r\nBo\xEF A B = 0\r\nWaypoint 2 = 1\r\nTrack 1 = 1\r\nRoute 1 = 0\r\n");
     gpx.trackColour = 0x123456;
     gpx.showDots = true;
     gpx.WriteSettings();

@@ -84,13 +84,13 @@ TEST_F(ReferenceDlgs, ATrackListsItsLegs) {
         const CListCtrl& table = dialog.GetTable();
         auto& combo = Of<CItemList>(shown, CGpxTracksDisplayDlg::kTrack);
         EXPECT_EQ(table.GetColumn(9).header, "Track\nAverage\nSpeed");
-        EXPECT_EQ(Row(table, 0), "02 Jan 2000|00:00:01|000\xB0 00'.0000N|000\xB0 00'.0000E|090.0\xB0|60.108|2.401|||");
+        EXPECT_EQ(Row(table, 0), "02 Jan 2000|00:00:01|00\xB0 00'.0000N|000\xB0 00'.0000E|090.0\xB0|60.108|2.403|||");
         EXPECT_EQ(Row(table, 1),
-                  "03 Jan 2000|01:01:02|000\xB0 00'.0000N|001\xB0 00'.0000E||||60.108|1 Day 01:01:01|2.401");
+                  "03 Jan 2000|01:01:02|00\xB0 00'.0000N|001\xB0 00'.0000E||||60.108|1 Day 01:01:01|2.403");
         user::Select(combo, 1);
         EXPECT_EQ(table.GetColumnCount(), 0) << "a track without points";
         user::Select(combo, 2);
-        EXPECT_EQ(Row(table, 0), "000\xB0 30'.0000N|001\xB0 15'.0000W|000.0\xB0|0.000|") << "no times, five columns";
+        EXPECT_EQ(Row(table, 0), "00\xB0 30'.0000N|001\xB0 15'.0000W|000.0\xB0|0.000|") << "no times, five columns";
         user::Dismiss(shown);
     });
     dialog.DoModal();
