@@ -156,6 +156,12 @@ bool CRPL::FollowStored() {
     return !path.empty() && file.OpenForRead(SettingsName()) && FollowFile(file, settings, stored);
 }
 
+bool CRPL::ReadStored() {
+    const RPLSettings before = *this;
+    ReadSettings();
+    return before != static_cast<const RPLSettings&>(*this);
+}
+
 // ---- The list ----
 
 CRPLList::CRPLList(FileSystem& fileSystem) : CFileList(fileSystem) {
