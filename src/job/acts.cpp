@@ -189,13 +189,11 @@ ActOutcome ActHistory::Swap(const Act& act, SWAP direction) {
     ActOutcome outcome;
     outcome.name = act.name;
     outcome.told = act.told;
-    SwapResult swapped;
-    {
-        const Holding hold(swapping);
-        record.SetFollowing(false);
-        swapped = SwapFiles(files, act.files, direction);
-        record.SetFollowing(true);
-    }
+    // Also while features come and go: what one writes as it goes is no act.
+    const Holding hold(swapping);
+    record.SetFollowing(false);
+    const SwapResult swapped = SwapFiles(files, act.files, direction);
+    record.SetFollowing(true);
     outcome.done = swapped.done;
     if (!swapped.done) {
         outcome.refusal = (direction == SWAP::TO_BEFORE ? "Not undone: " : "Not done again: ") + act.name + "\n" +
