@@ -39,6 +39,11 @@ std::size_t Act::Bytes() const {
                            [](std::size_t sum, const FileChange& change) { return sum + BytesOf(change); });
 }
 
+bool Act::Touches(std::string_view path) const {
+    return std::any_of(files.begin(), files.end(),
+                       [path](const FileChange& change) { return EqualNoCase(change.path, path); });
+}
+
 ActHistory::ActHistory(Platform& owner, JobRecord& job, std::size_t most)
     : platform(owner), files(owner.Files()), record(job), mostBytes(most), further(owner.Files().Observer()) {
     platform.SetActObserver(this);
@@ -184,13 +189,11 @@ ActOutcome ActHistory::Swap(const Act& act, SWAP direction) {
     ActOutcome outcome;
     outcome.name = act.name;
     outcome.told = act.told;
-    SwapResult swapped;
-    {
-        const Holding hold(swapping);
-        record.SetFollowing(false);
-        swapped = SwapFiles(files, act.files, direction);
-        record.SetFollowing(true);
-    }
+    // Also while features come and go: what one writes as it goes is no act.
+    const Holding hold(swapping);
+    record.SetFollowing(false);
+    const SwapResult swapped = SwapFiles(files, act.files, direction);
+    record.SetFollowing(true);
     outcome.done = swapped.done;
     if (!swapped.done) {
         outcome.refusal = (direction == SWAP::TO_BEFORE ? "Not undone: " : "Not done again: ") + act.name + "\n" +
@@ -198,10 +201,7 @@ ActOutcome ActHistory::Swap(const Act& act, SWAP direction) {
         return outcome;
     }
     std::vector<std::string> paths;
-    for (const FileChange& change : act.files) {
-        paths.push_back(change.path);
-        outcome.movedCursors |= !change.guarded;
-    }
+    for (const FileChange& change : act.files) paths.push_back(change.path);
     outcome.renewed = ReadRestored(record, paths);
     return outcome;
 }

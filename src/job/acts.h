@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -22,6 +23,7 @@ struct Act {
 
     /// Memory that its files take.
     std::size_t Bytes() const;
+    bool Touches(std::string_view path) const;
 };
 
 /// What came of an undo or a redo.
@@ -30,16 +32,15 @@ struct ActOutcome {
     std::string name;     ///< of the act; empty where there was none
     std::string refusal;  ///< why it wasn't done, with the file that stood in the way; for people
     std::vector<MSG> told;
-    std::vector<RenewedFile> renewed;  ///< what the job holds now in another form
-    bool movedCursors = false;
+    Restored renewed;
 };
 
 /// The acts of the operator, with what it takes to undo and to do them again.
 ///
 /// What is committed from the beginning of an act until the next begins, or until all that it posted has been
 /// delivered, belongs to it. What is committed at other times is an act by itself. An act without a changed file is
-/// none, and one that did no more than move a cursor is part of the one before it. Exports are no part of a job, so they
-/// belong to no act.
+/// none, and one that did no more than move a cursor is part of the one before it. Exports are no part of a job, so
+/// they belong to no act.
 ///
 /// The history is kept in memory and bounded: the oldest acts are dropped first, and an act that alone is too large
 /// isn't kept. It observes the platform and its files as long as it lives; all on the user-interface thread. Commits on

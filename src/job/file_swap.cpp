@@ -15,6 +15,7 @@ constexpr std::string_view kHead = "QUILLON SWAP 1\n";
 constexpr std::string_view kFileMark = "FILE ";
 constexpr std::string_view kEnd = "END\n";
 constexpr std::string_view kChanged = "another program has changed it since";
+constexpr std::string_view kUnreadable = "it can't be read";
 /// Far above what a history holds.
 constexpr std::size_t kLargestFile = std::size_t{1} << 30;
 
@@ -121,7 +122,7 @@ public:
         const bool fits = standing.read && (!guarded || standing.bytes == expected || standing.bytes == wanted);
         if (!fits) {
             result.path = path;
-            result.fault = kChanged;
+            result.fault = standing.read ? kChanged : kUnreadable;
         } else if (standing.bytes != wanted) {
             steps.push_back({path, std::move(standing), wanted});
         }

@@ -110,7 +110,12 @@ bool JobRecord::ReadTargetsRestored(std::span<const std::string> paths) {
     const std::string plot = CTargetPlot::SettingsPath(routes.GetFiles());
     const bool isPlot =
         std::any_of(paths.begin(), paths.end(), [&plot](const std::string& path) { return EqualNoCase(path, plot); });
-    if (isPlot) targetPlot.Load(routes.GetFiles());
+    if (isPlot) {
+        // Without its file it is as at the first start.
+        CTargetPlot stored(targetPlot.ellipsoid);
+        stored.Load(routes.GetFiles());
+        targetPlot = stored;
+    }
     return vessel || object || isPlot;
 }
 

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "background/dig.h"
-#include "background/dxf.h"
 #include "background/dtm.h"
+#include "background/dxf.h"
 #include "background/shape_file_list.h"
 #include "features/boundary.h"
 #include "features/gpx.h"

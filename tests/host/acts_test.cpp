@@ -32,8 +32,8 @@ using ::testing::IsEmpty;
 using ::testing::StartsWith;
 using Files = std::map<std::string, std::string>;
 
-/// Of the walk over all panes. 2000 find more, and take some ten seconds.
-constexpr int kWalkedActs = 2000;
+/// Of the walk over all panes; of the long one, which takes some ten seconds and is run by hand.
+constexpr std::size_t kWalkedActs = 200, kLongWalk = 2000;
 
 /// Nothing is flushed, which is most of the time that a save takes; from the `last`th step on that changes a file's
 /// name, nothing works.
@@ -72,6 +72,7 @@ public:
     void OnClearanceStale() override { log.emplace_back("stale"); }
     void OnFeatureUpdate(KIND kind) override { log.push_back("update " + std::string(KindOf(kind).name)); }
     void OnFocusFeature(KIND) override { log.emplace_back("focus"); }
+    void OnGeodesyChanged() override { log.emplace_back("geodesy"); }
     void OnActsChanged() override { ++changes; }
     std::vector<std::string> log;
     int changes = 0;
@@ -140,14 +141,27 @@ protected:
         for (const Act& act : job->Acts()->Done()) names.push_back(act.name);
         return names;
     }
+    /// All but what the program makes anew by itself: caches, and the reference point of grid shifts.
     Files AllFiles() {
         Files files;
         for (const auto& entry : fs::recursive_directory_iterator(drives.Root())) {
-            if (!entry.is_regular_file()) continue;
+            const std::string name = entry.path().filename();
+            if (!entry.is_regular_file() || name == "NTv2.INI" || name.ends_with(".DTM")) continue;
             std::ifstream in(entry.path(), std::ios::binary);
             files[entry.path().lexically_relative(drives.Root()).string()] = {std::istreambuf_iterator<char>(in), {}};
         }
         return files;
+    }
+    /// The names of the files in which two states differ.
+    static std::vector<std::string> Changed(const Files& now, const Files& was) {
+        std::vector<std::string> names;
+        for (const auto& [path, bytes] : now) {
+            if (!was.contains(path) || was.at(path) != bytes) names.push_back(path);
+        }
+        for (const auto& [path, bytes] : was) {
+            if (!now.contains(path)) names.push_back(path + " gone");
+        }
+        return names;
     }
 
     ScratchDrives drives{"Host"};
@@ -185,7 +199,7 @@ TEST_F(ActsTest, AreNamedByPaneAndRowOrButton) {
     EXPECT_EQ(DoneNames().back(), "Structure: Add");
     EXPECT_THAT(drives.Read("C:\\Job\\Field.dat"), ::testing::HasSubstr("Structure 2"));
     EXPECT_TRUE(job->Undo());
-    EXPECT_EQ(AllFiles(), before);
+    EXPECT_THAT(Changed(AllFiles(), before), IsEmpty());
     EXPECT_EQ(job->Record().structures.GetPointCount(0), 1);
     // What is written beside the controls is an act too, if it is more than a cursor.
     ASSERT_TRUE(job->SelectPoint({KIND::BOUNDARY, 0, 2}));
@@ -234,37 +248,24 @@ TEST_F(ActsTest, PanesAndMessagesFollow) {
     EXPECT_FALSE(job->Record().boundaries[1].Status);
 }
 
-TEST_F(ActsTest, ARewrittenRouteComesBackAsItWas) {
-    CRoutePane& pane = PaneOf<CRoutePane>(KIND::ROUTE);
-    const Files before = AllFiles();
-    EXPECT_TRUE(Type(pane, ROUTE_LABEL_MODE, "None"));
-    Pump();
-    const Files after = AllFiles();
-    EXPECT_TRUE(after.contains("c/Route/A (original).csv"));
-    EXPECT_TRUE(job->Undo());
-    EXPECT_EQ(AllFiles(), before);
-    EXPECT_THAT(Pump(), ::testing::Each("drawing"));
-    EXPECT_TRUE(job->Redo());
-    EXPECT_EQ(AllFiles(), after);
-}
-
 TEST_F(ActsTest, NeverOverwriteWhatAnotherProgramHasChanged) {
     constexpr std::string_view kRoute = "C:\\Route\\A.csv", kOriginal = "C:\\Route\\A (original).csv";
-    CRoutePane& pane = PaneOf<CRoutePane>(KIND::ROUTE);
-    EXPECT_TRUE(Type(pane, ROUTE_LABEL_MODE, "None"));
+    const Files start = AllFiles();
+    EXPECT_TRUE(Type(PaneOf<CRoutePane>(KIND::ROUTE), ROUTE_LABEL_MODE, "None"));
     Pump();
     for (const std::string_view path : {kRoute, kOriginal}) {
         const std::string ours = drives.Read(path);
         drives.Write(path, "1,2\r\n3,4\r\n");
         const Files before = AllFiles();
         EXPECT_FALSE(job->Undo());
-        EXPECT_EQ(AllFiles(), before);
+        EXPECT_THAT(Changed(AllFiles(), before), IsEmpty());
         EXPECT_EQ(platform->Calls().back(),
                   "warning: Not undone: Route: Label\n" + std::string(path) + ": another program has changed it since");
         EXPECT_EQ(job->Acts()->Done().size(), 1u);
         drives.Write(path, ours);
     }
     EXPECT_TRUE(job->Undo());
+    EXPECT_THAT(Changed(AllFiles(), start), IsEmpty());
     drives.Write(kOriginal, "there was none");
     EXPECT_FALSE(job->Redo());
     EXPECT_THAT(platform->Calls().back(), StartsWith("warning: Not done again: "));
@@ -409,8 +410,10 @@ protected:
     }
     void UndoAll() {
         while (!job->Acts()->Done().empty()) {
+            const std::size_t undone = job->Acts()->Undone().size();
             ASSERT_TRUE(job->Undo()) << platform->Calls().back();
             if (Below(4) != 0) Pump();
+            ASSERT_EQ(job->Acts()->Undone().size(), undone + 1) << "something else was written";
         }
         Pump();
     }
@@ -422,34 +425,41 @@ protected:
         Pump();
     }
 
+    void GoThereAndBack(std::size_t acts) {
+        const Files firstFiles = AllFiles();
+        const std::vector<std::string> firstTables = Tables(*job);
+        Walk(acts);
+        const Files lastFiles = AllFiles();
+        const std::vector<std::string> lastTables = Tables(*job);
+        EXPECT_NE(lastFiles, firstFiles);
+        UndoAll();
+        EXPECT_THAT(Changed(AllFiles(), firstFiles), IsEmpty());
+        EXPECT_THAT(Differences(Tables(*job), firstTables), IsEmpty());
+        RedoAll();
+        EXPECT_THAT(Changed(AllFiles(), lastFiles), IsEmpty());
+        EXPECT_THAT(Differences(Tables(*job), lastTables), IsEmpty());
+        // What is held is what a new start would read.
+        HeadlessPlatform later(drives.Root(), "Host");
+        Job started(later);
+        started.Open();
+        EXPECT_THAT(Differences(Tables(started), lastTables), IsEmpty());
+        EXPECT_THAT(Changed(AllFiles(), lastFiles), IsEmpty());
+    }
+
     std::mt19937 random{20};
 };
 
 TEST_F(ActsWalkTest, GoesBackToTheStartAndOnToTheEnd) {
-    const Files firstFiles = AllFiles();
-    const std::vector<std::string> firstTables = Tables(*job);
-    Walk(kWalkedActs);
-    const Files lastFiles = AllFiles();
-    const std::vector<std::string> lastTables = Tables(*job);
-    EXPECT_NE(lastFiles, firstFiles);
-    UndoAll();
-    EXPECT_EQ(AllFiles(), firstFiles);
-    EXPECT_THAT(Differences(Tables(*job), firstTables), IsEmpty());
-    RedoAll();
-    EXPECT_EQ(AllFiles(), lastFiles);
-    EXPECT_THAT(Differences(Tables(*job), lastTables), IsEmpty());
-    // What is held is what a new start would read.
-    HeadlessPlatform later(drives.Root(), "Host");
-    Job started(later);
-    started.Open();
-    EXPECT_THAT(Differences(Tables(started), lastTables), IsEmpty());
-    EXPECT_EQ(AllFiles(), lastFiles);
+    GoThereAndBack(kWalkedActs);
+}
+TEST_F(ActsWalkTest, DISABLED_GoesALongWay) {
+    GoThereAndBack(kLongWalk);
 }
 
 /// Every act of a walk is undone and done again while the file system stops working at one step after the other; a new
 /// start finds all of the act's files before it or behind it.
 TEST_F(ActsWalkTest, AKillLeavesAllFilesOfAnActOnOneSide) {
-    constexpr std::size_t kActs = 40;
+    constexpr std::size_t kActs = 20;
     Walk(kActs);
     std::size_t stops = 0;
     int kills = 0;
@@ -462,9 +472,7 @@ TEST_F(ActsWalkTest, AKillLeavesAllFilesOfAnActOnOneSide) {
             const Files after = AllFiles();
             ASSERT_TRUE(back ? job->Redo() : job->Undo());
             Pump();
-            ASSERT_EQ(AllFiles(), before);
-            std::size_t changed = 0;
-            for (const auto& [path, bytes] : after) changed += !before.contains(path) || before.at(path) != bytes;
+            ASSERT_THAT(Changed(AllFiles(), before), IsEmpty());
             bool whole = false;
             for (int last = 1; !whole; ++last) {
                 // A process of its own goes on from here and ends at that step; now and then by force.
@@ -482,9 +490,11 @@ TEST_F(ActsWalkTest, AKillLeavesAllFilesOfAnActOnOneSide) {
                 Job started(later);
                 started.Open();
                 const Files found = AllFiles();
-                ASSERT_TRUE(found == before || found == after) << changed << " files, step " << last;
+                ASSERT_TRUE(found == before || found == after)
+                    << "step " << last << ::testing::PrintToString(Changed(found, before))
+                    << ::testing::PrintToString(Changed(found, after));
                 if (whole) {
-                    ASSERT_EQ(found, after);
+                    ASSERT_THAT(Changed(found, after), IsEmpty());
                 }
                 for (const auto& [path, bytes] : found) {
                     if (!before.contains(path)) fs::remove(drives.Root() / path);

@@ -189,6 +189,7 @@ void Job::ShowStructureEdit() {
 
 bool Job::SelectFile(KIND kind, int file) {
     if (kind == KIND::NONE || file < 0 || file >= KindOf(kind).fileCount(record)) return false;
+    const UserAct act(GetPlatform(), "Chart");
     CFileListBase* const list = ListOf(kind);
     if (list && list->editState.editFileIndex != file) {
         list->SetEditCursor(file, 0);
@@ -210,6 +211,7 @@ void Job::ClearShownPoint() {
 }
 
 GEODESY_FAULT Job::ChooseGeodesy(const GeodesyChoice& choice) {
+    const UserAct act(GetPlatform(), "Grid of the Job");
     const GEODESY_FAULT fault = record.geodesy.Choose(choice);
     if (fault != GEODESY_FAULT::NONE) return fault;
     FollowGeodesy();
@@ -217,6 +219,7 @@ GEODESY_FAULT Job::ChooseGeodesy(const GeodesyChoice& choice) {
 }
 
 void Job::ClearGeodesy() {
+    const UserAct act(GetPlatform(), "Grid of the Job");
     record.geodesy.Clear();
     FollowGeodesy();
 }
@@ -327,12 +330,18 @@ bool Job::Follow(const ActOutcome& outcome, const std::vector<std::string>& show
     for (std::size_t i = 0; i < panes.size(); ++i) {
         CMyDockablePane& pane = *panes[i];
         const KIND kind = KindOfPane(pane.GetDlgCtrlID());
-        const auto isOfKind = [kind](const RenewedFile& renewed) { return renewed.kind == kind; };
         if (auto* const files = dynamic_cast<CFeaturePane*>(&pane)) {
             ShowRenewed(outcome, *files, shownBefore[i]);
-        } else if (std::any_of(outcome.renewed.begin(), outcome.renewed.end(), isOfKind) || outcome.movedCursors) {
-            ListOf(kind) ? BringUpToDate(pane) : pane.Refresh();
+        } else if (ListOf(kind)) {
+            BringUpToDate(pane);
+        } else if (kind != KIND::NONE) {
+            pane.Refresh();
         }
+    }
+    if (outcome.renewed.geodesy && observer) observer->OnGeodesyChanged();
+    if (outcome.renewed.targets || outcome.renewed.geodesy) {
+        targets.ShowRestored();
+        for (const auto& pane : panes) pane->RefreshRows();
     }
     loads.Start();
     for (const MSG& message : outcome.told) PostMessage(message.message, message.wParam, message.lParam);
@@ -349,7 +358,7 @@ void Job::ShowRenewed(const ActOutcome& outcome, CFeaturePane& pane, const std::
     const FeatureEditState cursor = list.editState;
     int wanted = list.Find(shownBefore);
     if (wanted < 0) wanted = cursor.editFileIndex;
-    for (const RenewedFile& renewed : outcome.renewed) {
+    for (const RenewedFile& renewed : outcome.renewed.files) {
         if (renewed.kind == kind) wanted = renewed.file;
     }
     CComboBox& combo = pane.GetCombo();

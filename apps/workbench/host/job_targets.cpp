@@ -1,6 +1,7 @@
 #include "host/job_targets.h"
 
 #include <cmath>
+#include <initializer_list>
 
 #include "foundation/angle_units.h"
 #include "foundation/paths.h"
@@ -13,6 +14,10 @@ namespace {
 
 constexpr const char* kSection = "Workbench";
 constexpr const char* kFollowsVessel = "Target Plot Follows Vessel";
+
+std::string ActName(const COutlineList& list, const char* what) {
+    return std::string(list.Label()) + ": " + what;
+}
 
 }  // namespace
 
@@ -37,6 +42,15 @@ void JobTargets::ShowCurrent(COutlineList& list) {
     if (onChanged) onChanged();
 }
 
+void JobTargets::ShowRestored() {
+    for (COutlineList* const list : std::initializer_list<COutlineList*>{&record.vessels, &record.templates}) {
+        if (CTargetPane* const pane = PaneOf(*list)) pane->SetObject(list->GetCurrent());
+        list->DropRetired();
+    }
+    Follow();
+    if (onChanged) onChanged();
+}
+
 void JobTargets::Tell(const std::string& fault) {
     platform.WarningMessage(fault);
 }
@@ -44,11 +58,13 @@ void JobTargets::Tell(const std::string& fault) {
 // ---- Acts ----
 
 void JobTargets::AddNew(COutlineList& list) {
+    const UserAct act(platform, ActName(list, "New"));
     COutlineDlg dialog(platform, list);
     if (dialog.DoModal() == IDOK) ShowCurrent(list);
 }
 
 void JobTargets::Open(COutlineList& list) {
+    const UserAct act(platform, ActName(list, "Open"));
     const std::string label(list.Label()), extension(list.Extension());
     const FileQuestion question{
         .title = label + " File ....",
@@ -63,6 +79,7 @@ void JobTargets::Open(COutlineList& list) {
 }
 
 void JobTargets::Remove(COutlineList& list) {
+    const UserAct act(platform, ActName(list, "Remove"));
     if (!list.GetCurrent()) return;
     if (CTargetPane* const pane = PaneOf(list)) pane->SetObject(nullptr);
     list.RemoveAt(list.GetCurrentIndex());
@@ -70,11 +87,13 @@ void JobTargets::Remove(COutlineList& list) {
 }
 
 void JobTargets::Choose(COutlineList& list, int index) {
+    const UserAct act(platform, ActName(list, "Choose"));
     list.SetCurrent(index);
     ShowCurrent(list);
 }
 
 void JobTargets::ChooseOutline(COutlineList& list) {
+    const UserAct act(platform, ActName(list, "Outline"));
     const COutline* const object = list.GetCurrent();
     if (!object) return;
     std::string path = object->outlineFile;
@@ -85,6 +104,7 @@ void JobTargets::ChooseOutline(COutlineList& list) {
 }
 
 void JobTargets::PlaceAt(COutlineList& list, std::optional<tagXY> place) {
+    const UserAct act(platform, ActName(list, "Place"));
     if (!list.GetCurrent()) return;
     list.SetPlace(list.GetCurrentIndex(), place);
     ShowCurrent(list);

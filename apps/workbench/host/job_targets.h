@@ -21,6 +21,9 @@ public:
     /// Told after each act below that changed something.
     std::function<void()> onChanged;
 
+    /// Shows the current ones anew, when their files were put back and read anew.
+    void ShowRestored();
+
     // Acts. What stands in the way is told to the operator.
 
     void AddNew(COutlineList& list);

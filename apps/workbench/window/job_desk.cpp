@@ -267,20 +267,36 @@ void JobDesk::ShowFailures() {
 void JobDesk::ShowLosses() {
     const std::vector<SaveWatch::Loss> losses = saves.TakeLosses();
     if (losses.empty()) return;
-    const SaveWatch::Loss& last = losses.back();
+    shownLoss = losses.back();
+    ShowLoss();
+}
+
+/// Taken back as long as it is what was done last.
+void JobDesk::ShowLoss() {
     QStringList lines;
-    for (const RewriteLosses::Named& named : last.losses.named) {
+    for (const RewriteLosses::Named& named : shownLoss->losses.named) {
         lines += QString("line %1: ").arg(named.line) + ToQString(named.text);
     }
-    NoticeStrip::Notice notice{.text = ToQString(LossText(last)), .details = Listed(lines)};
-    if (onUndo) {
-        notice.offers.push_back({"Undo", [this] {
-                                     notices->Take(TOPIC::DATA_LOST);
-                                     onUndo();
-                                 }});
+    NoticeStrip::Notice notice{.text = ToQString(LossText(*shownLoss)), .details = Listed(lines)};
+    const ActHistory* const acts = job.Acts();
+    if (acts && !acts->Done().empty() && acts->Done().back().Touches(shownLoss->path)) {
+        notice.offers.push_back({"Undo", [this] { job.Undo(); }});
     }
-    notice.offers.push_back({"OK", [this] { notices->Take(TOPIC::DATA_LOST); }});
+    notice.offers.push_back({"OK", [this] { TakeLoss(); }});
     notices->Show(TOPIC::DATA_LOST, notice);
+}
+
+void JobDesk::TakeLoss() {
+    shownLoss.reset();
+    notices->Take(TOPIC::DATA_LOST);
+}
+
+void JobDesk::FollowActs() {
+    if (!shownLoss) return;
+    const CRouteList& routes = job.Record().routes;
+    const int route = routes.Find(shownLoss->path);
+    const bool stands = route >= 0 && routes[route].GetLastSave().saved && routes[route].GetLastSave().losses.Any();
+    stands ? ShowLoss() : TakeLoss();
 }
 
 void JobDesk::LookAtDisk() {

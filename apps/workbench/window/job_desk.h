@@ -50,8 +50,8 @@ public:
     void ShowReport();
 
     std::function<void(const JobFile& file)> onZoom;
-    /// Takes the last act back; empty as long as there is no way.
-    std::function<void()> onUndo;
+    /// Another act was done or undone: a notice of lost data goes with what lost them.
+    void FollowActs();
 
 private:
     JobTreeRequests Requests();
@@ -66,6 +66,8 @@ private:
 
     void ShowFailures();
     void ShowLosses();
+    void ShowLoss();
+    void TakeLoss();
     void ShowChanged(const std::vector<ChangedFile>& changed);
     void KeepAsRead(const std::vector<ChangedFile>& changed);
 
@@ -79,6 +81,7 @@ private:
     ReadReportDock* reportDock;
     NoticeStrip* notices;
     bool savesStale = false;
+    std::optional<SaveWatch::Loss> shownLoss;  ///< what the notice of lost data tells
     /// Changed files that the operator wants as they were read, with what was on the disk then.
     std::map<JobFile, std::optional<FileStamp>> keptAsRead;
     std::vector<JobFile> readable;  ///< of the files in the notice those that can be read again

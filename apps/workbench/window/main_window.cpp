@@ -227,6 +227,11 @@ void MainWindow::OnFeatureUpdate(KIND) {
     OnDrawingChanged();
 }
 
+void MainWindow::OnActsChanged() {
+    edit->Update();
+    desk.FollowActs();
+}
+
 void MainWindow::OnFocusFeature(KIND kind) {
     // Whoever moves through the tree goes on doing so.
     if (desk.Tree().HasKeyboard()) return docks.Raise(kind);

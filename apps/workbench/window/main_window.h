@@ -69,7 +69,7 @@ private:
     void OnFeatureUpdate(KIND kind) override;
     void OnFocusFeature(KIND kind) override;
     void OnGeodesyChanged() override;
-    void OnActsChanged() override { edit->Update(); }
+    void OnActsChanged() override;
 
     void ConnectChart();
     void MakeActions();
