@@ -93,9 +93,11 @@ JobTreeRequests JobDesk::Requests() {
     };
     asked.add = [this](KIND kind) { AddFilesOf(kind); };
     asked.remove = [this](const std::vector<JobFile>& files) {
+        const UserAct act(job.GetPlatform(), files.size() == 1 ? "Remove File" : "Remove Files");
         for (const JobFile& file : files) RemoveFile(job, file);
     };
     asked.display = [this](const std::vector<JobFile>& files, bool displayed) {
+        const UserAct act(job.GetPlatform(), displayed ? "Display" : "Hide");
         for (const JobFile& file : files) SetDisplayed(job, file, displayed);
     };
     asked.readAgain = [this](const std::vector<JobFile>& files) { ReadFilesAgain(files); };
@@ -273,14 +275,18 @@ void JobDesk::ShowLosses() {
         lines += QString("line %1: ").arg(named.line) + ToQString(named.text);
     }
     NoticeStrip::Notice notice{.text = ToQString(LossText(last)), .details = Listed(lines)};
-    if (onUndo) {
-        notice.offers.push_back({"Undo", [this] {
-                                     notices->Take(TOPIC::DATA_LOST);
-                                     onUndo();
-                                 }});
-    }
+    const std::size_t acts = job.Acts() ? job.Acts()->Done().size() : 0;
+    if (acts > 0) notice.offers.push_back({"Undo", [this, acts] { UndoLoss(acts); }});
     notice.offers.push_back({"OK", [this] { notices->Take(TOPIC::DATA_LOST); }});
     notices->Show(TOPIC::DATA_LOST, notice);
+}
+
+void JobDesk::UndoLoss(std::size_t actsThen) {
+    if (job.Acts()->Done().size() == actsThen) {
+        if (job.Undo()) notices->Take(TOPIC::DATA_LOST);
+    } else {
+        status.ShowMessage("Other acts have followed; Edit > History goes back to before the rewrite");
+    }
 }
 
 void JobDesk::LookAtDisk() {

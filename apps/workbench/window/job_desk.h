@@ -50,8 +50,6 @@ public:
     void ShowReport();
 
     std::function<void(const JobFile& file)> onZoom;
-    /// Takes the last act back; empty as long as there is no way.
-    std::function<void()> onUndo;
 
 private:
     JobTreeRequests Requests();
@@ -66,6 +64,8 @@ private:
 
     void ShowFailures();
     void ShowLosses();
+    /// Undoes the act by which a file lost something, if it is still the last of so many.
+    void UndoLoss(std::size_t actsThen);
     void ShowChanged(const std::vector<ChangedFile>& changed);
     void KeepAsRead(const std::vector<ChangedFile>& changed);
 
