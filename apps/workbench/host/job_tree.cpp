@@ -37,7 +37,8 @@ TreeFile JobTree::Look(const JobKind& kind, int file) const {
                   .look = kind.look(job, file),
                   .points = PointsOf(job, kind, file),
                   .mark = TREE_MARK::NONE,
-                  .opened = report.opened,
+                  // Without a fault it is still to be read, behind the job.
+                  .opened = report.opened || report.fault.empty(),
                   .lines = report.lines,
                   .found = report.passedOver + report.remarks + (report.labelsCut ? 1u : 0u)};
     look.name = NameOfPath(look.path);
@@ -148,6 +149,9 @@ std::string JobTree::TipOf(KIND kindId, int row) const {
         }
     }
     if (report.remarks > 0) tip += "\n" + Lines(report.remarks) + " taken in part";
+    if (kind.notes) {
+        for (const std::string& note : kind.notes(job, index)) tip += "\n" + note;
+    }
     if (report.labelsCut) tip += "\nThe KP labels end early: the interval asks for too many";
     if (changed.contains({kindId, file.path})) tip += "\nAnother program has changed the file since it was read";
     return tip;

@@ -1,6 +1,7 @@
 #include "host/read_findings.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -20,7 +21,8 @@ std::string SummaryOf(const ReadReport& report) {
 std::vector<ReadFinding> ListOf(const ReadReport& report) {
     std::vector<ReadFinding> all;
     if (!report.opened) {
-        all.push_back({0, report.fault.empty() ? "can't be read" : report.fault});
+        // Without a fault the file is still to be read, behind the job.
+        if (!report.fault.empty()) all.push_back({0, report.fault});
         return all;
     }
     for (const auto& [number, reason] : report.named) all.push_back({number, std::string(ReasonText(reason))});
@@ -44,8 +46,14 @@ std::vector<FileFindings> FindingsOf(const JobRecord& job) {
         for (int i = 0; i < kind.fileCount(job) && kind.report; ++i) {
             const ReadReport& report = kind.report(job, i);
             std::vector<ReadFinding> found = ListOf(report);
+            if (report.opened && kind.isStub && kind.isStub(job, i)) found.push_back({0, "nothing in it can be used"});
             if (found.empty()) continue;
-            all.push_back({{kind.id, kind.path(job, i)}, SummaryOf(report), std::move(found)});
+            if (kind.notes) {
+                for (std::string& note : kind.notes(job, i)) found.push_back({0, std::move(note)});
+            }
+            const std::string summary = SummaryOf(report);
+            all.push_back(
+                {{kind.id, kind.path(job, i)}, summary.empty() ? found.front().reason : summary, std::move(found)});
         }
     }
     return all;

@@ -93,9 +93,11 @@ JobTreeRequests JobDesk::Requests() {
     };
     asked.add = [this](KIND kind) { AddFilesOf(kind); };
     asked.remove = [this](const std::vector<JobFile>& files) {
+        const UserAct act(job.GetPlatform(), files.size() == 1 ? "Remove File" : "Remove Files");
         for (const JobFile& file : files) RemoveFile(job, file);
     };
     asked.display = [this](const std::vector<JobFile>& files, bool displayed) {
+        const UserAct act(job.GetPlatform(), displayed ? "Display" : "Hide");
         for (const JobFile& file : files) SetDisplayed(job, file, displayed);
     };
     asked.readAgain = [this](const std::vector<JobFile>& files) { ReadFilesAgain(files); };
