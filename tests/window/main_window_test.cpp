@@ -147,6 +147,19 @@ protected:
         }
         return names;
     }
+    /// The names of the files that aren't the same in both. Told by names alone: of large files that differ the test
+    /// framework's own account of the lines would take all memory.
+    static std::set<std::string> Differing(const std::map<std::string, std::string>& a,
+                                           const std::map<std::string, std::string>& b) {
+        std::set<std::string> names;
+        for (const auto& [file, bytes] : a) {
+            if (!b.contains(file) || b.at(file) != bytes) names.insert(file);
+        }
+        for (const auto& [file, bytes] : b) {
+            if (!a.contains(file)) names.insert(file);
+        }
+        return names;
+    }
     void Write(const char* file, const char* bytes) const {
         fs::create_directories((Drives() / file).parent_path());
         std::ofstream(Drives() / file, std::ios::binary) << bytes;
@@ -248,10 +261,10 @@ TEST_F(MainWindowTest, ADaysWorkIsUndoneByKeyAndDoneAgainByTheList) {
     QTest::keyClicks(&editor, "12");
     QTest::keyClick(&editor, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(editor.text(), "");
-    EXPECT_EQ(Files(), worked);
+    EXPECT_THAT(Differing(Files(), worked), ::testing::IsEmpty());
     run.window.Chart().setFocus();
     for (int acts = 3; acts > 0; --acts) run.Key(QKeySequence("Ctrl+Z"));
-    EXPECT_EQ(Files(), start);
+    EXPECT_THAT(Differing(Files(), start), ::testing::IsEmpty());
     EXPECT_FALSE(action("Ctrl+Z").isEnabled());
     EXPECT_EQ(action("Ctrl+Shift+Z").text(), "&Redo Boundary: Add File");
     run.Key(QKeySequence("Ctrl+Shift+Z"));
@@ -261,7 +274,7 @@ TEST_F(MainWindowTest, ADaysWorkIsUndoneByKeyAndDoneAgainByTheList) {
     list.List().setCurrentItem(list.List().topLevelItem(3));
     list.GoThere();
     run.window.Settle();
-    EXPECT_EQ(Files(), worked);
+    EXPECT_THAT(Differing(Files(), worked), ::testing::IsEmpty());
 }
 
 TEST_F(MainWindowTest, ADecimalCommaInTheUsersLocaleChangesNoByte) {
