@@ -49,6 +49,7 @@ public:
     ReadReport summary;                        ///< its counts
     std::optional<FileStamp> readStamp;        ///< of the file chosen, at the last load
     bool converted = false;                    ///< the last load made it from its source
+    bool ownExtents = false;                   ///< how its drawing was to be converted at the last load
     bool outsideHeader = false;                ///< the conversion left everything outside the drawing's header extents
     std::string fault;                         ///< why the DIG file couldn't be written
 

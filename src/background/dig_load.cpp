@@ -63,7 +63,7 @@ void TakeConverted(CDig& dig, const DigHeader& header, const std::vector<BinaryD
     dig.UseHeader(header);
     dig.converted = true;
     dig.report = std::move(report);
-    dig.summary = dig.report.Summary();
+    dig.summary = dig.report.Summary(dig.IsFrom("CSV"));
     if (!dig.Adopt(records)) dig.fault = "not enough memory";
 }
 
@@ -106,6 +106,11 @@ bool ConvertText(CDig& dig, LoadProgress& progress) {
     if (progress.IsCancelled()) return false;
     WriteDig(dig);
     return true;
+}
+
+void NoteSource(CDig& dig) {
+    dig.readStamp = dig.GetFiles().Stamp(dig.fileName);
+    dig.ownExtents = dig.IsFrom("DXF") && ReadOwnExtents(dig.GetFiles(), dig.fileName);
 }
 
 bool Convert(CDig& dig, LoadProgress& progress) {
@@ -163,7 +168,7 @@ bool ReadDigFile(CDig& dig, LoadProgress& progress) {
 }
 
 bool RemakeDigFile(CDig& dig, LoadProgress& progress) {
-    dig.readStamp = dig.GetFiles().Stamp(dig.fileName);
+    NoteSource(dig);
     dig.Clear();
     if (!Convert(dig, progress)) return false;
     if (!dig.converted) return ReadDigFile(dig, progress);
@@ -171,7 +176,7 @@ bool RemakeDigFile(CDig& dig, LoadProgress& progress) {
 }
 
 bool LoadDigFile(CDig& dig, LoadProgress& progress) {
-    dig.readStamp = dig.GetFiles().Stamp(dig.fileName);
+    NoteSource(dig);
     return (dig.IsFrom("DXF") || dig.IsFrom("CSV")) && dig.IsStale() ? RemakeDigFile(dig, progress)
                                                                      : ReadDigFile(dig, progress);
 }

@@ -23,11 +23,11 @@ std::vector<std::string> KindReport::Sentences() const {
     return sentences;
 }
 
-ReadReport KindReport::Summary() const {
+ReadReport KindReport::Summary(bool ofLines) const {
     ReadReport summary;
     summary.opened = opened;
     summary.taken = taken;
-    for (const Kind& kind : kinds) summary.passedOver += kind.count;
+    for (const Kind& kind : kinds) summary.passedOver += ofLines ? kind.count : 0;
     summary.lines = summary.taken + summary.passedOver;
     return summary;
 }

@@ -451,7 +451,13 @@ struct DigFiles : BackgroundFiles<&JobRecord::digs> {
         LoadProgress progress;
         return ReadList(
             job, restored, [&](CDig& dig) { LoadDigFile(dig, progress); },
-            [&](CDig& dig) { return restored.Has(dig.DigPath()) && (LoadDigFile(dig, progress), true); });
+            [&](CDig& dig) {
+                if (restored.Has(dig.DigPath())) return LoadDigFile(dig, progress), true;
+                // The extents that its drawing is converted by stand in the drawing's settings.
+                const bool converts = dig.IsFrom("DXF") && restored.HasSettingsOf(dig.fileName) &&
+                                      dig.ownExtents != ReadOwnExtents(dig.GetFiles(), dig.fileName);
+                return converts && (RemakeDigFile(dig, progress), true);
+            });
     }
     static bool IsShown(const JobRecord& job, int file) { return job.digs[file].header.display != 0; }
     static KindLook LookOf(const JobRecord& job, int file) {

@@ -30,8 +30,8 @@ constexpr BackgroundPaneTraits kTraits = {
 
 /// Whether its drawing may be converted by the extents of its geometry: where those of its header are of no use, or
 /// where that was chosen.
-bool OffersOwnExtents(const CDig& dig, bool chosen) {
-    return dig.IsFrom("DXF") && (chosen || dig.IsEmpty() || dig.outsideHeader);
+bool OffersOwnExtents(const CDig& dig) {
+    return dig.IsFrom("DXF") && (dig.ownExtents || dig.IsEmpty() || dig.outsideHeader);
 }
 
 }  // namespace
@@ -51,10 +51,9 @@ void CDigPane::BuildFileRows(int index) {
     AddStampRows(properties, dig.sizeText, dig.dateText);
     const DigExtents& box = dig.extents;
     AddExtentRows({box.minEasting, box.minNorthing}, {box.maxEasting, box.maxNorthing}, "%10.2lfN");
-    const bool chosen = dig.IsFrom("DXF") && ReadOwnExtents(dig.GetFiles(), dig.fileName);
-    if (!OffersOwnExtents(dig, chosen)) return;
+    if (!OffersOwnExtents(dig)) return;
     properties.Add<CMFCPropertyGridBool>(
-        "Own Extents", chosen,
+        "Own Extents", dig.ownExtents,
         "The header of the drawing has no extents that hold it. Determine whether to convert it by the extents of "
         "what it draws",
         DIG_OWN_EXTENTS);
@@ -70,7 +69,7 @@ bool CDigPane::StoreFileRow(int index, CMFCPropertyGridProperty& row) {
             return differed;
         }
         case DIG_OWN_EXTENTS:
-            if (ReadOwnExtents(dig.GetFiles(), dig.fileName) == row.Get<bool>()) return false;
+            if (dig.ownExtents == row.Get<bool>()) return false;
             ConvertAnew(dig, row.Get<bool>());
             return true;
     }
