@@ -27,8 +27,7 @@ void CheckExtents(const CDig& dig) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const std::string folder =
-        (std::filesystem::temp_directory_path() / ("quillon-fuzz-" + std::to_string(::getpid()) + "-")).string();
+    static const std::string folder = fuzz::ScratchPath();
     const auto write = [&](const std::string& path) {
         std::ofstream(path, std::ios::binary)
             .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));

@@ -9,8 +9,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace quillon;
-    static const std::string path =
-        (std::filesystem::temp_directory_path() / ("quillon-fuzz-" + std::to_string(::getpid()) + ".DTM")).string();
+    static const std::string path = fuzz::ScratchPath() + "a.DTM";
     std::ofstream(path, std::ios::binary)
         .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
     CDtm dtm(fuzz::Files());

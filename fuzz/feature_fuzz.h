@@ -2,11 +2,15 @@
 
 // What the fuzz targets of the feature readers share.
 
+#include <unistd.h>
+
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
+#include <string>
 #include <string_view>
+#include <system_error>
 
 #include "foundation/read_report.h"
 #include "foundation/values.h"
@@ -22,6 +26,16 @@ inline quillon::FileSystem& Files() {
     // Nothing is written to it; the file system only wants a drives folder.
     static quillon::FileSystem files(std::filesystem::temp_directory_path() / "quillon-fuzz");
     return files;
+}
+
+/// The begin of the paths of files that a target writes; in memory where the system has such a folder, since a disk
+/// that is flushed at each run leaves time for few.
+inline std::string ScratchPath() {
+    const std::filesystem::path memory = "/dev/shm";
+    std::error_code failed;
+    const bool isThere = std::filesystem::is_directory(memory, failed) && ::access(memory.c_str(), W_OK) == 0;
+    const std::filesystem::path folder = isThere ? memory : std::filesystem::temp_directory_path();
+    return (folder / ("quillon-fuzz-" + std::to_string(::getpid()) + "-")).string();
 }
 
 /// Reads the bytes into the feature and checks the count of what was taken against the report.

@@ -1,6 +1,7 @@
 #include "host/job.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "display/list_export.h"
 #include "features/wind_farm_store.h"
@@ -171,6 +172,9 @@ void Job::MoveCursorTo(const JobPoint& point) {
 bool Job::PlaceStructure(const JobPoint& which, tagXY position, double headingDegrees) {
     auto* const pane = dynamic_cast<CStructurePane*>(PaneOf(KIND::STRUCTURE));
     if (!pane || which.kind != KIND::STRUCTURE || !HasPoint(which)) return false;
+    const StructureDef& before = std::as_const(record.structures)[which.file][which.point];
+    const bool turns = headingDegrees != before.heading;
+    const UserAct act(GetPlatform(), turns ? "Structure: Turn" : "Structure: Move");
     MoveCursorTo(which);
     BringUpToDate(*pane);
     pane->PlaceStructure(position, headingDegrees);
