@@ -59,7 +59,8 @@ std::string FailureText(const CLI::App* app, const CLI::Error& error) {
             name = above->get_name() + " " + name;
         }
         text = left.empty() ? name + " needs a command" : "'" + left.front() + "' is no command of " + name;
-        for (std::size_t i = 0; i < offered.size(); ++i) text += (i == 0 ? "; there are " : ", ") + offered[i]->get_name();
+        for (std::size_t i = 0; i < offered.size(); ++i)
+            text += (i == 0 ? "; there are " : ", ") + offered[i]->get_name();
     }
     return text + "\nRun with --help for more information.\n";
 }

@@ -77,9 +77,8 @@ public:
         std::vector<int> came;
         for (int i = 0; i < GetCount(); ++i) {
             auto& item = items[Checked(i)];
-            const auto held = std::find_if(before.begin(), before.end(), [&](const auto& old) {
-                return EqualNoCase(old->fileName, item->fileName);
-            });
+            const auto held = std::find_if(before.begin(), before.end(),
+                                           [&](const auto& old) { return EqualNoCase(old->fileName, item->fileName); });
             if (held == before.end()) {
                 came.push_back(i);
             } else {

@@ -34,8 +34,8 @@ public:
 
     /// For people, a sentence a kind: "3DFACE, 2 times, first on line 5".
     std::vector<std::string> Sentences() const;
-    /// The counts alone, as of the lines of a file. What a drawing has and line work hasn't isn't counted as passed over:
-    /// there is some in nearly every drawing.
+    /// The counts alone, as of the lines of a file. What a drawing has and line work hasn't isn't counted as passed
+    /// over: there is some in nearly every drawing.
     ReadReport Summary(bool ofLines = false) const;
 
 private:

@@ -52,8 +52,8 @@ public:
     void WriteSettings();
     /// Takes over what another list of that name has stored; false if nothing.
     bool FollowStored();
-    /// Takes the settings as they are stored now, or those that hold without a file; false if nothing changed. For files
-    /// that were put back.
+    /// Takes the settings as they are stored now, or those that hold without a file; false if nothing changed. For
+    /// files that were put back.
     bool ReadStored();
 
     // The steps of loading.

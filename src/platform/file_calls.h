@@ -6,8 +6,8 @@
 
 namespace quillon {
 
-/// The calls of the system through which a file is replaced, in the order of their use, and removed, so that a test can let one
-/// fail or note their order. Each does what the system's call of its kind does; errno tells why it failed.
+/// The calls of the system through which a file is replaced, in the order of their use, and removed, so that a test can
+/// let one fail or note their order. Each does what the system's call of its kind does; errno tells why it failed.
 class FileCalls {
 public:
     virtual ~FileCalls() = default;

@@ -141,12 +141,14 @@ protected:
         for (const Act& act : job->Acts()->Done()) names.push_back(act.name);
         return names;
     }
-    /// All but what the program makes anew by itself: caches, and the reference point of grid shifts.
+    /// All but what the program makes anew by itself: caches, widths of columns, the reference point of grid shifts.
     Files AllFiles() {
         Files files;
         for (const auto& entry : fs::recursive_directory_iterator(drives.Root())) {
             const std::string name = entry.path().filename();
-            if (!entry.is_regular_file() || name == "NTv2.INI" || name.ends_with(".DTM")) continue;
+            if (!entry.is_regular_file() || name == "NTv2.INI" || name.ends_with(".DTM") ||
+                name.ends_with("_Column_State.INI"))
+                continue;
             std::ifstream in(entry.path(), std::ios::binary);
             files[entry.path().lexically_relative(drives.Root()).string()] = {std::istreambuf_iterator<char>(in), {}};
         }
