@@ -141,12 +141,13 @@ protected:
         for (const Act& act : job->Acts()->Done()) names.push_back(act.name);
         return names;
     }
-    /// All but what the program makes anew by itself: caches, widths of columns, the reference point of grid shifts.
+    /// All but what the program makes anew by itself: caches, conversions, widths of columns, the reference point of
+    /// grid shifts.
     Files AllFiles() {
         Files files;
         for (const auto& entry : fs::recursive_directory_iterator(drives.Root())) {
             const std::string name = entry.path().filename();
-            if (!entry.is_regular_file() || name == "NTv2.INI" || name.ends_with(".DTM") ||
+            if (!entry.is_regular_file() || name == "NTv2.INI" || name.ends_with(".DTM") || name.ends_with(".DIG") ||
                 name.ends_with("_Column_State.INI"))
                 continue;
             std::ifstream in(entry.path(), std::ios::binary);
@@ -512,7 +513,7 @@ TEST_F(ActsWalkTest, AKillLeavesAllFilesOfAnActOnOneSide) {
         }
     }
     EXPECT_GT(stops, 4 * kActs);
-    EXPECT_GT(kills, 10);
+    EXPECT_GE(kills, 10);
 }
 
 }  // namespace
