@@ -67,7 +67,8 @@ QFont ToQFont(const CFont& font) {
     QFont result(QString::fromStdString(font.face));
     result.setStyleHint(QFont::SansSerif);
     result.setKerning(false);
-    result.setWeight(static_cast<QFont::Weight>(font.weight));
+    // The faces that are asked for have no letters lighter than regular ones; a stand-in that has would come out pale.
+    result.setWeight(static_cast<QFont::Weight>(std::max<int>(font.weight, QFont::Normal)));
     result.setPixelSize(std::max(1, std::abs(font.height)));
     if (font.height > 0) {
         // the height asked for is that of the whole line
