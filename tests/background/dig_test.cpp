@@ -109,8 +109,8 @@ TEST_F(DigTest, WalksArcsInChordsOfADecimetre) {
     ASSERT_EQ(circle.size(), 50u + 2u);
     EXPECT_EQ(circle[0].Position(), (tagXY{50, 100}));
     EXPECT_EQ(circle[1].Position(), circle[0].Position());
-    EXPECT_GT(circle[2].easting, 50) << "clockwise";
-    EXPECT_NEAR(circle.back().easting, 50, 1e-9);
+    EXPECT_GT(circle[2].Position().x, 50) << "clockwise";
+    EXPECT_NEAR(circle.back().Position().x, 50, 1e-9);
     for (std::size_t i = 2; i + 1 < circle.size(); ++i) {
         const double sagitta = 50 - std::hypot((circle[i].easting + circle[i - 1].easting) / 2 - 50,
                                                (circle[i].northing + circle[i - 1].northing) / 2 - 50);
@@ -121,8 +121,8 @@ TEST_F(DigTest, WalksArcsInChordsOfADecimetre) {
     for (const auto& [from, to] : {std::pair{10.0, 80.0}, {45.0, 135.0}}) {
         const auto arc = Convert(Drawing(Format("0 ARC|10 50|20 50|40 20|50 %g|51 %g", from, to)));
         const auto near = [&](const BinaryDigDef& record, double degrees) {
-            EXPECT_NEAR(record.easting, 50 + 20 * std::cos(degrees * M_PI / 180), 1e-6);
-            EXPECT_NEAR(record.northing, 50 + 20 * std::sin(degrees * M_PI / 180), 1e-6);
+            EXPECT_NEAR(record.Position().x, 50 + 20 * std::cos(degrees * M_PI / 180), 1e-6);
+            EXPECT_NEAR(record.Position().y, 50 + 20 * std::sin(degrees * M_PI / 180), 1e-6);
         };
         ASSERT_GT(arc.size(), 5u);
         near(arc[0], to);
