@@ -129,7 +129,12 @@ void MainWindow::RebuildScene() {
     const bool isFirst = std::exchange(sceneEmpty, scenes.IsEmpty()) && !sceneEmpty;
     chart->SetScene(std::move(scene));
     acts.OnSceneChanged();
-    if (job.Loads().IsBusy()) status.ShowMessage("Loading " + ToQString(job.Loads().CurrentName()) + " ...");
+    if (job.Loads().IsBusy()) {
+        saysLoading = true;
+        status.ShowMessage("Loading " + ToQString(job.Loads().CurrentName()) + " ...");
+    } else if (std::exchange(saysLoading, false)) {
+        status.ShowMessage({});
+    }
     if (isFirst) ZoomToAll();
     desk.Refresh();
     ShowHint();

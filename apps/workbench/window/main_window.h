@@ -126,6 +126,7 @@ private:
     QAction* zoomOutAction = nullptr;
     QAction* fullScreenAction = nullptr;
     bool sceneStale = true;
+    bool saysLoading = false;
     bool sceneEmpty = true;
     ChartView fitted;  // the view as it was last fitted to the whole job
     bool shownBefore = false;
