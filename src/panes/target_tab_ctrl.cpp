@@ -35,7 +35,8 @@ PropertyColours TabListColours(COLORREF face, bool night) {
 }
 
 CMFCTargetTabCtrl::CMFCTargetTabCtrl(CWnd& pane, UINT id, RowEffectTarget& target)
-    : CMFCTabCtrl(pane, id), followUp(target) {
+    : CMyMFCTabCtrl(pane, id), followUp(target) {
+    changesGoTo = &pane;
     EnableAutoColor(true);
     EnableActiveTabBoldFont(true);
 }
@@ -93,7 +94,7 @@ void CMFCTargetTabCtrl::AdjustLayout() {
 // ---- Changes ----
 
 LRESULT CMFCTargetTabCtrl::OnMessage(const MSG& message) {
-    if (message.message != AFX_WM_PROPERTY_CHANGED) return CMFCTabCtrl::OnMessage(message);
+    if (message.message != AFX_WM_PROPERTY_CHANGED) return CMyMFCTabCtrl::OnMessage(message);
     OnPropertyChanged(*reinterpret_cast<CMFCPropertyGridProperty*>(message.lParam));
     return 0;
 }

@@ -3,11 +3,11 @@
 #include <memory>
 
 #include "frame/row_effects.h"
+#include "panes/my_tab_ctrl.h"
 #include "panes/sail_line_page.h"
 #include "panes/shadow_page.h"
 #include "panes/target_rows.h"
 #include "panes/waypoint_page.h"
-#include "platform/tab_ctrl.h"
 
 namespace quillon {
 
@@ -16,7 +16,7 @@ namespace quillon {
 PropertyColours TabListColours(COLORREF face, bool night);
 
 /// The tabs of the target pane. Its lists report to it; what follows a row, the save and the messages, it hands on.
-class CMFCTargetTabCtrl : public CMFCTabCtrl {
+class CMFCTargetTabCtrl : public CMyMFCTabCtrl {
 public:
     CMFCTargetTabCtrl(CWnd& pane, UINT id, RowEffectTarget& followUp);
 
