@@ -25,6 +25,11 @@ if(QUILLON_SANITIZE)
   add_link_options(-fsanitize=${QUILLON_SANITIZE})
 endif()
 
+# The fuzzers see what a run has reached in the library, and not in their own few lines alone.
+if(QUILLON_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 # Figures must come out the same on every machine: no contraction into fused operations unless a
 # unit asks for it.
 add_compile_options(-ffp-contract=off)
